@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+namespace varnow {
+
+/// Line break of every message: a carriage return and a line feed.
+inline constexpr QLatin1String lineBreak("\r\n");
+
+/// The text without space characters (U+0020) at both ends; other white space stays.
+QString trim(const QString &text);
+
+/// The same for a view: the part of it between its first and its last character that is no space.
+QStringView trimmedView(QStringView text);
+
+/// True when nothing but space characters (U+0020) is in the text.
+bool isBlank(QStringView text);
+
+} // namespace varnow
