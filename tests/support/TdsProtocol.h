@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+// The wire format of SQL Server's protocol, TDS 7.4: packets, the log-in record, and the tokens of an answer
+// other than columns and rows.
+
+namespace varnow::test {
+
+/// What a client said about itself when it logged in.
+struct Login
+{
+    QString hostName;
+    QString userName;
+    QString password;
+    QString appName;
+    QString serverName;
+    QString database;
+};
+
+namespace tds {
+
+/// Kinds of packets.
+enum class Packet : quint8 { Batch = 1, Answer = 4, Attention = 6, Login = 16, PreLogin = 18 };
+
+/// A whole message, put together from its packets.
+struct Message
+{
+    Packet type;
+    QByteArray body;
+};
+
+/// Reads one message; nothing when the other side has closed the connection.
+std::optional<Message> receive(int socket);
+
+/// Sends bytes, at most `segment` at a time unless it is 0. False when the other side is gone.
+bool sendBytes(int socket, const QByteArray &bytes, int segment);
+
+/// The packets of an answer, each with at most `payload` bytes of it.
+QByteArray packets(const QByteArray &answer, int payload);
+
+/// The answer to a pre-login message: a server that cannot encrypt.
+QByteArray preLoginAnswer();
+
+/// Takes a log-in record apart. Nothing when it is not well formed.
+std::optional<Login> parseLogin(const QByteArray &record);
+
+/// Text of an SQL batch.
+QString batchText(const QByteArray &body);
+
+/// Appends a whole number in little-endian order.
+template <class Number> void put(QByteArray &out, Number number)
+{
+    for (std::size_t i = 0; i < sizeof(Number); ++i)
+        out.append(static_cast<char>(static_cast<quint64>(number) >> (8 * i)));
+}
+
+/// Appends the UTF-16 of a text after its length in characters, a number of type Length.
+template <class Length> void putText(QByteArray &out, const QString &text)
+{
+    put(out, static_cast<Length>(text.size()));
+    out.append(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
+}
+
+/// The five bytes of the collation of every column: US English, code page 1252.
+QByteArray collation();
+
+/// Tokens that accept a log-in.
+QByteArray loginAccepted(const QString &database);
+
+/// Token of an error message.
+QByteArray errorToken(int number, const QString &message);
+
+/// Flags of a DONE token.
+enum DoneFlag : quint16 { DoneFinal = 0, DoneMore = 1, DoneError = 2, DoneCount = 16, DoneAttention = 32 };
+
+/// Token that ends the result of a statement.
+QByteArray doneToken(int flags, qint64 rowCount = 0);
+
+} // namespace tds
+} // namespace varnow::test
