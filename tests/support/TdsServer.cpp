@@ -122,7 +122,7 @@ void TdsServer::talk(int socket)
             return;
         switch (message->type) {
         case Packet::PreLogin:
-            on = send(socket, preLoginAnswer());
+            on = sendBytes(socket, packets(preLoginAnswer(), packetPayload), 0); // never split by any server
             break;
         case Packet::Login:
             on = logIn(socket, message->body);
