@@ -1,0 +1,130 @@
+#include "db/Connection.h"
+
+#include "db/connectionString.h"
+#include "db/errorCodes.h"
+#include "db/odbc.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <array>
+
+namespace varnow::db {
+
+namespace {
+
+constexpr SQLULEN queryTimeout = 30; // seconds
+
+/// An integer travels to ODBC in the place of a pointer.
+SQLPOINTER asPointer(SQLULEN number)
+{
+    return reinterpret_cast<SQLPOINTER>(number);
+}
+
+SQLWCHAR *utf16(const QString &text)
+{
+    return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text.utf16()));
+}
+
+SQLCHAR *utf8(QByteArray &text)
+{
+    return reinterpret_cast<SQLCHAR *>(text.data());
+}
+
+// SQLite's driver takes UTF-8 through the narrow functions. It has no wide ones, and what the driver manager
+// makes of wide text for it loses letters.
+
+SQLRETURN connect(const Handle &connection, const QString &text, Dialect dialect)
+{
+    if (dialect == Dialect::SqlServer)
+        return SQLDriverConnectW(connection.get(), nullptr, utf16(text), SQL_NTS, nullptr, 0, nullptr,
+                                 SQL_DRIVER_NOPROMPT);
+    QByteArray bytes = text.toUtf8();
+    return SQLDriverConnect(connection.get(), nullptr, utf8(bytes), SQL_NTS, nullptr, 0, nullptr,
+                            SQL_DRIVER_NOPROMPT);
+}
+
+SQLRETURN run(const Handle &statement, const QString &sql, Dialect dialect)
+{
+    if (dialect == Dialect::SqlServer)
+        return SQLExecDirectW(statement.get(), utf16(sql), static_cast<SQLINTEGER>(sql.size()));
+    QByteArray bytes = sql.toUtf8();
+    return SQLExecDirect(statement.get(), utf8(bytes), static_cast<SQLINTEGER>(bytes.size()));
+}
+
+SQLHENV environment()
+{
+    static const Handle handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    static const SQLRETURN version =
+        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), 0);
+    Q_UNUSED(version)
+    return handle.get();
+}
+
+/// FreeTDS where it is registered, else any other driver that is called after SQL Server.
+QString sqlServerDriver()
+{
+    std::array<char16_t, 256> name{};
+    QString found = QStringLiteral("FreeTDS");
+    SQLUSMALLINT direction = SQL_FETCH_FIRST;
+    while (SQL_SUCCEEDED(SQLDriversW(environment(), direction, reinterpret_cast<SQLWCHAR *>(name.data()),
+                                     SQLSMALLINT(name.size()), nullptr, nullptr, 0, nullptr))) {
+        direction = SQL_FETCH_NEXT;
+        const QString driver = QString::fromUtf16(name.data());
+        if (driver == u"FreeTDS")
+            return driver;
+        if (driver.contains(u"SQL Server"))
+            found = driver;
+    }
+    return found;
+}
+
+} // namespace
+
+struct Connection::Handles
+{
+    explicit Handles(Dialect databaseDialect)
+        : connection(SQL_HANDLE_DBC, environment()), dialect(databaseDialect)
+    {
+    }
+    ~Handles() { SQLDisconnect(connection.get()); }
+
+    const Handle connection;
+    const Dialect dialect;
+};
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+
+void Connection::open(const QString &connectionString, int timeout)
+{
+    m_handles.reset();
+    const ConnectionValues values = parseConnectionString(connectionString);
+    const Dialect dialect = values.dialect();
+    const QString text = dialect == Dialect::Sqlite ? sqliteConnectionString(values, timeout)
+                                                    : sqlServerConnectionString(values, sqlServerDriver());
+
+    auto handles = std::make_unique<Handles>(dialect);
+    const Handle &connection = handles->connection;
+    SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(static_cast<SQLULEN>(timeout)), 0);
+    if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
+        throw RuntimeError(codes::Failure, connection.error(dialect).description());
+    m_handles = std::move(handles);
+}
+
+Recordset Connection::execute(const QString &sql)
+{
+    if (!m_handles)
+        throw RuntimeError(errors::ResultSetClosed, QStringLiteral("The connection is closed"));
+    const Dialect dialect = m_handles->dialect;
+    const QString text = inDialect(sql, dialect);
+
+    const Handle statement(SQL_HANDLE_STMT, m_handles->connection.get());
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(queryTimeout), 0);
+    const SQLRETURN result = run(statement, text, dialect);
+    if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) // which says that no row was touched
+        throw statement.error(dialect);
+    return fetchAll(statement, dialect);
+}
+
+} // namespace varnow::db

@@ -1,0 +1,65 @@
+#include "db/dialect.h"
+
+#include "base/RuntimeError.h"
+#include "db/errorCodes.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace varnow::db {
+
+namespace {
+
+/// SQL Server lets FROM out, SQLite does not.
+QString withFrom(QString sql)
+{
+    static const QRegularExpression start(QStringLiteral("^(\\s*DELETE\\s+)(?!FROM\\b)"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    return sql.replace(start, QStringLiteral("\\1FROM "));
+}
+
+bool isAscii(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+/// Position of the apostrophe that ends the literal whose first one stands at `start`; a doubled one belongs
+/// to the text.
+qsizetype literalEnd(const QString &sql, qsizetype start)
+{
+    qsizetype end = sql.indexOf(u'\'', start + 1);
+    while (end >= 0 && end + 1 < sql.size() && sql[end + 1] == u'\'')
+        end = sql.indexOf(u'\'', end + 2);
+    return end < 0 ? sql.size() - 1 : end;
+}
+
+/// Without the prefix SQL Server turns letters outside its code page into question marks.
+QString withNationalLiterals(const QString &sql)
+{
+    QString result;
+    qsizetype copied = 0;
+    for (qsizetype start = sql.indexOf(u'\''); start >= 0; start = sql.indexOf(u'\'', copied)) {
+        const qsizetype end = literalEnd(sql, start) + 1;
+        const QStringView literal = QStringView(sql).sliced(start, end - start);
+        result += QStringView(sql).sliced(copied, start - copied);
+        if (!isAscii(literal))
+            result += u'N';
+        result += literal;
+        copied = end;
+    }
+    result += QStringView(sql).sliced(copied);
+    return result;
+}
+
+} // namespace
+
+QString inDialect(const QString &sql, Dialect dialect)
+{
+    if (sql.contains(QChar(u'\0')) || !sql.isValidUtf16())
+        throw RuntimeError(codes::Conversion,
+                           QStringLiteral("The statement holds a character that cannot be sent"));
+    return dialect == Dialect::Sqlite ? withFrom(sql) : withNationalLiterals(sql);
+}
+
+} // namespace varnow::db
