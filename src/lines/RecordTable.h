@@ -1,2 +1,391 @@
 #pragma once
-// placeholder
+
+#include "base/RuntimeError.h"
+#include "base/text.h"
+
+#include <QHash>
+#include <QString>
+
+#include <algorithm>
+#include <compare>
+#include <iterator>
+#include <limits>
+#include <memory>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace varnow {
+
+/// The records of all configurations in table order, found by index or by key (Configuration, Name,
+/// NameIndex). Several records may share a key.
+///
+/// The order is kept in chunks, each holding neighbours of one configuration together with bounds of their
+/// message indexes and positions, so that a search passes over most records a chunk at a time.
+/// A record keeps its configuration and its address as long as it is in the table.
+template <class Record> class RecordTable
+{
+    struct Chunk;
+
+    /// What the ordered insert compares; a record without a position counts as position 0.
+    struct Place
+    {
+        int msgIndex = 0;
+        int position = 0;
+        auto operator<=>(const Place &) const = default;
+    };
+
+    struct Node : Record
+    {
+        explicit Node(Record record) : Record(std::move(record)) {}
+        Chunk *chunk = nullptr;
+    };
+
+    struct Entry
+    {
+        Node *node;
+        Place place; // a copy, because reading it from the node costs a cache miss
+    };
+
+    struct Chunk
+    {
+        int configuration; // number of the configuration, see configurationNumber()
+        int start = 0;     // index of the first entry while m_numbered
+        // Bounds of the entries' places. They may be too wide, never too narrow.
+        int greatestMsgIndex = std::numeric_limits<int>::min();
+        Place least{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
+        std::vector<Entry> entries; // never empty between two operations
+
+        explicit Chunk(int configurationNumber) : configuration(configurationNumber) {}
+
+        void widenBounds(Place place)
+        {
+            greatestMsgIndex = std::max(greatestMsgIndex, place.msgIndex);
+            least = std::min(least, place);
+        }
+
+        void tightenBounds()
+        {
+            const Chunk unbounded(configuration);
+            greatestMsgIndex = unbounded.greatestMsgIndex;
+            least = unbounded.least;
+            for (const Entry &entry : entries)
+                widenBounds(entry.place);
+        }
+
+        Entry &entryOf(const Node &node)
+        {
+            return *std::ranges::find(entries, &node, [](const Entry &entry) { return entry.node; });
+        }
+    };
+
+    using Chunks = std::vector<std::unique_ptr<Chunk>>;
+
+    static constexpr std::size_t chunkCapacity = 512;
+
+public:
+    class Iterator
+    {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = Record;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const Record *;
+        using reference = const Record &;
+
+        Iterator() = default;
+        explicit Iterator(typename Chunks::const_iterator chunk) : m_chunk(chunk) {}
+
+        const Record &operator*() const { return *(*m_chunk)->entries[m_offset].node; }
+        const Record *operator->() const { return &**this; }
+        bool operator==(const Iterator &) const = default;
+
+        Iterator &operator++()
+        {
+            if (++m_offset == (*m_chunk)->entries.size()) {
+                ++m_chunk;
+                m_offset = 0;
+            }
+            return *this;
+        }
+
+        Iterator operator++(int)
+        {
+            Iterator before = *this;
+            ++*this;
+            return before;
+        }
+
+    private:
+        typename Chunks::const_iterator m_chunk;
+        std::size_t m_offset = 0;
+    };
+
+    int size() const { return static_cast<int>(m_nodes.size()); }
+    bool isEmpty() const { return m_nodes.empty(); }
+
+    Iterator begin() const { return Iterator(m_chunks.begin()); }
+    Iterator end() const { return Iterator(m_chunks.end()); }
+
+    /// The record at an index. Raises 9 outside the table.
+    const Record &operator[](int index) const
+    {
+        const Chunk &chunk = **chunkAt(index);
+        return *chunk.entries[static_cast<std::size_t>(index - chunk.start)].node;
+    }
+
+    /// Index of a record of this table.
+    int indexOf(const Record &record) const
+    {
+        numberChunks();
+        const Node &node = static_cast<const Node &>(record);
+        return node.chunk->start + static_cast<int>(&node.chunk->entryOf(node) - node.chunk->entries.data());
+    }
+
+    /// The first record with this key, blanks around the texts ignored, that `matches`; null without one.
+    /// `matches` compares the texts as exactly as its caller needs. The search runs from the index `start`
+    /// up, or down when `direction` is -1.
+    template <class Matches>
+    const Record *find(QStringView configuration, QStringView name, int nameIndex, Matches matches,
+                       int start = 0, int direction = 1) const
+    {
+        const bool up = direction != -1;
+        const auto isReached = [&](const Node &node) {
+            return up ? start <= 0 || indexOf(node) >= start : indexOf(node) <= start;
+        };
+        const Node *found = nullptr;
+        const auto [first, last] = m_nodes.equal_range(keyHash(configuration, name, nameIndex));
+        for (auto candidate = first; candidate != last; ++candidate) {
+            const Node &node = candidate->second;
+            if (matches(node) && isReached(node) && (!found || (indexOf(node) < indexOf(*found)) == up))
+                found = &node;
+        }
+        return found;
+    }
+
+    /// Drops all records and takes these.
+    void assign(std::vector<Record> records)
+    {
+        clear();
+        m_nodes.reserve(records.size());
+        for (Record &record : records)
+            append(std::move(record));
+    }
+
+    void clear() { *this = RecordTable(); }
+
+    /// Adds a record behind all others.
+    void append(Record record)
+    {
+        const int configuration = configurationNumber(record.Configuration);
+        if (m_chunks.empty() || m_chunks.back()->configuration != configuration)
+            m_chunks.push_back(std::make_unique<Chunk>(configuration));
+        insertAt(m_chunks.size() - 1, m_chunks.back()->entries.size(), std::move(record));
+    }
+
+    /// Adds a record among those of its configuration, which must all stand together: behind the last one
+    /// of smaller message index, then position, that stands before the first one of a greater message
+    /// index. A configuration's first record goes to the top of the table.
+    void insertOrdered(Record record)
+    {
+        const int configuration = configurationNumber(record.Configuration);
+        const auto isHere = [&](const auto &chunk) { return chunk->configuration == configuration; };
+        const auto first = std::ranges::find_if(m_chunks, isHere);
+        if (first == m_chunks.end()) {
+            m_chunks.insert(m_chunks.begin(), std::make_unique<Chunk>(configuration));
+            insertAt(0, 0, std::move(record));
+            return;
+        }
+        const auto last = std::find_if_not(first, m_chunks.end(), isHere);
+        const auto [chunk, offset] = orderedSpot(first, last, placeOf(record));
+        insertAt(static_cast<std::size_t>(chunk - m_chunks.begin()), offset, std::move(record));
+    }
+
+    /// Puts other values, of the same configuration, into a record of this table. It keeps its index.
+    void replace(const Record &old, Record values)
+    {
+        const auto position = positionOf(old);
+        Node &node = position->second;
+        const std::size_t hash = keyHash(values.Configuration, values.Name, values.NameIndex);
+        static_cast<Record &>(node) = std::move(values);
+        node.chunk->entryOf(node).place = placeOf(node);
+        node.chunk->widenBounds(placeOf(node));
+        if (position->first != hash) {
+            auto handle = m_nodes.extract(position);
+            handle.key() = hash;
+            m_nodes.insert(std::move(handle));
+        }
+    }
+
+    /// Takes out the record at an index. Raises 9 outside the table.
+    void removeAt(int index)
+    {
+        const auto position = chunkAt(index);
+        Chunk &chunk = **position;
+        const auto entry = chunk.entries.begin() + (index - chunk.start);
+        m_nodes.erase(positionOf(*entry->node));
+        chunk.entries.erase(entry);
+        if (chunk.entries.empty())
+            m_chunks.erase(m_chunks.begin() + (position - m_chunks.begin()));
+        else
+            chunk.tightenBounds();
+        m_numbered = false;
+    }
+
+    /// Hands every record in table order to `change`, which may alter all but its key.
+    template <class Change> void changeEach(Change change)
+    {
+        for (const auto &chunk : m_chunks) {
+            for (Entry &entry : chunk->entries) {
+                change(static_cast<Record &>(*entry.node));
+                entry.place = placeOf(*entry.node);
+                chunk->widenBounds(entry.place);
+            }
+            chunk->tightenBounds();
+        }
+    }
+
+private:
+    static Place placeOf(const Record &record)
+    {
+        if constexpr (requires { record.Position; })
+            return {record.MsgIndex, record.Position};
+        else
+            return {record.MsgIndex, 0};
+    }
+
+    static std::size_t keyHash(QStringView configuration, QStringView name, int nameIndex)
+    {
+        return qHashMulti(0, trimmedView(configuration), trimmedView(name), nameIndex);
+    }
+
+    int configurationNumber(const QString &configuration)
+    {
+        const auto known = m_configurations.constFind(configuration);
+        if (known != m_configurations.cend())
+            return *known;
+        return *m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
+    }
+
+    /// Brings the chunks' start indexes up to date.
+    void numberChunks() const
+    {
+        if (m_numbered)
+            return;
+        int start = 0;
+        for (const auto &chunk : m_chunks) {
+            chunk->start = start;
+            start += static_cast<int>(chunk->entries.size());
+        }
+        m_numbered = true;
+    }
+
+    typename Chunks::const_iterator chunkAt(int index) const
+    {
+        if (index < 0 || index >= size())
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        numberChunks();
+        const auto startOf = [](const auto &chunk) { return chunk->start; };
+        return std::ranges::upper_bound(m_chunks, index, {}, startOf) - 1;
+    }
+
+    auto positionOf(const Record &record)
+    {
+        const std::size_t hash = keyHash(record.Configuration, record.Name, record.NameIndex);
+        auto position = m_nodes.equal_range(hash).first;
+        while (&position->second != &record)
+            ++position;
+        return position;
+    }
+
+    /// Chunk and offset for a new record of the configuration whose chunks are [first, last).
+    std::pair<typename Chunks::const_iterator, std::size_t> orderedSpot(typename Chunks::const_iterator first,
+                                                                        typename Chunks::const_iterator last,
+                                                                        Place place) const
+    {
+        auto [chunk, offset] = firstOfGreaterMsgIndex(first, last, place.msgIndex);
+        const bool startsWithGreater = chunk == first && offset == 0;
+        while (true) {
+            for (; offset > 0; --offset) {
+                if ((*chunk)->entries[offset - 1].place < place)
+                    return {chunk, offset};
+            }
+            do {
+                if (chunk == first)
+                    return {first, offsetBeforeSmaller(first, last, startsWithGreater)};
+                --chunk;
+            } while (!((*chunk)->least < place));
+            offset = (*chunk)->entries.size();
+        }
+    }
+
+    /// The end of the configuration is its last chunk and the offset behind that chunk's entries.
+    static std::pair<typename Chunks::const_iterator, std::size_t>
+    firstOfGreaterMsgIndex(typename Chunks::const_iterator first, typename Chunks::const_iterator last,
+                           int msgIndex)
+    {
+        for (auto chunk = first; chunk != last; ++chunk) {
+            if ((*chunk)->greatestMsgIndex <= msgIndex)
+                continue;
+            const auto &entries = (*chunk)->entries;
+            for (std::size_t offset = 0; offset < entries.size(); ++offset) {
+                if (entries[offset].place.msgIndex > msgIndex)
+                    return {chunk, offset};
+            }
+        }
+        return {last - 1, (*(last - 1))->entries.size()};
+    }
+
+    /// A record with no smaller one before it goes to the front of its configuration. Only at the top of
+    /// the table it goes behind the first record, if that one is neither of a greater message index nor
+    /// the only one of its configuration.
+    std::size_t offsetBeforeSmaller(typename Chunks::const_iterator first,
+                                    typename Chunks::const_iterator last, bool startsWithGreater) const
+    {
+        const bool hasSecond = (*first)->entries.size() > 1 || last - first > 1;
+        return first == m_chunks.begin() && hasSecond && !startsWithGreater ? 1 : 0;
+    }
+
+    void insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
+    {
+        if (m_chunks[chunkNumber]->entries.size() == chunkCapacity) {
+            // Records mostly arrive in order: a full chunk then stays full and a new one begins behind it.
+            const std::size_t cut = offset == chunkCapacity ? chunkCapacity : chunkCapacity / 2;
+            split(chunkNumber, cut);
+            if (offset > cut || cut == chunkCapacity) {
+                ++chunkNumber;
+                offset -= cut;
+            }
+        }
+        const std::size_t hash = keyHash(record.Configuration, record.Name, record.NameIndex);
+        Node &node = m_nodes.emplace(hash, Node(std::move(record)))->second;
+        Chunk &chunk = *m_chunks[chunkNumber];
+        node.chunk = &chunk;
+        chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset),
+                             Entry{&node, placeOf(node)});
+        chunk.widenBounds(placeOf(node));
+        m_numbered = false;
+    }
+
+    /// Moves the entries from `cut` on into a new chunk behind.
+    void split(std::size_t chunkNumber, std::size_t cut)
+    {
+        Chunk &chunk = *m_chunks[chunkNumber];
+        auto behind = std::make_unique<Chunk>(chunk.configuration);
+        const auto middle = chunk.entries.begin() + static_cast<std::ptrdiff_t>(cut);
+        behind->entries.assign(middle, chunk.entries.end());
+        behind->tightenBounds();
+        for (const Entry &entry : behind->entries)
+            entry.node->chunk = behind.get();
+        chunk.entries.erase(middle, chunk.entries.end());
+        chunk.tightenBounds();
+        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunkNumber) + 1, std::move(behind));
+    }
+
+    std::unordered_multimap<std::size_t, Node> m_nodes; // owns the records, by hash of their key
+    Chunks m_chunks;                                    // their order
+    QHash<QString, int> m_configurations;               // a number for every configuration ever seen
+    mutable bool m_numbered = false;
+};
+
+} // namespace varnow
