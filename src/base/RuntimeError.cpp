@@ -38,15 +38,10 @@ QString standardDescription(int number)
 
 } // namespace
 
-RuntimeError::RuntimeError(int number)
-    : RuntimeError(number, standardDescription(number))
-{
-}
+RuntimeError::RuntimeError(int number) : RuntimeError(number, standardDescription(number)) {}
 
 RuntimeError::RuntimeError(int number, const QString &description)
-    : std::runtime_error(description.toStdString())
-    , m_number(number)
-    , m_description(description)
+    : std::runtime_error(description.toStdString()), m_number(number), m_description(description)
 {
 }
 

@@ -56,10 +56,15 @@ double parse(QStringView number)
     return QLocale::c().toDouble(number);
 }
 
+bool isInLongRange(double rounded)
+{
+    return rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max();
+}
+
 int roundToLong(double value)
 {
-    const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max()))
+    const double rounded = std::nearbyint(value); // halves to even
+    if (!isInLongRange(rounded))
         throw RuntimeError(errors::Overflow);
     return static_cast<int>(rounded);
 }
@@ -79,7 +84,12 @@ bool isNumeric(QStringView text)
     return !number.isEmpty() && numberLength(number) == number.size();
 }
 
-int toLong(QStringView text)
+bool isLong(QStringView text)
+{
+    return isNumeric(text) && isInLongRange(std::nearbyint(parse(trimmedView(text))));
+}
+
+int toLong(const QString &text)
 {
     return roundToLong(parseNumeric(text));
 }

@@ -10,9 +10,12 @@ namespace varnow {
 /// an optional decimal point, an optional exponent. An empty or blank text is not numeric.
 bool isNumeric(QStringView text);
 
+/// True when toLong() of the text raises nothing: it is numeric and within the 32-bit range.
+bool isLong(QStringView text);
+
 /// The number that a numeric text stands for, rounded to a whole number, halves to the even neighbour.
 /// Raises 13 for a text that is not numeric and 6 for a number outside the 32-bit range.
-int toLong(QStringView text);
+int toLong(const QString &text);
 
 /// The whole number that a database value stands for, by the same rules; Null raises 94.
 int toLong(const QVariant &value);

@@ -1,0 +1,93 @@
+#include "ui/Control.h"
+
+#include "ui/Window.h"
+
+#include <QWidget>
+
+#include <cmath>
+
+namespace varnow::ui {
+
+Control::Control(Container &parent, const QString &name, QWidget *widget, const Rect &place)
+    : m_window(parent.window()), m_widget(widget), m_place(place)
+{
+    m_widget->setObjectName(name);
+    m_window.add(*this);
+    parent.adopt(*this);
+    applyPlace();
+}
+
+Control::~Control()
+{
+    m_window.remove(*this);
+    delete m_widget;
+}
+
+QString Control::name() const
+{
+    return m_widget->objectName();
+}
+
+void Control::move(float left, float top)
+{
+    move({left, top, m_place.width, m_place.height});
+}
+
+void Control::move(const Rect &place)
+{
+    m_place = place;
+    applyPlace();
+}
+
+void Control::applyPlace()
+{
+    // Edges are rounded, not sizes, so that controls that touch in twips touch on the screen.
+    const float scale = m_window.pixelsPerTwip();
+    const auto pixel = [scale](float twips) { return static_cast<int>(std::lround(twips * scale)); };
+    const int left = pixel(m_place.left);
+    const int top = pixel(m_place.top);
+    m_widget->setGeometry(left, top, pixel(m_place.left + m_place.width) - left,
+                          pixel(m_place.top + m_place.height) - top);
+}
+
+bool Control::isEnabled() const
+{
+    return m_widget->isEnabled();
+}
+
+void Control::setEnabled(bool enabled)
+{
+    m_widget->setEnabled(enabled);
+}
+
+void Control::setFocus()
+{
+    m_widget->setFocus(Qt::OtherFocusReason);
+}
+
+bool Control::hasFocus() const
+{
+    return m_widget->hasFocus();
+}
+
+void Control::setTabStop(bool stop)
+{
+    m_widget->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+bool Control::isTabStop() const
+{
+    return (m_widget->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void Control::setAccessibleName(const QString &name)
+{
+    m_widget->setAccessibleName(name);
+}
+
+QSize Control::neededPixels() const
+{
+    return {};
+}
+
+} // namespace varnow::ui

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+class QWidget;
+
+namespace varnow::ui {
+
+class Control;
+class Window;
+
+/// A place inside a container. All figures in twips (1/1440 inch).
+struct Rect
+{
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+};
+
+/// What controls stand on: a window, a frame, a panel, a page of a tab control.
+class Container
+{
+public:
+    virtual ~Container() = default;
+    virtual Window &window() = 0;
+    virtual QWidget *surface() = 0;
+    /// Told about every control made on this container.
+    virtual void adopt(Control &) {}
+};
+
+/// What all controls share: a name, a place in twips relative to the container, the enabled state, the focus.
+class Control
+{
+public:
+    virtual ~Control();
+    Control(const Control &) = delete;
+    Control &operator=(const Control &) = delete;
+
+    QString name() const;
+
+    float left() const { return m_place.left; }
+    float top() const { return m_place.top; }
+    float width() const { return m_place.width; }
+    float height() const { return m_place.height; }
+    void move(float left, float top);
+    void move(const Rect &place);
+
+    bool isEnabled() const;
+    void setEnabled(bool enabled);
+
+    void setFocus();
+    bool hasFocus() const;
+    /// Whether Tab stops at the control.
+    void setTabStop(bool stop);
+    bool isTabStop() const;
+
+    /// What a screen reader calls the control; its caption when nothing is set.
+    void setAccessibleName(const QString &name);
+
+    /// Pixels that the control needs to show its caption whole at its designed size.
+    virtual QSize neededPixels() const;
+
+    QWidget *widget() const { return m_widget; }
+
+protected:
+    /// Takes over the widget, whose parent is the container's surface.
+    Control(Container &parent, const QString &name, QWidget *widget, const Rect &place);
+
+private:
+    friend class Window;
+    void applyPlace();
+
+    Window &m_window;
+    QWidget *m_widget;
+    Rect m_place;
+};
+
+} // namespace varnow::ui

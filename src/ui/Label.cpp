@@ -1,0 +1,23 @@
+#include "ui/Label.h"
+
+#include <QLabel>
+
+namespace varnow::ui {
+
+Label::Label(Container &parent, const QString &name, const QString &caption, const Rect &place)
+    : Control(parent, name, new QLabel(caption, parent.surface()), place)
+{
+    static_cast<QLabel *>(widget())->setTextFormat(Qt::PlainText);
+}
+
+QString Label::caption() const
+{
+    return static_cast<QLabel *>(widget())->text();
+}
+
+QSize Label::neededPixels() const
+{
+    return widget()->sizeHint();
+}
+
+} // namespace varnow::ui

@@ -1,0 +1,98 @@
+#include "ui/TabControl.h"
+
+#include "ui/Window.h"
+
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace varnow::ui {
+
+class TabControl::Page : public Container
+{
+public:
+    Page(TabControl &owner, int index) : m_owner(owner), m_index(index) {}
+
+    Window &window() override { return m_owner.m_owner; }
+    QWidget *surface() override { return m_owner.widget(); }
+
+    void adopt(Control &control) override
+    {
+        m_controls.push_back(&control);
+        place(control, m_owner.m_shown == m_index);
+    }
+
+    void setShown(bool shown)
+    {
+        for (Control *control : m_controls)
+            place(*control, shown);
+    }
+
+private:
+    static void place(Control &control, bool shown)
+    {
+        const bool isOff = control.left() < 0;
+        if (shown == isOff)
+            control.move(control.left() + (shown ? offPage : -offPage), control.top());
+        control.widget()->setVisible(shown); // what is hidden takes no focus and no access key
+    }
+
+    TabControl &m_owner;
+    int m_index;
+    std::vector<Control *> m_controls;
+};
+
+TabControl::TabControl(Container &parent, const QString &name, const QStringList &captions, const Rect &place)
+    : Control(parent, name, new QTabWidget(parent.surface()), place), m_owner(parent.window())
+{
+    auto *tabs = static_cast<QTabWidget *>(widget());
+    for (const QString &caption : captions) {
+        tabs->addTab(new QWidget, caption);
+        m_pages.push_back(std::make_unique<Page>(*this, static_cast<int>(m_pages.size())));
+    }
+    tabs->setFocusProxy(tabs->tabBar());
+    QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int index) { showPage(index); });
+}
+
+TabControl::~TabControl() = default;
+
+Container &TabControl::page(int index)
+{
+    return *m_pages.at(static_cast<std::size_t>(index));
+}
+
+int TabControl::currentPage() const
+{
+    return m_shown;
+}
+
+void TabControl::setCurrentPage(int index)
+{
+    static_cast<QTabWidget *>(widget())->setCurrentIndex(index);
+}
+
+void TabControl::showPage(int index)
+{
+    auto *tabs = static_cast<QTabWidget *>(widget());
+    const QWidget *focused = tabs->window()->focusWidget();
+    if (focused != nullptr && tabs->isAncestorOf(focused))
+        tabs->tabBar()->setFocus(Qt::OtherFocusReason);
+    const int previous = m_shown;
+    m_shown = index;
+    for (int i = 0; i < static_cast<int>(m_pages.size()); ++i)
+        m_pages[static_cast<std::size_t>(i)]->setShown(i == index);
+    if (onClick)
+        onClick(previous);
+}
+
+float TabControl::tabHeight() const
+{
+    const auto *tabs = static_cast<QTabWidget *>(widget());
+    return static_cast<float>(tabs->tabBar()->sizeHint().height()) / m_owner.pixelsPerTwip();
+}
+
+void TabControl::setPainting(bool painting)
+{
+    widget()->setUpdatesEnabled(painting);
+}
+
+} // namespace varnow::ui

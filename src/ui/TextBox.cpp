@@ -1,0 +1,116 @@
+#include "ui/TextBox.h"
+
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include <limits>
+
+namespace varnow::ui {
+
+class TextBox::Widget : public QLineEdit
+{
+public:
+    explicit Widget(QWidget *parent) : QLineEdit(parent) { setMaxLength(std::numeric_limits<int>::max()); }
+
+    std::function<void()> gotFocus;
+    std::function<void()> lostFocus;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QLineEdit::focusInEvent(event);
+        m_keepSelection = event->reason() == Qt::MouseFocusReason;
+        if (isMoveWithinWindow(*event))
+            gotFocus();
+    }
+
+    void focusOutEvent(QFocusEvent *event) override
+    {
+        QLineEdit::focusOutEvent(event);
+        if (isMoveWithinWindow(*event))
+            lostFocus();
+    }
+
+    // The click that gives the focus must not undo the selection that the focus made.
+    void mousePressEvent(QMouseEvent *event) override
+    {
+        if (!m_keepSelection)
+            QLineEdit::mousePressEvent(event);
+    }
+
+    void mouseMoveEvent(QMouseEvent *event) override
+    {
+        if (!m_keepSelection)
+            QLineEdit::mouseMoveEvent(event);
+    }
+
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        m_keepSelection = false;
+        QLineEdit::mouseReleaseEvent(event);
+    }
+
+private:
+    static bool isMoveWithinWindow(const QFocusEvent &event)
+    {
+        return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
+    }
+
+    bool m_keepSelection = false;
+};
+
+TextBox::TextBox(Container &parent, const QString &name, const Rect &place)
+    : Control(parent, name, new Widget(parent.surface()), place)
+{
+    const auto forward = [](const std::function<void()> &event) {
+        return [&event] {
+            if (event)
+                event();
+        };
+    };
+    edit()->gotFocus = forward(onGotFocus);
+    edit()->lostFocus = forward(onLostFocus);
+    QObject::connect(edit(), &QLineEdit::textChanged, edit(), forward(onChange));
+}
+
+TextBox::Widget *TextBox::edit() const
+{
+    return static_cast<Widget *>(widget());
+}
+
+QString TextBox::text() const
+{
+    return edit()->text();
+}
+
+void TextBox::setText(const QString &text)
+{
+    if (text == edit()->text())
+        return;
+    edit()->setText(text);
+    edit()->setCursorPosition(0);
+}
+
+void TextBox::setSelection(int start, int length)
+{
+    edit()->setSelection(start, length);
+}
+
+QString TextBox::selectedText() const
+{
+    return edit()->selectedText();
+}
+
+void TextBox::setPassword(bool password)
+{
+    edit()->setEchoMode(password ? QLineEdit::Password : QLineEdit::Normal);
+    edit()->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }"));
+}
+
+QSize TextBox::neededPixels() const
+{
+    return {0, edit()->sizeHint().height()};
+}
+
+} // namespace varnow::ui

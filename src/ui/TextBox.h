@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <functional>
+
+namespace varnow::ui {
+
+/// A one-line entry.
+class TextBox : public Control
+{
+public:
+    TextBox(Container &parent, const QString &name, const Rect &place);
+
+    std::function<void()> onChange;    ///< the text changed, typed or set
+    std::function<void()> onGotFocus;  ///< not when the whole window is activated again
+    std::function<void()> onLostFocus; ///< not when the whole window is left
+
+    QString text() const;
+    void setText(const QString &text);
+
+    /// Selects `length` characters from `start` on, counted from 0.
+    void setSelection(int start, int length);
+    QString selectedText() const;
+
+    /// Shows every character as "*".
+    void setPassword(bool password);
+
+    QSize neededPixels() const override;
+
+private:
+    class Widget;
+    Widget *edit() const;
+};
+
+} // namespace varnow::ui

@@ -1,0 +1,187 @@
+#include "ui/TreeView.h"
+
+#include "base/RuntimeError.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTreeWidget>
+
+namespace varnow::ui {
+
+class TreeView::Item : public QTreeWidgetItem
+{
+public:
+    Item(const QString &key, const QString &text) : m_key(key) { setText(0, text); }
+
+    const QString &key() const { return m_key; }
+
+    int number = none;
+
+private:
+    QString m_key;
+};
+
+class TreeView::Widget : public QTreeWidget
+{
+public:
+    explicit Widget(QWidget *parent) : QTreeWidget(parent)
+    {
+        setColumnCount(1);
+        setHeaderHidden(true);
+        setUniformRowHeights(true);
+        setExpandsOnDoubleClick(false);
+        setEditTriggers(QAbstractItemView::NoEditTriggers);
+    }
+
+    std::function<void()> clicked;
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        QTreeWidget::mouseReleaseEvent(event);
+        clicked();
+    }
+
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const QTreeWidgetItem *before = currentItem();
+        QTreeWidget::keyPressEvent(event);
+        const int key = event->key();
+        if (currentItem() != before || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)
+            clicked();
+    }
+};
+
+TreeView::TreeView(Container &parent, const QString &name, const Rect &place)
+    : Control(parent, name, new Widget(parent.surface()), place)
+{
+    tree()->clicked = [this] {
+        if (onClick)
+            onClick();
+    };
+}
+
+TreeView::Widget *TreeView::tree() const
+{
+    return static_cast<Widget *>(widget());
+}
+
+TreeView::Item *TreeView::item(int node) const
+{
+    if (node < 0 || node >= nodeCount())
+        throw RuntimeError(errors::ElementNotFound);
+    return m_nodes[static_cast<std::size_t>(node)];
+}
+
+int TreeView::nodeCount() const
+{
+    return static_cast<int>(m_nodes.size());
+}
+
+int TreeView::find(const QString &key) const
+{
+    const auto found = m_byKey.find(key);
+    return found == m_byKey.end() ? none : found->second;
+}
+
+int TreeView::node(const QString &key) const
+{
+    const int found = find(key);
+    if (found == none)
+        throw RuntimeError(errors::ElementNotFound);
+    return found;
+}
+
+int TreeView::selectedNode() const
+{
+    const QTreeWidgetItem *current = tree()->currentItem();
+    return current != nullptr && current->isSelected() ? static_cast<const Item *>(current)->number : none;
+}
+
+int TreeView::keep(Item *item)
+{
+    item->number = nodeCount();
+    m_nodes.push_back(item);
+    m_byKey.emplace(item->key(), item->number);
+    return item->number;
+}
+
+int TreeView::addRoot(const QString &key, const QString &text)
+{
+    auto *added = new Item(key, text);
+    tree()->addTopLevelItem(added);
+    return keep(added);
+}
+
+int TreeView::addAfter(int root, const QString &key, const QString &text)
+{
+    const int place = tree()->indexOfTopLevelItem(item(root)) + 1;
+    auto *added = new Item(key, text);
+    tree()->insertTopLevelItem(place, added);
+    return keep(added);
+}
+
+int TreeView::addChild(int parent, const QString &key, const QString &text)
+{
+    Item *owner = item(parent);
+    auto *added = new Item(key, text);
+    owner->addChild(added);
+    return keep(added);
+}
+
+int TreeView::parent(int node) const
+{
+    const QTreeWidgetItem *owner = item(node)->parent();
+    return owner == nullptr ? none : static_cast<const Item *>(owner)->number;
+}
+
+const QString &TreeView::key(int node) const
+{
+    return item(node)->key();
+}
+
+QString TreeView::text(int node) const
+{
+    return item(node)->text(0);
+}
+
+void TreeView::setText(int node, const QString &text)
+{
+    item(node)->setText(0, text);
+}
+
+void TreeView::clear()
+{
+    m_nodes.clear();
+    m_byKey.clear();
+    m_scrollTo = none;
+    tree()->clear();
+}
+
+void TreeView::ensureVisible(int node)
+{
+    for (QTreeWidgetItem *owner = item(node)->parent(); owner != nullptr; owner = owner->parent()) {
+        if (!owner->isExpanded())
+            owner->setExpanded(true);
+    }
+    m_scrollTo = node;
+    if (!m_updating)
+        tree()->scrollToItem(item(node));
+}
+
+void TreeView::beginUpdate()
+{
+    m_updating = true;
+    m_scrollTo = none;
+    tree()->setUpdatesEnabled(false);
+}
+
+void TreeView::endUpdate()
+{
+    m_updating = false;
+    if (m_scrollTo != none)
+        tree()->scrollToItem(item(m_scrollTo));
+    tree()->setUpdatesEnabled(true);
+}
+
+} // namespace varnow::ui

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <functional>
+#include <unordered_map>
+#include <vector>
+
+namespace varnow::ui {
+
+/// A tree of nodes with unique keys. A node is named by its number: 0, 1, 2 … in the order of adding.
+class TreeView : public Control
+{
+public:
+    static constexpr int none = -1;
+
+    TreeView(Container &parent, const QString &name, const Rect &place);
+
+    /// The user clicked in the tree, moved the selection by key, or pressed Enter or Space on a node.
+    std::function<void()> onClick;
+
+    int nodeCount() const;
+    /// The node with this key, or `none`.
+    int find(const QString &key) const;
+    /// The node with this key. Raises 35601 when there is none.
+    int node(const QString &key) const;
+    int selectedNode() const;
+
+    /// Adds a node as the last root, directly after a root, or as the last child of a node; returns it.
+    int addRoot(const QString &key, const QString &text);
+    int addAfter(int root, const QString &key, const QString &text);
+    int addChild(int parent, const QString &key, const QString &text);
+
+    /// The node's parent, or `none` for a root. These raise 35601 for a node that does not exist.
+    int parent(int node) const;
+    const QString &key(int node) const;
+    QString text(int node) const;
+    void setText(int node, const QString &text);
+
+    void clear();
+
+    /// Expands what hides the node and scrolls until it is seen. During an update that waits for its end.
+    void ensureVisible(int node);
+
+    /// Between the two nothing is painted or scrolled; the end paints and scrolls once.
+    void beginUpdate();
+    void endUpdate();
+
+private:
+    class Item;
+    class Widget;
+    Widget *tree() const;
+    Item *item(int node) const;
+    int keep(Item *item);
+
+    struct Hash
+    {
+        std::size_t operator()(const QString &key) const { return qHash(key); }
+    };
+    std::vector<Item *> m_nodes;
+    std::unordered_map<QString, int, Hash> m_byKey;
+    int m_scrollTo = none;
+    bool m_updating = false;
+};
+
+} // namespace varnow::ui

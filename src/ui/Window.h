@@ -1,0 +1,87 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace varnow::ui {
+
+/// A top-level window. It is loaded by the first show and lives on, hidden, after its unload; a later show
+/// loads it afresh.
+class Window : public Container
+{
+public:
+    enum class Border { Sizable, FixedDialog };
+
+    /// `innerWidth` and `innerHeight`: designed size of the client area in twips.
+    Window(const QString &name, const QString &caption, float innerWidth, float innerHeight,
+           Border border = Border::Sizable);
+    ~Window() override;
+
+    std::function<void()> onLoad;     ///< before the window is first seen
+    std::function<void()> onActivate; ///< once per show, when the window comes to the front
+    std::function<void()> onResize;
+    std::function<void()> onDoubleClick; ///< on the bare surface, outside every control
+    /// Asked before every unload, by code or by the close box; setting the flag keeps the window open.
+    std::function<void(bool &cancel)> onQueryUnload;
+
+    QString caption() const;
+    void setCaption(const QString &caption);
+
+    bool isLoaded() const { return m_loaded; }
+    bool isMinimised() const;
+
+    /// Size with the frame, and of the client area alone, in twips.
+    float width() const;
+    float height() const;
+    float innerWidth() const;
+    float innerHeight() const;
+
+    /// Makes the window at least this large (outer size, twips), now and for the user's own resizing.
+    void enforceMinimumSize(float width, float height);
+
+    /// Shows the window without waiting; one that is open already comes to the front.
+    void show();
+    /// Shows the window and waits until it is unloaded.
+    void showModal();
+    /// Unloads the window unless onQueryUnload refuses. Returns whether it is unloaded.
+    bool unload();
+
+    /// Order in which Tab walks the controls; the first of them has the focus when the window opens.
+    void setFocusOrder(const std::vector<Control *> &controls);
+
+    /// Every control of the window, those inside frames and tab pages included.
+    const std::vector<Control *> &controls() const { return m_controls; }
+    float pixelsPerTwip() const { return m_pixelsPerTwip; }
+
+    Window &window() override { return *this; }
+    QWidget *surface() override;
+
+    /// The windows that are loaded, in the order of their loading.
+    static std::vector<Window *> loadedWindows();
+
+private:
+    friend class Control;
+    class Widget;
+
+    void add(Control &control);
+    void remove(Control &control);
+    void load();
+    void fitScale();
+
+    std::unique_ptr<Widget> m_widget;
+    std::vector<Control *> m_controls;
+    float m_designedWidth;
+    float m_designedHeight;
+    Border m_border;
+    float m_pixelsPerTwip;
+    Control *m_firstInFocusOrder = nullptr;
+    bool m_loaded = false;
+    bool m_unloading = false;
+};
+
+} // namespace varnow::ui
