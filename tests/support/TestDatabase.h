@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 
@@ -13,6 +15,12 @@ enum class Engine { Sqlite, SqlServer };
 
 /// Name of an engine for parameterised tests.
 std::string engineName(Engine engine);
+
+/// The engines that every test of the program's behaviour runs on.
+inline auto everyEngine()
+{
+    return testing::Values(Engine::Sqlite);
+}
 
 /// A database made from sql/schema.sql in a folder of its own, gone with this object.
 /// While it lives, gCfg… and gVelmora… lead to it.

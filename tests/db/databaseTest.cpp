@@ -1,0 +1,201 @@
+#include "base/RuntimeError.h"
+#include "db/ConfigADOUtilities.h"
+#include "db/errorCodes.h"
+#include "startup/modGlobals.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace varnow::db {
+
+using test::Engine;
+using test::TestDatabase;
+
+namespace {
+
+template <class Body> int errorOf(Body body)
+{
+    try {
+        body();
+        return 0;
+    } catch (const RuntimeError &error) {
+        return error.number();
+    }
+}
+
+class DatabaseTest : public testing::TestWithParam<Engine>
+{
+protected:
+    RecordsetPtr query(const QString &sql)
+    {
+        RecordsetPtr recordset;
+        EXPECT_EQ(RetrieveRecordset(GetConfigConnectString(), sql, recordset), 0) << qPrintable(sql);
+        return recordset;
+    }
+    int complete(const QString &sql) { return CompleteCommand(GetConfigConnectString(), sql); }
+
+    TestDatabase tables{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, DatabaseTest, test::everyEngine(),
+                         [](const auto &engine) { return test::engineName(engine.param); });
+
+TEST_P(DatabaseTest, WalksTheRowsOfAResultForward)
+{
+    tables.run("INSERT INTO LabLineConfig (id, Name) VALUES (1, 'one'), (2, NULL)");
+    const RecordsetPtr rows = query("SELECT id, Name FROM LabLineConfig ORDER BY id;");
+    EXPECT_EQ(rows->recordCount(), 2);
+    EXPECT_EQ(rows->value("NAME").toString(), "one");
+    EXPECT_EQ(rows->column("name"), 1);
+    for (const QString missing : {"", "Name2"})
+        EXPECT_EQ(errorOf([&] { rows->value(missing); }), errors::NoSuchColumn);
+    for (const int missing : {-1, 2})
+        EXPECT_EQ(errorOf([&] { rows->value(missing); }), errors::NoSuchColumn);
+    rows->moveNext();
+    EXPECT_TRUE(rows->value(1).isNull());
+    EXPECT_FALSE(rows->atEnd());
+    rows->moveNext();
+    EXPECT_TRUE(rows->atEnd());
+    EXPECT_EQ(rows->recordCount(), 2);
+    EXPECT_EQ(errorOf([&] { rows->value(0); }), errors::NoCurrentRow);
+    EXPECT_EQ(errorOf([&] { rows->moveNext(); }), errors::NoCurrentRow);
+}
+
+TEST_P(DatabaseTest, TellsAnEmptyResultFromAClosedOne)
+{
+    const RecordsetPtr empty = query("SELECT id FROM LabLineConfig;");
+    EXPECT_EQ(empty->recordCount(), 0);
+    EXPECT_TRUE(empty->atEnd());
+    empty->close();
+
+    RecordsetPtr failed;
+    EXPECT_NE(RetrieveRecordset(GetConfigConnectString(), "SELECT nothing;", failed), 0);
+    const RecordsetPtr withoutResult = query("DELETE LabLineConfig WHERE id = 1;");
+    for (const RecordsetPtr &closed : {empty, failed, withoutResult}) {
+        EXPECT_EQ(errorOf([&] { closed->recordCount(); }), errors::ResultSetClosed);
+        EXPECT_EQ(errorOf([&] { closed->atEnd(); }), errors::ResultSetClosed);
+        EXPECT_EQ(errorOf([&] { closed->moveNext(); }), errors::ResultSetClosed);
+        EXPECT_EQ(errorOf([&] { closed->column("id"); }), errors::ResultSetClosed);
+        EXPECT_EQ(errorOf([&] { closed->value(0); }), errors::ResultSetClosed);
+        EXPECT_EQ(errorOf([&] { closed->close(); }), errors::ResultSetClosed);
+    }
+}
+
+TEST_P(DatabaseTest, NamesTheReasonWhyAStatementFailed)
+{
+    tables.run("INSERT INTO LabLineConfig (id) VALUES (1)");
+    const struct
+    {
+        QString sql;
+        int code;
+    } cases[] = {
+        {"SELECT id FROM Nowhere;", codes::MissingTable},
+        {"INSERT INTO LabLineConfig (id) VALUES (1);", codes::Constraint},
+        {"INSERT INTO LabLineConfig (id) VALUES (NULL);", codes::Constraint},
+        {"UPDATE LabLineConfig SET nothing = 1;", codes::Syntax},
+        {"SELECTED id;", codes::Syntax},
+        {"UPDATE LabLineConfig SET Name = 'open;", codes::Syntax},
+        {"UPDATE LabLineConfig SET Name = " + quoted(QString("a") + QChar(0) + "b") + ";", codes::Conversion},
+        {"UPDATE LabLineConfig SET Name = " + quoted(QString(QChar(0xdc00))) + ";", codes::Conversion},
+    };
+    for (const auto &given : cases) {
+        RecordsetPtr recordset;
+        EXPECT_EQ(complete(given.sql), given.code) << qPrintable(given.sql);
+        EXPECT_EQ(RetrieveRecordset(GetConfigConnectString(), given.sql, recordset), given.code);
+    }
+    EXPECT_EQ(tables.rows("SELECT id, Name FROM LabLineConfig"), QStringList("1|NULL"));
+}
+
+TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
+{
+    QString everything;
+    for (ushort c = 1; c < 0x3000; ++c)
+        everything += QChar(c);
+    const QString texts[] = {
+        "",
+        " ",
+        "it's",
+        "'",
+        "''; DROP TABLE LabLineConfig; --",
+        "x'); DELETE FROM LabLineConfig WHERE ('1' = '1",
+        "\"quoted\" [bracketed] `ticked`",
+        "{fn now()} {ts '2020-01-01 00:00:00'} {call p(?)} {",
+        "? ?1 :name @name $name %s %n 100%",
+        "/* open -- \\ \\' \\\\",
+        "\t tab\r\nline ",
+        QStringLiteral(
+            "Ω é ü ß € 漢字 😀 👩‍👩‍👧 é שלום العربية \u202e\ufeff"),
+        everything,
+        QString(10'000, u'x'),
+        // Pieces of a long text must not tear a letter of two or more bytes.
+        "x" + QString(20'000, u'é') + QStringLiteral("😀").repeated(20'000),
+    };
+    tables.run("INSERT INTO LabLineConfig (id) VALUES (1)");
+    for (const QString &text : texts) {
+        ASSERT_EQ(complete("UPDATE LabLineConfig SET text1 = " + quoted(text) + " WHERE id = 1;"), 0);
+        EXPECT_EQ(tables.value("SELECT text1 FROM LabLineConfig"), text);
+        EXPECT_EQ(query("SELECT text1 FROM LabLineConfig WHERE id = 1;")->value(0).toString(), text);
+    }
+    EXPECT_EQ(query("SELECT id FROM LabLineConfig WHERE Name = 'it''s';")->recordCount(), 0);
+}
+
+TEST_P(DatabaseTest, ReadsOneMegabyteOfText)
+{
+    tables.run("INSERT INTO LabLineConfig (id, text1) VALUES (1, replace(hex(zeroblob(500000)), '0', 'é'))");
+    const QString text = query("SELECT text1 FROM LabLineConfig;")->value(0).toString();
+    EXPECT_EQ(text.size(), 1'000'000);
+    EXPECT_EQ(text.count(u'é'), 1'000'000);
+}
+
+TEST_P(DatabaseTest, FindsTheNextIdentifier)
+{
+    const auto next = [&](const QString &table) {
+        return GetNextRecordID(GetConfigConnectString(), table, QStringLiteral("id"));
+    };
+    EXPECT_EQ(next("LabLineConfig"), 1);
+    EXPECT_EQ(next("Nowhere"), -1);
+    tables.run("INSERT INTO LabLineConfig (id) VALUES (7), (41)");
+    EXPECT_EQ(next("LabLineConfig"), 42);
+    EXPECT_EQ(GetNextRecordID(GetConfigConnectString(), "LabLineConfig", "nothing"), -1);
+    EXPECT_EQ(GetNextRecordID(QString(), "LabLineConfig", "id"), -1);
+    // The identifier after the last 32-bit one.
+    tables.run("INSERT INTO LabLineConfig (id) VALUES (2147483647)");
+    EXPECT_EQ(next("LabLineConfig"), -1);
+}
+
+TEST_P(DatabaseTest, LeavesUsableObjectsBehindWhateverHappens)
+{
+    ConnectionPtr connection;
+    CommandPtr command;
+    RecordsetPtr rows;
+    EXPECT_EQ(GetRecordset(connection, command, rows, "SELECT 1;", textCommand, clientCursor, keysetCursor),
+              errors::NoObject);
+    EXPECT_EQ(ExecuteCommand(command), errors::NoObject);
+    EXPECT_EQ(ExecuteCommand(nullptr), errors::NoObject);
+    EXPECT_EQ(errorOf([&] { rows->recordCount(); }), errors::ResultSetClosed);
+
+    ASSERT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, connectionTimeout), 0);
+    const ConnectionPtr first = connection;
+    const QString sql = "SELECT id FROM LabLineConfig;";
+    EXPECT_EQ(GetRecordset(connection, command, rows, sql, textCommand, clientCursor, keysetCursor), 0);
+    EXPECT_EQ(OpenComnnection(connection, QString(), clientCursor, connectionTimeout), codes::Failure);
+    EXPECT_NE(connection, first);
+    // The rows outlive their connection, and the command kept the first one.
+    command->connection.reset();
+    EXPECT_TRUE(rows->atEnd());
+    EXPECT_EQ(GetRecordset(connection, command, rows, sql, textCommand, clientCursor, keysetCursor),
+              errors::ResultSetClosed);
+    EXPECT_EQ(GetRecordset(first, command, rows, sql, textCommand, clientCursor, keysetCursor), 0);
+}
+
+TEST_P(DatabaseTest, DiagnosticsChangeNoResult)
+{
+    gDebugMode = true;
+    EXPECT_EQ(query("SELECT id FROM LabLineConfig;")->recordCount(), 0);
+    EXPECT_EQ(complete("SELECTED;"), codes::Syntax);
+    gDebugMode = false;
+}
+
+} // namespace
+
+} // namespace varnow::db

@@ -1,0 +1,17 @@
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+
+#include <gtest/gtest.h>
+
+/// Runs the tests of one room. A message box that no test expects would wait for a user for ever, so it fails
+/// the test instead.
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const varnow::ui::Application application(argc, argv);
+    varnow::ui::setMessageBoxHandler([](const QString &prompt, int, const QString &title) {
+        ADD_FAILURE() << "Unexpected message box: " << qPrintable(title) << ": " << qPrintable(prompt);
+        return varnow::ui::answer::Ok;
+    });
+    return RUN_ALL_TESTS();
+}
