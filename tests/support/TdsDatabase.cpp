@@ -23,7 +23,7 @@ using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 /// The same batch in SQLite's words. Literals without the N prefix lose what the code page lacks.
 QString translated(const QString &batch)
 {
-    static const QRegularExpression literal("(N?)('(?:[^']|'')*')");
+    static const QRegularExpression literal("(N?)('(?:[^']++|'')*+')");
     static const QRegularExpression deleteWithoutFrom(R"(^\s*DELETE\s+(?!FROM\b))",
                                                       QRegularExpression::CaseInsensitiveOption);
     QString sql;
