@@ -1,0 +1,110 @@
+#include "support/Driver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+#include <stdexcept>
+
+namespace varnow::test {
+
+Driver::Driver(ui::Window &window) : m_surface(window.surface())
+{
+    window.show();
+    QTest::qWaitForWindowActive(m_surface);
+}
+
+QWidget *Driver::control(const QString &name) const
+{
+    auto *found = m_surface->findChild<QWidget *>(name);
+    if (found == nullptr)
+        throw std::runtime_error("no control " + name.toStdString());
+    return found;
+}
+
+QString Driver::text(const QString &name) const
+{
+    QWidget *found = control(name);
+    if (const auto *edit = qobject_cast<QLineEdit *>(found))
+        return edit->text();
+    if (const auto *box = qobject_cast<QComboBox *>(found))
+        return box->currentText();
+    return qobject_cast<QLabel *>(found)->text();
+}
+
+void Driver::type(const QString &name, const QString &text) const
+{
+    QWidget *found = control(name);
+    auto *box = qobject_cast<QComboBox *>(found);
+    auto *edit = box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit *>(found);
+    QTest::mouseClick(edit, Qt::LeftButton);
+    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClicks(edit, text);
+}
+
+void Driver::click(const QString &name) const
+{
+    QWidget *found = control(name);
+    // The indicator of check boxes and option buttons stands at the left.
+    const bool isPushButton = found->inherits("QPushButton");
+    QTest::mouseClick(found, Qt::LeftButton, {},
+                      isPushButton ? QPoint() : QPoint(found->height() / 2, found->height() / 2));
+}
+
+void Driver::press(int key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_surface->window()->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+}
+
+void Driver::showPage(int index) const
+{
+    auto *bar = m_surface->findChild<QTabBar *>();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
+}
+
+QTreeWidget *Driver::treeWidget() const
+{
+    return m_surface->findChild<QTreeWidget *>();
+}
+
+QStringList Driver::tree() const
+{
+    QStringList nodes;
+    for (QTreeWidgetItemIterator it(treeWidget()); *it != nullptr; ++it)
+        nodes += ((*it)->parent() != nullptr ? "  " : "") + (*it)->text(0);
+    return nodes;
+}
+
+void Driver::clickNode(const QString &text) const
+{
+    QTreeWidget *tree = treeWidget();
+    const QList<QTreeWidgetItem *> found = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.isEmpty())
+        throw std::runtime_error("no node " + text.toStdString());
+    tree->scrollToItem(found.first());
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(found.first()).center());
+}
+
+QStringList Driver::items(const QString &name) const
+{
+    const auto *box = qobject_cast<QComboBox *>(control(name));
+    QStringList items;
+    for (int i = 0; i < box->count(); ++i)
+        items += box->itemText(i);
+    return items;
+}
+
+QString Driver::focused() const
+{
+    const QWidget *widget = QApplication::focusWidget();
+    return widget != nullptr ? widget->objectName() : QString();
+}
+
+} // namespace varnow::test
