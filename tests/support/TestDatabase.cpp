@@ -1,6 +1,7 @@
 #include "support/TestDatabase.h"
 
 #include "startup/modGlobals.h"
+#include "support/TdsServer.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -67,6 +68,7 @@ struct TestDatabase::Private
     QTemporaryDir folder;
     QString file;
     sqlite3 *connection = nullptr;
+    std::unique_ptr<TdsServer> server;
 };
 
 TestDatabase::TestDatabase(Engine engine, bool sample) : d(std::make_unique<Private>())
@@ -75,10 +77,13 @@ TestDatabase::TestDatabase(Engine engine, bool sample) : d(std::make_unique<Priv
     if (sample)
         run(contents(QStringLiteral(SQL_FOLDER "/sample.sql")));
 
-    if (engine == Engine::SqlServer)
-        std::abort(); // not built yet
     gCfgServer = gVelmoraServer = QStringLiteral("(sqlite)");
     gCfgDatabase = gVelmoraDatabase = d->file;
+    if (engine == Engine::SqlServer) {
+        d->server = std::make_unique<TdsServer>(d->file);
+        gCfgServer = gVelmoraServer = QStringLiteral("127.0.0.1,%1").arg(d->server->port());
+        gCfgDatabase = gVelmoraDatabase = QStringLiteral("Configurations");
+    }
     gCfgUser = gVelmoraUser = QStringLiteral("tester");
     gCfgPassword = gVelmoraPassword = QStringLiteral("secret");
 }
@@ -114,6 +119,11 @@ QString TestDatabase::value(const QString &sql)
 QString TestDatabase::file() const
 {
     return d->file;
+}
+
+TdsServer *TestDatabase::server()
+{
+    return d->server.get();
 }
 
 } // namespace varnow::test

@@ -10,6 +10,8 @@
 
 namespace varnow::test {
 
+class TdsServer;
+
 /// Where a test keeps its tables: in the embedded engine, or behind SQL Server's protocol on loopback.
 enum class Engine { Sqlite, SqlServer };
 
@@ -40,6 +42,8 @@ public:
 
     /// Path of the file that holds the tables, on either engine.
     QString file() const;
+    /// The server in front of the tables, which fails on demand; nullptr on the embedded engine.
+    TdsServer *server();
 
 private:
     struct Private;
