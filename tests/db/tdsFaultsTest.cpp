@@ -1,0 +1,184 @@
+// What the database layer makes of a SQL Server that fails, over a real driver and a real socket.
+
+#include "base/RuntimeError.h"
+#include "db/ConfigADOUtilities.h"
+#include "db/errorCodes.h"
+#include "support/TdsServer.h"
+#include "support/TestDatabase.h"
+
+#include <QDir>
+
+#include <future>
+#include <gtest/gtest.h>
+
+namespace varnow::test {
+
+using namespace db;
+
+namespace {
+
+const QString select = QStringLiteral("SELECT id, Name FROM LabLineConfig;");
+const QString update = QStringLiteral("UPDATE LabLineConfig SET MsgIndex = 7 WHERE id = 1;");
+
+/// The code of a query; one that failed must not leave rows behind.
+int query(const QString &sql, int expectedRows = 0)
+{
+    RecordsetPtr rows;
+    const int code = RetrieveRecordset(GetConfigConnectString(), sql, rows);
+    if (code == 0) {
+        EXPECT_EQ(rows->recordCount(), expectedRows);
+    } else if (rows) {
+        EXPECT_THROW(rows->recordCount(), RuntimeError);
+    }
+    return code;
+}
+
+int command(const QString &sql)
+{
+    return CompleteCommand(GetConfigConnectString(), sql);
+}
+
+} // namespace
+
+class TdsFaults : public testing::Test
+{
+protected:
+    TestDatabase database{Engine::SqlServer};
+    TdsServer &server = *database.server();
+};
+
+// A number mapped to the wrong code, or an error that is lost because the driver reports it late.
+TEST_F(TdsFaults, EveryErrorNumberHasItsCode)
+{
+    const std::pair<int, int> codesOfNumbers[] = {
+        {102, codes::Syntax},     {207, codes::Syntax},      {208, codes::MissingTable},
+        {229, codes::Permission}, {515, codes::Constraint},  {547, codes::Constraint},
+        {1205, codes::Failure},   {2627, codes::Constraint}, {8152, codes::DataOverflow},
+        {245, codes::Conversion},
+    };
+    for (const auto &[number, code] : codesOfNumbers) {
+        server.failStatements({.number = number});
+        EXPECT_EQ(query(select), code) << number;
+        EXPECT_EQ(command(update), code) << number;
+        EXPECT_EQ(GetNextRecordID(GetConfigConnectString(), "LabLineConfig", "id"), -1) << number;
+        server.clearFaults();
+    }
+    EXPECT_EQ(query(select), 0);
+}
+
+// A statement that the tables refuse and that passes for done.
+TEST_F(TdsFaults, RefusedStatements)
+{
+    database.run("INSERT INTO LabLineConfig (id) VALUES (1)");
+    const std::pair<QString, int> codesOfStatements[] = {
+        {"INSERT INTO LabLineConfig (id) VALUES (1);", codes::Constraint},
+        {"INSERT INTO LabLineConfig (Name) VALUES ('x');", codes::Constraint},
+        {"UPDATE LabLineConfig SET MsgIndex = 'x' WHERE id = 1;", codes::Conversion},
+        {"UPDATE LabLineConfig SET Name = " + quoted(QString(201, u'x')) + ";", codes::DataOverflow},
+        {"UPDATE LabLineConfig SET Nome = 'x';", codes::Syntax},
+        {"UPDATE nowhere SET Name = 'x';", codes::MissingTable},
+        {"UPDAT LabLineConfig;", codes::Syntax},
+    };
+    for (const auto &[sql, code] : codesOfStatements)
+        EXPECT_EQ(command(sql), code) << sql.toStdString();
+    EXPECT_EQ(database.rows("SELECT id, Name, MsgIndex FROM LabLineConfig"), QStringList{"1|NULL|NULL"});
+}
+
+// A log-in that fails with a code of its own, or that waits for ever.
+TEST_F(TdsFaults, EveryFailedLogInIsOneCode)
+{
+    const Fault faults[] = {{.number = 18456},
+                            {.number = 4060},
+                            {.kind = Fault::CutOff, .bytes = 0},
+                            {.kind = Fault::CutOff, .bytes = 20},
+                            {.kind = Fault::NoAnswer},
+                            {.kind = Fault::Hang}};
+    for (const Fault &fault : faults) {
+        server.failLogins(fault);
+        ConnectionPtr connection;
+        EXPECT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 1), codes::Failure)
+            << fault.kind << fault.number;
+    }
+    server.clearFaults();
+    server.stop();
+    EXPECT_EQ(query(select), codes::Failure);
+    server.start();
+    EXPECT_EQ(query(select), 0);
+}
+
+// A connection lost on the way to the statement, behind it, or with the server's death in between.
+TEST_F(TdsFaults, LostConnection)
+{
+    server.failStatements({.kind = Fault::CutOff}, "UPDATE");
+    EXPECT_EQ(command(update), codes::Failure);
+
+    ConnectionPtr connection;
+    ASSERT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 5), 0);
+    server.stop();
+    CommandPtr onLostConnection;
+    RecordsetPtr rows;
+    EXPECT_EQ(
+        GetRecordset(connection, onLostConnection, rows, select, textCommand, clientCursor, keysetCursor),
+        codes::Failure);
+    server.start();
+    EXPECT_EQ(query(select), 0);
+}
+
+// The worst: a result cut short that passes for a whole one.
+TEST_F(TdsFaults, TruncatedResultIsNeverWhole)
+{
+    constexpr int rowCount = 50;
+    database.run(
+        "INSERT INTO LabLineConfig (id, Name) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+        "FROM n WHERE i < 50) SELECT i, printf('%040d', i) FROM n");
+    qsizetype bytes = 0;
+    // Every byte where columns, the first rows and the second packet are; in between some are enough.
+    for (;; bytes += bytes < 300 || bytes > 4000 ? 1 : 13) {
+        server.failStatements({.kind = Fault::CutOff, .bytes = bytes});
+        const int code = query(select, rowCount);
+        server.clearFaults();
+        if (code == 0)
+            break;
+        ASSERT_EQ(code, codes::Failure) << bytes;
+    }
+    EXPECT_GT(bytes, 4096 + rowCount);
+}
+
+// A wait without end. The three waits run at once, for each lasts the whole query time-out.
+TEST_F(TdsFaults, StatementsTimeOut)
+{
+    server.failStatements({.kind = Fault::NoAnswer}, "data_extractor_config");
+    server.failStatements({.kind = Fault::Hang}, "Misc_upload_constants");
+    const auto later = [](const QString &sql) { return std::async(std::launch::async, command, sql); };
+    database.run("BEGIN EXCLUSIVE");
+    auto unanswered = later("DELETE data_extractor_config WHERE config_name = '';");
+    auto hanging = later("DELETE Misc_upload_constants WHERE DefaultConfigName = '';");
+    auto locked = later(update);
+    EXPECT_EQ(locked.get(), codes::TimeOut);
+    EXPECT_EQ(unanswered.get(), codes::TimeOut);
+    database.run("ROLLBACK");
+    EXPECT_EQ(hanging.get(), codes::TimeOut);
+    EXPECT_EQ(command(update), 0);
+}
+
+// A handle, socket or descriptor left open by a statement that succeeds or fails.
+TEST_F(TdsFaults, ThousandStatementsLeakNoDescriptor)
+{
+    const auto descriptors = [this] {
+        server.waitUntilLeft();
+        return QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
+    };
+    command(update); // loads the driver
+    const auto before = descriptors();
+    server.failStatements({.kind = Fault::CutOff, .bytes = 30}, "Nobody");
+    server.failStatements({.number = 547}, "Refused");
+    for (int i = 0; i < 250; ++i) {
+        EXPECT_EQ(command(update), 0);
+        EXPECT_EQ(query(select), 0);
+        EXPECT_NE(query("SELECT Nobody FROM LabLineConfig;"), 0);
+        EXPECT_NE(command("UPDATE Refused SET Name = '';"), 0);
+    }
+    EXPECT_EQ(descriptors(), before);
+}
+
+} // namespace varnow::test
