@@ -81,7 +81,7 @@ template <class Record> class RecordTable
 
     using Chunks = std::vector<std::unique_ptr<Chunk>>;
 
-    static constexpr std::size_t chunkCapacity = 512;
+    static constexpr std::size_t chunkCapacity = 256;
 
 public:
     class Iterator
@@ -173,6 +173,7 @@ public:
     }
 
     void clear() { *this = RecordTable(); }
+    RecordTable() { m_nodes.max_load_factor(0.25F); }
 
     /// Adds a record behind all others.
     void append(Record record)

@@ -13,7 +13,7 @@ int runStatement(const QString &statement)
 
 int identifierFrom(const QString &query, int none)
 {
-    auto rows = std::make_shared<db::Recordset>();
+    db::RecordsetPtr rows;
     db::RetrieveRecordset(db::GetConfigConnectString(), query, rows);
     if (!rows)
         throw RuntimeError(errors::NoObject);
