@@ -4,7 +4,7 @@
 
 namespace varnow::db {
 
-Recordset::Recordset(QStringList columns, std::vector<QVariant> cells)
+Recordset::Recordset(QStringList columns, QVariantList cells)
     : m_open(true), m_columns(std::move(columns)), m_cells(std::move(cells))
 {
 }
@@ -18,7 +18,7 @@ void Recordset::requireOpen() const
 int Recordset::recordCount() const
 {
     requireOpen();
-    return static_cast<int>(m_cells.size() / static_cast<std::size_t>(m_columns.size()));
+    return static_cast<int>(m_cells.size() / m_columns.size());
 }
 
 bool Recordset::atEnd() const
@@ -31,7 +31,7 @@ void Recordset::moveNext()
 {
     if (atEnd())
         throw RuntimeError(errors::NoCurrentRow);
-    m_current += static_cast<std::size_t>(m_columns.size());
+    m_current += m_columns.size();
 }
 
 int Recordset::column(const QString &name) const
@@ -51,7 +51,7 @@ const QVariant &Recordset::value(int column) const
         throw RuntimeError(errors::NoSuchColumn);
     if (atEnd())
         throw RuntimeError(errors::NoCurrentRow);
-    return m_cells[m_current + static_cast<std::size_t>(column)];
+    return m_cells.at(m_current + column);
 }
 
 void Recordset::close()

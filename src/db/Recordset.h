@@ -4,7 +4,6 @@
 #include <QVariant>
 
 #include <memory>
-#include <vector>
 
 namespace varnow::db {
 
@@ -16,7 +15,7 @@ public:
     /// A closed recordset.
     Recordset() = default;
     /// An open one; `cells` holds the values row by row, a null QVariant for Null.
-    Recordset(QStringList columns, std::vector<QVariant> cells);
+    Recordset(QStringList columns, QVariantList cells);
 
     /// Number of rows of the result.
     int recordCount() const;
@@ -40,8 +39,8 @@ private:
 
     bool m_open = false;
     QStringList m_columns;
-    std::vector<QVariant> m_cells;
-    std::size_t m_current = 0; // index of the current row's first cell
+    QVariantList m_cells;    // row by row
+    qsizetype m_current = 0; // index of the current row's first cell
 };
 
 using RecordsetPtr = std::shared_ptr<Recordset>;

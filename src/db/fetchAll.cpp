@@ -6,6 +6,8 @@
 #include <sqlext.h>
 
 #include <array>
+#include <string>
+#include <vector>
 
 namespace varnow::db {
 
@@ -15,20 +17,39 @@ namespace {
 class RowReader
 {
 public:
-    RowReader(const Handle &statement, Dialect dialect) : m_statement(statement), m_dialect(dialect) {}
+    RowReader(const Handle &statement, Dialect dialect, std::size_t columns)
+        : m_statement(statement), m_dialect(dialect), m_above(columns)
+    {
+    }
 
     /// The value of one cell, `column` counted from 1; the column's type says how it is fetched.
     QVariant cell(SQLUSMALLINT column, SQLSMALLINT type);
 
 private:
+    /// Part of a text; its size is SQL_NULL_DATA for Null.
+    struct Piece
+    {
+        SQLLEN size;
+        bool last;
+    };
+    /// The last short text of a column.
+    struct Above
+    {
+        std::string bytes;
+        QVariant value{QString()};
+    };
+
     template <class Value> bool read(SQLUSMALLINT column, SQLSMALLINT cType, Value &value);
     QVariant text(SQLUSMALLINT column);
-    QString decoded(const char *bytes, qsizetype size) const;
+    Piece piece(SQLUSMALLINT column, char *buffer, std::size_t capacity);
+    QString longText(SQLUSMALLINT column, QByteArray bytes);
+    QString decoded(QByteArrayView bytes) const;
 
     const Handle &m_statement;
     const Dialect m_dialect;
-    QByteArray m_pieces; // of a text that is longer than the buffer
-    alignas(char16_t) std::array<char, 16384> m_buffer;
+    std::vector<Above> m_above;
+    // Small, for SQLite's driver fills the whole of it with zeros for every cell.
+    alignas(char16_t) std::array<char, 256> m_buffer;
 };
 
 /// False for Null.
@@ -71,37 +92,57 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
     }
 }
 
-QString RowReader::decoded(const char *bytes, qsizetype size) const
+QString RowReader::decoded(QByteArrayView bytes) const
 {
     if (m_dialect == Dialect::Sqlite)
-        return QString::fromUtf8(bytes, size);
-    return QString(reinterpret_cast<const QChar *>(bytes), size / qsizetype(sizeof(QChar)));
+        return QString::fromUtf8(bytes);
+    return QString(reinterpret_cast<const QChar *>(bytes.data()), bytes.size() / qsizetype(sizeof(QChar)));
+}
+
+RowReader::Piece RowReader::piece(SQLUSMALLINT column, char *buffer, std::size_t capacity)
+{
+    const bool utf8 = m_dialect == Dialect::Sqlite;
+    SQLLEN length = 0;
+    const SQLRETURN result = SQLGetData(m_statement.get(), column, utf8 ? SQL_C_CHAR : SQL_C_WCHAR, buffer,
+                                        SQLLEN(capacity), &length);
+    if (result == SQL_NO_DATA)
+        return {0, true};
+    if (!SQL_SUCCEEDED(result))
+        throw m_statement.error(m_dialect);
+    const SQLLEN room = SQLLEN(capacity) - (utf8 ? 1 : SQLLEN(sizeof(QChar))); // a zero ends each piece
+    const bool last = length != SQL_NO_TOTAL && length <= room;
+    return {last ? length : room, last};
 }
 
 QVariant RowReader::text(SQLUSMALLINT column)
 {
-    const bool utf8 = m_dialect == Dialect::Sqlite;
-    const SQLLEN room =
-        SQLLEN(m_buffer.size()) - (utf8 ? 1 : SQLLEN(sizeof(QChar))); // a zero ends each piece
-    m_pieces.clear();
-    for (;;) {
-        SQLLEN length = 0;
-        const SQLRETURN result = SQLGetData(m_statement.get(), column, utf8 ? SQL_C_CHAR : SQL_C_WCHAR,
-                                            m_buffer.data(), SQLLEN(m_buffer.size()), &length);
-        if (result == SQL_NO_DATA)
-            break;
-        if (!SQL_SUCCEEDED(result))
-            throw m_statement.error(m_dialect);
-        if (length == SQL_NULL_DATA)
-            return {};
-        const bool last = length != SQL_NO_TOTAL && length <= room;
-        if (last && m_pieces.isEmpty())
-            return decoded(m_buffer.data(), length);
-        m_pieces.append(m_buffer.data(), last ? length : room);
-        if (last)
-            break;
+    const Piece first = piece(column, m_buffer.data(), m_buffer.size());
+    if (first.size == SQL_NULL_DATA)
+        return {};
+    const QByteArrayView bytes(m_buffer.data(), first.size);
+    if (!first.last)
+        return longText(column, bytes.toByteArray());
+    // Rows often repeat the text above; then they share it.
+    Above &above = m_above[column - 1U];
+    if (QByteArrayView(above.bytes) != bytes) {
+        above.bytes.assign(bytes.data(), std::size_t(bytes.size()));
+        above.value = decoded(bytes);
     }
-    return decoded(m_pieces.constData(), m_pieces.size());
+    return above.value;
+}
+
+/// The text that begins with these bytes.
+QString RowReader::longText(SQLUSMALLINT column, QByteArray bytes)
+{
+    constexpr qsizetype capacity = 65536;
+    for (bool last = false; !last;) {
+        const qsizetype size = bytes.size();
+        bytes.resize(size + capacity);
+        const Piece next = piece(column, bytes.data() + size, std::size_t(capacity));
+        bytes.resize(size + next.size);
+        last = next.last;
+    }
+    return decoded(bytes);
 }
 
 struct Columns
@@ -128,11 +169,11 @@ Columns describeColumns(const Handle &statement, Dialect dialect, SQLUSMALLINT c
     return columns;
 }
 
-std::vector<QVariant> readRows(const Handle &statement, Dialect dialect,
-                               const std::vector<SQLSMALLINT> &types)
+QVariantList readRows(const Handle &statement, Dialect dialect, const std::vector<SQLSMALLINT> &types)
 {
-    std::vector<QVariant> cells;
-    RowReader reader(statement, dialect);
+    // A list of variants grows without moving them one by one.
+    QVariantList cells;
+    RowReader reader(statement, dialect, types.size());
     for (;;) {
         const SQLRETURN result = SQLFetch(statement.get());
         if (result == SQL_NO_DATA)
@@ -140,7 +181,7 @@ std::vector<QVariant> readRows(const Handle &statement, Dialect dialect,
         if (!SQL_SUCCEEDED(result))
             throw statement.error(dialect);
         for (std::size_t i = 0; i < types.size(); ++i)
-            cells.push_back(reader.cell(SQLUSMALLINT(i + 1), types[i]));
+            cells.append(reader.cell(SQLUSMALLINT(i + 1), types[i]));
     }
 }
 
