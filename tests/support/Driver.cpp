@@ -10,6 +10,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace varnow::test {
@@ -17,7 +18,8 @@ namespace varnow::test {
 Driver::Driver(ui::Window &window) : m_surface(window.surface())
 {
     window.show();
-    QTest::qWaitForWindowActive(m_surface);
+    if (!QTest::qWaitForWindowActive(m_surface))
+        throw std::runtime_error("the window does not come to the front");
 }
 
 QWidget *Driver::control(const QString &name) const
@@ -46,7 +48,13 @@ void Driver::type(const QString &name, const QString &text) const
     QTest::mouseClick(edit, Qt::LeftButton);
     QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
+    const bool isOnTheKeyboard = text.size() < 100 && std::all_of(text.begin(), text.end(), [](QChar c) {
+                                     return c >= u' ' && c < u'\x7f';
+                                 });
+    if (isOnTheKeyboard)
+        QTest::keyClicks(edit, text);
+    else
+        edit->insert(text); // as pasting does
 }
 
 void Driver::click(const QString &name) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/printing.h"
+
 #include "ui/MessageBox.h"
 
 #include <QString>

@@ -1,0 +1,207 @@
+#include "editor/EditorTest.h"
+
+#include <QComboBox>
+#include <QTest>
+
+namespace varnow::test {
+
+namespace {
+
+const Box noLines{"There is no line configuration\r\ndata to display."};
+const Box saveChanges{"Changes have been made to the configuration.\r\n"
+                      "Any changes will be lost if you continue without saving.\r\n"
+                      "Do you want to save changes now?\r\n"
+                      "Please select 'Yes', 'No' or 'Cancel'",
+                      547, "Save Changes"};
+
+} // namespace
+
+class ConfigurationTest : public EditorTest
+{
+protected:
+    ConfigurationTest()
+    {
+        addLine("Standard", "PID", 1, 1);
+        addLine("Standard", "OBR", 0, 2);
+        addLine("Standard", "OBX", -1, 3);
+        addLine("It's", "HDR", 0, 1);
+        database.run(
+            "INSERT INTO data_extractor_fields_config VALUES ('Standard', 'sex '), (' Standard', 'race'), "
+            "('standard', 'no'), ('It''s', 'file')");
+    }
+
+    void changeMsgIndex(const QString &node, const QString &msgIndex)
+    {
+        user->clickNode(node);
+        user->type("Text1(2)", msgIndex);
+        user->click("cmdAdd");
+    }
+};
+
+TEST_P(ConfigurationTest, ChangesALineAndFindsItInTheDatabase)
+{
+    open();
+    messages.take(); // no fields in the database
+    changeMsgIndex("2 OBR", "7");
+    user->press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(messages.take(),
+              (std::vector<Box>{
+                  {"SaveAllLabLineCfg complete\r\n  0 errors occurred\r\n  4 records processed correctly."},
+                  {"No records found to process."}}));
+    EXPECT_EQ(database.value("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), "7");
+    EXPECT_EQ(database.value("SELECT COUNT(*) FROM LabLineConfig"), "4");
+    EXPECT_FALSE(leavingAsks());
+}
+
+TEST_P(ConfigurationTest, SwitchesOnceAndKeepsEdits)
+{
+    open({"Standard", "It's"});
+    messages.take(); // no fields in the database
+    changeMsgIndex("1 PID(1)", "5");
+    auto *box = static_cast<QComboBox *>(user->control("cboConfig"));
+    QTest::keyClick(box, Qt::Key_Down); // chooses the next item as a user does
+    EXPECT_EQ(user->text("cboConfig"), "It's");
+    EXPECT_EQ(user->tree(), QStringList("1 HDR"));
+    EXPECT_EQ(user->items("Combo2(1)"), QStringList("file"));
+    QTest::keyClick(box, Qt::Key_Up);
+    EXPECT_EQ(user->tree(), QStringList({"5 PID(1)", "2 OBR", "3 OBX(-1)"}));
+    EXPECT_EQ(user->items("Combo2(0)"), QStringList({"PID(1)", "OBR", "OBX"}));
+    EXPECT_EQ(user->items("Combo2(1)"), QStringList({"race", "sex"}));
+    EXPECT_EQ(messages.take(), std::vector<Box>());
+}
+
+TEST_P(ConfigurationTest, SwitchesAtEveryKeystroke)
+{
+    open({"Standard"});
+    messages.take();
+    user->type("cboConfig", "It");
+    EXPECT_EQ(messages.take().size(), 2U); // no such configuration, twice; emptying the box does nothing
+    EXPECT_TRUE(user->tree().isEmpty());
+    user->press(Qt::Key_Return);
+    EXPECT_EQ(user->text("cboConfig"), "It"); // nothing is completed
+    QTest::keyClicks(user->control("cboConfig"), "'s");
+    EXPECT_EQ(messages.take(), std::vector{noLines});
+    EXPECT_EQ(user->text("Text1(0)"), "HDR");
+    QTest::keyClicks(user->control("cboConfig"), " ");
+    EXPECT_EQ(user->tree(), QStringList("1 HDR"));
+    EXPECT_TRUE(user->items("Combo2(1)").isEmpty()); // compared with the blank
+    user->click("cmdRefresh");
+    EXPECT_EQ(user->text("cboConfig"), "Standard");
+}
+
+TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
+{
+    open();
+    messages.take();
+    user->showPage(1);
+    auto *box = static_cast<QComboBox *>(user->control("Combo2(0)"));
+    EXPECT_EQ(user->text("Combo2(0)"), "PID(1)"); // the first that begins with the shown line's name
+    EXPECT_EQ(user->text("Text2(2)"), "1");
+    QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(user->text("Combo2(0)"), "OBR");
+    EXPECT_EQ(user->text("Text2(2)"), "2");
+    user->type("Combo2(0)", "obx(7)");
+    user->click("cmdClear"); // looks the typed text up, with and without its index
+    EXPECT_EQ(user->text("Text2(2)"), "3");
+}
+
+TEST_P(ConfigurationTest, TellsWhyDataFieldsAreMissing)
+{
+    open();
+    messages.take();
+    database.run("DROP TABLE data_extractor_fields_config");
+    user->click("cmdRefresh");
+    EXPECT_EQ(
+        messages.take(),
+        std::vector<Box>(
+            {{"Could not load Data Fields.\r\nCould not open recordset.\r\nReturn code: -2147217865", 16}}));
+    EXPECT_EQ(user->items("Combo2(1)"), QStringList({"race", "sex"}));
+    gCfgServer = "";
+    gCfgDatabase += ".missing";
+    user->click("cmdRefresh");
+    EXPECT_EQ(messages.take(), std::vector<Box>({{"Could not load Data Fields.\r\nCould not open the "
+                                                  "connection to the database.\r\nReturn code: -2147467259",
+                                                  16}}));
+    EXPECT_EQ(user->tree().size(), 3);
+}
+
+TEST_P(ConfigurationTest, StopsAtTheLimitOfTheRowCounter)
+{
+    database.run("DELETE FROM data_extractor_fields_config; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                 "SELECT i + 1 FROM n WHERE i < 32767) "
+                 "INSERT INTO data_extractor_fields_config SELECT 'Standard', 'f' || i FROM n");
+    open();
+    EXPECT_EQ(messages.take().size(), 1U); // only that there are no fields
+    EXPECT_EQ(user->items("Combo2(1)").size(), 32767);
+    database.run("INSERT INTO data_extractor_fields_config VALUES ('Standard', 'one more')");
+    user->click("cmdRefresh");
+    const std::vector<Box> shown = messages.take();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0],
+              (Box{joined({"An unexpected error occurred while retrieving the",
+                           "Data Fields configuration.  Some or all of the",
+                           "Data Fields may be missing from the list.", "Error code: 6", "Overflow"}),
+                   16}));
+}
+
+TEST_P(ConfigurationTest, ReloadsAfterAskingAboutChanges)
+{
+    addField("Standard", "OBR", 0, 2, 1, "Set ID");
+    open({"It's", "Standard"});
+    changeMsgIndex("2 OBR", "9");
+    messages.answerWith(ui::answer::Cancel);
+    user->click("cmdReload");
+    EXPECT_EQ(messages.take(), std::vector{saveChanges});
+    EXPECT_EQ(user->text("Text1(2)"), "9");
+    messages.answerWith(ui::answer::No);
+    user->showPage(1);
+    user->type("Text2(4)", "x");
+    user->click("cmdReload");
+    EXPECT_EQ(messages.take(), std::vector{saveChanges});
+    EXPECT_EQ(user->tree(), QStringList({"1 PID(1)", "2 OBR", "  2.1 Set ID", "3 OBX(-1)"}));
+    database.run("ALTER TABLE LabLineConfig RENAME TO gone");
+    user->click("cmdReload");
+    EXPECT_EQ(
+        messages.take(),
+        std::vector<Box>({{joined(
+            {"An unexpected error occurred while reading the", "current Line and Line Fields configuration.",
+             "No current information is available and, if you",
+             "'Save' this configuration, any current information", "will be lost."})}}));
+    EXPECT_EQ(user->tree().size(), 4);
+    EXPECT_FALSE(leavingAsks());
+}
+
+TEST_P(ConfigurationTest, AsksBeforeLeaving)
+{
+    open();
+    changeMsgIndex("2 OBR", "9");
+    messages.answerWith(ui::answer::Cancel);
+    messages.take();
+    user->press(Qt::Key_X, Qt::AltModifier);
+    EXPECT_EQ(messages.take(), std::vector{saveChanges});
+    EXPECT_TRUE(editor->isLoaded());
+    messages.answerWith(ui::answer::Yes);
+    editor->surface()->close();
+    EXPECT_EQ(messages.take().size(), 3U);
+    EXPECT_FALSE(editor->isLoaded());
+    EXPECT_EQ(database.value("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), "9");
+}
+
+TEST_P(ConfigurationTest, CountsAFailedRecordAndKeepsIt)
+{
+    open();
+    changeMsgIndex("2 OBR", "9");
+    database.run("CREATE TRIGGER refuse BEFORE UPDATE ON LabLineConfig WHEN NEW.Name = 'OBR' BEGIN SELECT "
+                 "RAISE(ABORT, 'no'); END");
+    messages.take();
+    user->click("cmdSave");
+    EXPECT_EQ(messages.take()[0],
+              (Box{"SaveAllLabLineCfg complete\r\n  1 errors occurred\r\n  3 records processed correctly."}));
+    database.run("DROP TRIGGER refuse");
+    user->click("cmdSave");
+    EXPECT_EQ(database.value("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), "9");
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConfigurationTest, everyEngine(), nameOfEngine);
+
+} // namespace varnow::test

@@ -1,0 +1,238 @@
+#include "editor/EditorTest.h"
+
+namespace varnow::test {
+
+namespace {
+
+const QString lineHeader = "There is a problem with the data for the line entry.";
+const QString fieldHeader = "There is a problem with the data for the line field entry.";
+
+/// The box that collects failed checks.
+Box dataChecking(const QString &header, const QStringList &complaints)
+{
+    QString prompt = header;
+    for (const QString &complaint : complaints)
+        prompt += "\r\n\t" + complaint;
+    return {prompt, ui::style::Critical, "Data Checking"};
+}
+
+const Box notDisplayed{"An error occurred that prevented displaying the\r\n"
+                       "configuration correctly.  This is usually caused\r\n"
+                       "by an error in the configuration data.\r\n"
+                       "Save your data, restart the line configuration\r\n"
+                       "editor and enter data starting at that point.",
+                       ui::style::Information};
+
+} // namespace
+
+class EntryTest : public EditorTest
+{
+protected:
+    EntryTest()
+    {
+        addLine("Standard", "PID", 0, 3);
+        addField("Standard", "PID", 0, 3, 1, "Set ID");
+        open();
+    }
+
+    void changeLine(const QString &name, const QString &index, const QString &msgIndex)
+    {
+        user->type("Text1(0)", name);
+        user->type("Text1(1)", index);
+        user->type("Text1(2)", msgIndex);
+        user->click("cmdAdd");
+    }
+
+    struct Field
+    {
+        QString name = "Sex";
+        QString index = "0";
+        QString line = "PID";
+        QString lookup = "sex";
+        QString constant = "";
+        QString position = "8";
+        QString msgIndex = "3";
+        std::optional<QString> length{}; // with one or both the field is of fixed length
+        std::optional<QString> characterPosition{};
+    };
+
+    void changeField(const Field &field)
+    {
+        user->showPage(1);
+        user->type("Text2(0)", field.name);
+        user->type("Text2(1)", field.index);
+        user->type("Combo2(0)", field.line);
+        user->type("Text2(2)", field.msgIndex);
+        user->type("Combo2(1)", field.lookup);
+        user->type("Text2(4)", field.constant);
+        user->type("Text2(5)", field.position);
+        if (field.length || field.characterPosition) {
+            user->click("ckFixedLength");
+            user->type("Text2(6)", field.length.value_or(""));
+            user->type("Text2(7)", field.characterPosition.value_or(""));
+        }
+        user->click("cmdAdd");
+    }
+};
+
+TEST_P(EntryTest, CollectsWhatIsWrongWithALine)
+{
+    struct Row
+    {
+        QString name, index, msgIndex;
+        QStringList complaints;
+    };
+    const QStringList numbersWrong{"The Line Index must be numeric.", "The Message Index nust be a number."};
+    for (const Row &row : std::initializer_list<Row>{
+             {"", "", "", {"The Line name is empty.", "The Message Index is empty."}},
+             {"PID", "x", "3x", numbersWrong},
+             {"PID", "2147483648", "-2147483649", numbersWrong},
+             {"PID", "1e400", "0x10", numbersWrong},
+             {"PID", "１２", "1,5", numbersWrong},
+         }) {
+        changeLine(row.name, row.index, row.msgIndex);
+        EXPECT_EQ(messages.take(), std::vector{dataChecking(lineHeader, row.complaints)});
+    }
+    EXPECT_EQ(lines(), QStringList("PID(0)=3"));
+    changeLine("", "", "");
+    messages.take();
+    EXPECT_EQ(user->text("Text1(1)"), "0");
+}
+
+TEST_P(EntryTest, AddsAndChangesLinesInPlace)
+{
+    changeLine("PID", "0", "5");
+    changeLine("OBX", "", "4");
+    changeLine("OBX", "2", "6");
+    EXPECT_EQ(user->focused(), "Text1(0)");
+    EXPECT_EQ(lines(), QStringList({"PID(0)=5", "OBX(0)=4", "OBX(2)=6"}));
+    EXPECT_EQ(user->items("Combo2(0)"), QStringList({"PID", "OBX", "OBX(2)"}));
+    // The field stays where its line was, so no node shows it; a lower message index goes to the end.
+    EXPECT_EQ(user->tree(), QStringList({"5 PID", "4 OBX", "6 OBX(2)"}));
+    EXPECT_EQ(messages.take(), std::vector<Box>());
+    EXPECT_TRUE(leavingAsks());
+}
+
+TEST_P(EntryTest, UnderstandsEveryWayToWriteANumber)
+{
+    // Only what is written as the tree writes it leads to the node afterwards.
+    const std::vector<std::tuple<QString, int, bool>> numbers{
+        {"+7", 7, false},   {"-0", 0, false},  {"13.", 13, false}, {".5", 0, false}, {"1e2", 100, false},
+        {"014", 14, false}, {"2.5", 2, false}, {"4.50", 4, false}, {" 8 ", 8, true}, {"-5", -5, true}};
+    for (const auto &[typed, stored, isShown] : numbers) {
+        changeLine("NTE", "9", typed);
+        EXPECT_EQ(lines().last(), QStringLiteral("NTE(9)=%1").arg(stored)) << qPrintable(typed);
+        EXPECT_EQ(messages.take(), isShown ? std::vector<Box>() : std::vector{notDisplayed})
+            << qPrintable(typed);
+    }
+}
+
+TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
+{
+    struct Row
+    {
+        Field field;
+        QStringList complaints;
+    };
+    const QString nothing =
+        "Both the Lookup String and the Constant value are empty,\r\n\t\tyou must supply one or the other.";
+    const QString fixed = "A Fixed Length was indicated, however, the ";
+    for (const Row &row : std::initializer_list<Row>{
+             {{.name = "", .index = "x"},
+              {"The Field name is empty.", "The Field Name Index must be numeric."}},
+             {{.index = "99999999999"}, {"The Field Name Index must be numeric."}},
+             {{.line = ""}, {"The Line Name and Index field is empty."}},
+             {{.line = "PID(x"}, {"The Line Name or Index field is invalid."}},
+             {{.line = "(1)"}, {"The Line Name is empty."}},
+             {{.line = "PID()"}, {"The Line Name Index is invalid."}},
+             {{.line = " (a)"}, {"The Line Name is empty.", "The Line Name Index is invalid."}},
+             {{.lookup = ""}, {nothing}},
+             {{.position = ""}, {"The Position Field is empty."}},
+             {{.position = "1,5"}, {"The Position Field nust be a number."}},
+             {{.msgIndex = "3000000000"}, {"The Message Index nust be a number."}},
+             {{.length = "", .characterPosition = ""}, {fixed + "length and position were not specified."}},
+             {{.length = "", .characterPosition = "1"}, {fixed + "length was not specified."}},
+             {{.length = "10", .characterPosition = ""}, {fixed + "position was not specified."}},
+             {{.length = "x", .characterPosition = "y"}, {fixed + "length and position are not numeric."}},
+             {{.length = "1e400", .characterPosition = "1"}, {fixed + "length is not a number."}},
+             {{.length = "1", .characterPosition = "y"}, {fixed + "position is not a number."}},
+             {{.name = "", .line = "", .lookup = "", .position = ""},
+              {"The Field name is empty.", "The Line Name and Index field is empty.", nothing,
+               "The Position Field is empty."}},
+         }) {
+        changeField(row.field);
+        EXPECT_EQ(messages.take(), std::vector{dataChecking(fieldHeader, row.complaints)});
+        if (row.field.length || row.field.characterPosition)
+            user->click("ckFixedLength");
+    }
+    EXPECT_EQ(fields(), QStringList("PID(0) 3.1 Set ID(0)"));
+}
+
+TEST_P(EntryTest, RefusesATooLargeLengthLeftInTheDisabledBox)
+{
+    changeField({.length = "99999999999", .characterPosition = "1"});
+    messages.take();
+    user->click("ckFixedLength");
+    user->click("cmdAdd");
+    EXPECT_EQ(messages.take(),
+              std::vector{dataChecking(
+                  fieldHeader, {"A Fixed Length was indicated, however, the length is not a number."})});
+}
+
+TEST_P(EntryTest, StoresAFieldWithItsSettings)
+{
+    changeField({.name = "Sex",
+                 .index = "",
+                 .line = "PID(2)",
+                 .position = "8",
+                 .length = "10",
+                 .characterPosition = "21"});
+    user->click("optAlign(1)");
+    user->click("optPad(1)");
+    user->click("cmdAdd");
+    EXPECT_EQ(user->focused(), "Text2(0)");
+    EXPECT_EQ(messages.take(), std::vector<Box>());
+    ASSERT_EQ(LabLineFldTable.size(), 2);
+    const LabLineFldCfgRecord left = LabLineFldTable[1];
+    EXPECT_EQ(std::tuple(left.Name, left.NameIndex, left.Line, left.LineIndex, left.id, left.DataType,
+                         left.LookupString),
+              std::tuple("Sex", 0, "PID", 2, -1, "String", "sex"));
+    EXPECT_EQ(std::tuple(left.Length, left.FixedLength, left.PadDirection, left.PadChar, left.FieldPosition),
+              std::tuple(10, 1, -1, "0", 21));
+    user->click("optAlign(0)");
+    user->click("optPad(0)");
+    user->click("cmdAdd");
+    EXPECT_EQ(std::tuple(LabLineFldTable[1].PadDirection, LabLineFldTable[1].PadChar), std::tuple(1, " "));
+    user->click("ckFixedLength");
+    user->click("cmdAdd");
+    const LabLineFldCfgRecord loose = LabLineFldTable[1];
+    EXPECT_EQ(
+        std::tuple(loose.Length, loose.FixedLength, loose.PadDirection, loose.PadChar, loose.FieldPosition),
+        std::tuple(10, 0, 0, "", 0));
+    EXPECT_EQ(user->tree(), QStringList({"3 PID", "  3.1 Set ID", "  3.8 Sex"}));
+}
+
+TEST_P(EntryTest, SaysWhenAStoredFieldHasNoNode)
+{
+    changeField({.msgIndex = ""});
+    EXPECT_EQ(messages.take(), std::vector{notDisplayed});
+    changeField({.name = "Race", .msgIndex = "7"});
+    EXPECT_EQ(messages.take(), std::vector{notDisplayed});
+    EXPECT_EQ(fields(), QStringList({"PID(0) 0.8 Sex(0)", "PID(0) 3.1 Set ID(0)", "PID(0) 7.8 Race(0)"}));
+    EXPECT_TRUE(leavingAsks());
+}
+
+TEST_P(EntryTest, SurvivesOddEntries)
+{
+    const QString longName(10'000, u'W');
+    changeLine(longName, "0", "4");
+    changeLine("A\tB", "0", "5");
+    user->type("cboConfig", "");
+    changeLine("Nameless", "0", "1");
+    EXPECT_EQ(lines(""), QStringList("Nameless(0)=1"));
+    EXPECT_EQ(lines(), QStringList({"PID(0)=3", longName + "(0)=4", "A\tB(0)=5"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, EntryTest, everyEngine(), nameOfEngine);
+
+} // namespace varnow::test

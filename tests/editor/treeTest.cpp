@@ -1,0 +1,127 @@
+#include "editor/EditorTest.h"
+
+#include <QTreeWidget>
+
+namespace varnow::test {
+
+class TreeTest : public EditorTest
+{
+};
+
+TEST_P(TreeTest, PlacesNodesByMessageIndex)
+{
+    addLine("Standard", "MSH", 0, 1);
+    addLine("Standard", "PID", 0, 2);
+    addLine("Standard", "OBR", 0, 5);
+    addField("Standard", "PID", 0, 2, 1, "First");
+    addField("Standard", "PID", 0, 2, 1, "Second"); // same place: one node
+    addField("Standard", "PID", 0, 4, 1, "Homeless");
+    open();
+    const auto store = [this](const QString &name, const QString &msgIndex) {
+        user->type("Text1(0)", name);
+        user->type("Text1(1)", "0");
+        user->type("Text1(2)", msgIndex);
+        user->click("cmdAdd");
+    };
+    store("ORC", "3");
+    store("ZZZ", "-1"); // lower than the first: last
+    store("YYY", "0");
+    EXPECT_EQ(user->tree(),
+              QStringList({"1 MSH", "2 PID", "  2.1 Second", "3 ORC", "5 OBR", "-1 ZZZ", "0 YYY"}));
+    EXPECT_EQ(messages.take(), std::vector<Box>());
+}
+
+TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
+{
+    addLine("Standard", "MSH", 0, 1);
+    addLine("Standard", "PID", 2, 1);
+    addField("Standard", "MSH", 0, 1, 1, "Separator");
+    messages.answerWith(ui::answer::Yes);
+    open();
+    EXPECT_EQ(
+        messages.take(),
+        std::vector<Box>(
+            {{"A node with this message index already esists.\r\nDo you wish to update this node?", 36}}));
+    EXPECT_EQ(user->tree(), QStringList({"1 PID(2)", "  1.1 Separator"}));
+    user->clickNode("1 PID(2)");
+    EXPECT_EQ(user->text("Text1(0)"), "PID");
+    messages.answerWith(ui::answer::No);
+    user->click("cmdRefresh");
+    EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Separator"}));
+}
+
+TEST_P(TreeTest, RefusesFieldsWithoutAnyLine)
+{
+    addField("Standard", "PID", 0, 1, 1, "First");
+    addField("Standard", "PID", 0, 1, 2, "Second");
+    open();
+    const Box needsLine{
+        "The system requires a line for field attachment.\r\nPlease check your input and try again."};
+    EXPECT_EQ(
+        messages.take(),
+        (std::vector<Box>{needsLine, needsLine, {"There is no line configuration\r\ndata to display."}}));
+    EXPECT_TRUE(user->tree().isEmpty());
+}
+
+TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
+{
+    addLine("Standard", "MSH", 0, 1);
+    addLine("Standard", "A (b", 2, 2);
+    addField("Standard", "A (b", 2, 2, 7, "Name (x) (y)");
+    addField("Standard", "A (b", 2, 2, 8, "Name (x) (y)", 3);
+    database.run(
+        "UPDATE LabLineFieldConfig SET FixedLength = 1, PadChar = ' ', PadDirection = -1, Length = 12, "
+        "ValidationString = '30', FormatString = 'fmt', LookupString = 'look' WHERE NameIndex = 3");
+    open();
+    user->clickNode("2 A (b(2)");
+    EXPECT_EQ(user->text("Text1(0)") + user->text("Text1(1)") + user->text("Text1(2)"), "A (b22");
+    user->clickNode("1 MSH");
+    user->clickNode("2.8 Name (x) (y)(3)");
+    EXPECT_EQ(user->text("Text1(0)"), "A (b"); // the field's own line
+    QStringList shown;
+    for (const QString name : {"Text2(0)", "Text2(1)", "Combo2(0)", "Text2(2)", "Combo2(1)", "Text2(3)",
+                               "Text2(4)", "Text2(5)", "Text2(6)", "Text2(7)"})
+        shown += user->text(name);
+    EXPECT_EQ(shown, QStringList({"Name (x) (y)", "3", "A (b(2)", "2", "look", "fmt", "x", "8", "12", "30"}));
+    EXPECT_TRUE(user->control("Text2(6)")->isEnabled());
+    user->clickNode("2.7 Name (x) (y)");
+    EXPECT_EQ(user->text("Text2(1)") + user->text("Text2(6)"), "012"); // the length is left, and disabled
+    EXPECT_FALSE(user->control("Text2(6)")->isEnabled());
+}
+
+TEST_P(TreeTest, EmptiesThePageOfAVanishedRecord)
+{
+    addLine("Standard", "MSH", 0, 1);
+    addField("Standard", "MSH", 0, 1, 1, "Separator");
+    open();
+    LabLineFldTable.removeAt(0);
+    user->clickNode("1.1 Separator");
+    EXPECT_EQ(user->text("Text2(0)"), "");
+    LabLineTable.removeAt(0);
+    user->clickNode("1 MSH");
+    EXPECT_EQ(user->text("Text1(0)"), "");
+}
+
+TEST_P(TreeTest, WorksWithoutAMouse)
+{
+    addLine("Standard", "MSH", 0, 1);
+    addLine("Standard", "PID", 0, 2);
+    addField("Standard", "MSH", 0, 1, 1, "Separator");
+    open();
+    user->treeWidget()->setFocus();
+    user->press(Qt::Key_Down);
+    EXPECT_EQ(user->text("Text2(0)"), "Separator");
+    user->press(Qt::Key_Down);
+    EXPECT_EQ(user->text("Text1(0)"), "PID");
+    user->press(Qt::Key_L, Qt::AltModifier);
+    user->type("Text1(0)", "typed over");
+    user->treeWidget()->setFocus();
+    user->press(Qt::Key_Return); // shows the record again
+    EXPECT_EQ(user->text("Text1(0)"), "PID");
+    user->press(Qt::Key_F, Qt::AltModifier);
+    EXPECT_TRUE(user->control("Text2(0)")->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, TreeTest, everyEngine(), nameOfEngine);
+
+} // namespace varnow::test
