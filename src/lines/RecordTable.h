@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/text.h"
+#include "lines/KeyIndex.h"
 
 #include <QHash>
 #include <QString>
@@ -11,7 +12,6 @@
 #include <iterator>
 #include <limits>
 #include <memory>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -73,15 +73,16 @@ template <class Record> class RecordTable
                 widenBounds(entry.place);
         }
 
-        Entry &entryOf(const Node &node)
+        Entry &entryOf(const Record &record)
         {
-            return *std::ranges::find(entries, &node, [](const Entry &entry) { return entry.node; });
+            return *std::ranges::find(entries, &record,
+                                      [](const Entry &entry) -> const Record * { return entry.node; });
         }
     };
 
     using Chunks = std::vector<std::unique_ptr<Chunk>>;
 
-    static constexpr std::size_t chunkCapacity = 256;
+    static constexpr std::size_t chunkCapacity = 1024;
 
 public:
     class Iterator
@@ -122,7 +123,7 @@ public:
     };
 
     int size() const { return static_cast<int>(m_nodes.size()); }
-    bool isEmpty() const { return m_nodes.empty(); }
+    bool isEmpty() const { return m_nodes.size() == 0; }
 
     Iterator begin() const { return Iterator(m_chunks.begin()); }
     Iterator end() const { return Iterator(m_chunks.end()); }
@@ -154,12 +155,10 @@ public:
             return up ? start <= 0 || indexOf(node) >= start : indexOf(node) <= start;
         };
         const Node *found = nullptr;
-        const auto [first, last] = m_nodes.equal_range(keyHash(configuration, name, nameIndex));
-        for (auto candidate = first; candidate != last; ++candidate) {
-            const Node &node = candidate->second;
+        m_nodes.visitAll(keyHash(configuration, name, nameIndex), [&](const Node &node) {
             if (matches(node) && isReached(node) && (!found || (indexOf(node) < indexOf(*found)) == up))
                 found = &node;
-        }
+        });
         return found;
     }
 
@@ -173,7 +172,6 @@ public:
     }
 
     void clear() { *this = RecordTable(); }
-    RecordTable() { m_nodes.max_load_factor(0.25F); }
 
     /// Adds a record behind all others.
     void append(Record record)
@@ -190,32 +188,30 @@ public:
     void insertOrdered(Record record)
     {
         const int configuration = configurationNumber(record.Configuration);
-        const auto isHere = [&](const auto &chunk) { return chunk->configuration == configuration; };
-        const auto first = std::ranges::find_if(m_chunks, isHere);
-        if (first == m_chunks.end()) {
+        std::size_t first = 0;
+        while (first < m_chunks.size() && m_chunks[first]->configuration != configuration)
+            ++first;
+        if (first == m_chunks.size()) {
+            first = 0;
             m_chunks.insert(m_chunks.begin(), std::make_unique<Chunk>(configuration));
-            insertAt(0, 0, std::move(record));
-            return;
         }
-        const auto last = std::find_if_not(first, m_chunks.end(), isHere);
-        const auto [chunk, offset] = orderedSpot(first, last, placeOf(record));
-        insertAt(static_cast<std::size_t>(chunk - m_chunks.begin()), offset, std::move(record));
+        const auto [chunk, offset] = orderedSpot(first, placeOf(record));
+        insertAt(chunk, offset, std::move(record));
     }
 
     /// Puts other values, of the same configuration, into a record of this table. It keeps its index.
     void replace(const Record &old, Record values)
     {
-        const auto position = positionOf(old);
-        Node &node = position->second;
-        const std::size_t hash = keyHash(values.Configuration, values.Name, values.NameIndex);
+        const std::size_t oldHash = keyHash(old);
+        const std::size_t hash = keyHash(values);
+        Chunk &chunk = *static_cast<const Node &>(old).chunk;
+        Entry &entry = chunk.entryOf(old);
+        Node &node = *entry.node;
         static_cast<Record &>(node) = std::move(values);
-        node.chunk->entryOf(node).place = placeOf(node);
-        node.chunk->widenBounds(placeOf(node));
-        if (position->first != hash) {
-            auto handle = m_nodes.extract(position);
-            handle.key() = hash;
-            m_nodes.insert(std::move(handle));
-        }
+        entry.place = placeOf(node);
+        chunk.widenBounds(entry.place);
+        if (hash != oldHash)
+            m_nodes.add(hash, m_nodes.take(oldHash, node));
     }
 
     /// Takes out the record at an index. Raises 9 outside the table.
@@ -224,7 +220,7 @@ public:
         const auto position = chunkAt(index);
         Chunk &chunk = **position;
         const auto entry = chunk.entries.begin() + (index - chunk.start);
-        m_nodes.erase(positionOf(*entry->node));
+        m_nodes.take(keyHash(*entry->node), *entry->node);
         chunk.entries.erase(entry);
         if (chunk.entries.empty())
             m_chunks.erase(m_chunks.begin() + (position - m_chunks.begin()));
@@ -260,6 +256,11 @@ private:
         return qHashMulti(0, trimmedView(configuration), trimmedView(name), nameIndex);
     }
 
+    static std::size_t keyHash(const Record &record)
+    {
+        return keyHash(record.Configuration, record.Name, record.NameIndex);
+    }
+
     int configurationNumber(const QString &configuration)
     {
         const auto known = m_configurations.constFind(configuration);
@@ -290,61 +291,57 @@ private:
         return std::ranges::upper_bound(m_chunks, index, {}, startOf) - 1;
     }
 
-    auto positionOf(const Record &record)
-    {
-        const std::size_t hash = keyHash(record.Configuration, record.Name, record.NameIndex);
-        auto position = m_nodes.equal_range(hash).first;
-        while (&position->second != &record)
-            ++position;
-        return position;
-    }
+    /// A chunk's number and an offset in it.
+    using Spot = std::pair<std::size_t, std::size_t>;
 
-    /// Chunk and offset for a new record of the configuration whose chunks are [first, last).
-    std::pair<typename Chunks::const_iterator, std::size_t> orderedSpot(typename Chunks::const_iterator first,
-                                                                        typename Chunks::const_iterator last,
-                                                                        Place place) const
+    /// Where a new record belongs in the configuration whose chunks begin with number `first`.
+    Spot orderedSpot(std::size_t first, Place place) const
     {
-        auto [chunk, offset] = firstOfGreaterMsgIndex(first, last, place.msgIndex);
-        const bool startsWithGreater = chunk == first && offset == 0;
+        const Spot greater = firstOfGreaterMsgIndex(first, place.msgIndex);
+        auto [chunk, offset] = greater;
         while (true) {
             for (; offset > 0; --offset) {
-                if ((*chunk)->entries[offset - 1].place < place)
+                if (m_chunks[chunk]->entries[offset - 1].place < place)
                     return {chunk, offset};
             }
             do {
                 if (chunk == first)
-                    return {first, offsetBeforeSmaller(first, last, startsWithGreater)};
+                    return frontOf(first, greater);
                 --chunk;
-            } while (!((*chunk)->least < place));
-            offset = (*chunk)->entries.size();
+            } while (!(m_chunks[chunk]->least < place));
+            offset = m_chunks[chunk]->entries.size();
         }
     }
 
-    /// The end of the configuration is its last chunk and the offset behind that chunk's entries.
-    static std::pair<typename Chunks::const_iterator, std::size_t>
-    firstOfGreaterMsgIndex(typename Chunks::const_iterator first, typename Chunks::const_iterator last,
-                           int msgIndex)
+    /// The end of the configuration when no message index in it is greater.
+    Spot firstOfGreaterMsgIndex(std::size_t first, int msgIndex) const
     {
-        for (auto chunk = first; chunk != last; ++chunk) {
-            if ((*chunk)->greatestMsgIndex <= msgIndex)
+        std::size_t chunk = first;
+        for (; continues(first, chunk); ++chunk) {
+            const auto &entries = m_chunks[chunk]->entries;
+            if (m_chunks[chunk]->greatestMsgIndex <= msgIndex)
                 continue;
-            const auto &entries = (*chunk)->entries;
             for (std::size_t offset = 0; offset < entries.size(); ++offset) {
                 if (entries[offset].place.msgIndex > msgIndex)
                     return {chunk, offset};
             }
         }
-        return {last - 1, (*(last - 1))->entries.size()};
+        return {chunk - 1, m_chunks[chunk - 1]->entries.size()};
     }
 
     /// A record with no smaller one before it goes to the front of its configuration. Only at the top of
     /// the table it goes behind the first record, if that one is neither of a greater message index nor
     /// the only one of its configuration.
-    std::size_t offsetBeforeSmaller(typename Chunks::const_iterator first,
-                                    typename Chunks::const_iterator last, bool startsWithGreater) const
+    Spot frontOf(std::size_t first, Spot greater) const
     {
-        const bool hasSecond = (*first)->entries.size() > 1 || last - first > 1;
-        return first == m_chunks.begin() && hasSecond && !startsWithGreater ? 1 : 0;
+        const bool hasSecond = m_chunks[first]->entries.size() > 1 || continues(first, first + 1);
+        return {first, first == 0 && hasSecond && greater != Spot(first, 0) ? 1 : 0};
+    }
+
+    /// True when a chunk belongs to the configuration whose chunks begin with number `first`.
+    bool continues(std::size_t first, std::size_t chunk) const
+    {
+        return chunk < m_chunks.size() && m_chunks[chunk]->configuration == m_chunks[first]->configuration;
     }
 
     void insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
@@ -358,8 +355,8 @@ private:
                 offset -= cut;
             }
         }
-        const std::size_t hash = keyHash(record.Configuration, record.Name, record.NameIndex);
-        Node &node = m_nodes.emplace(hash, Node(std::move(record)))->second;
+        const std::size_t hash = keyHash(record);
+        Node &node = m_nodes.add(hash, std::make_unique<Node>(std::move(record)));
         Chunk &chunk = *m_chunks[chunkNumber];
         node.chunk = &chunk;
         chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset),
@@ -383,9 +380,9 @@ private:
         m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunkNumber) + 1, std::move(behind));
     }
 
-    std::unordered_multimap<std::size_t, Node> m_nodes; // owns the records, by hash of their key
-    Chunks m_chunks;                                    // their order
-    QHash<QString, int> m_configurations;               // a number for every configuration ever seen
+    KeyIndex<Node> m_nodes;               // owns the records, by hash of their key
+    Chunks m_chunks;                      // their order
+    QHash<QString, int> m_configurations; // a number for every configuration ever seen
     mutable bool m_numbered = false;
 };
 

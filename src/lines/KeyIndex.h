@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace varnow {
+
+/// Owns nodes and finds them by a hash; several nodes may have the same one. The hashes lie side by side in
+/// one open-addressed array, so that a look-up touches no node but those it is after: with a hundred
+/// thousand records the time goes into fetching memory.
+template <class Node> class KeyIndex
+{
+public:
+    std::size_t size() const { return m_size; }
+
+    /// Makes room for this many nodes.
+    void reserve(std::size_t count)
+    {
+        std::size_t capacity = 16;
+        while (capacity < 2 * count)
+            capacity *= 2;
+        if (capacity <= m_slots.size())
+            return;
+        std::vector<Slot> slots(capacity);
+        std::swap(slots, m_slots);
+        for (Slot &slot : slots) {
+            if (slot.node)
+                m_slots[freeSlot(slot.hash)] = std::move(slot);
+        }
+    }
+
+    Node &add(std::size_t hash, std::unique_ptr<Node> node)
+    {
+        reserve(m_size + 1);
+        ++m_size;
+        Slot &slot = m_slots[freeSlot(hash)];
+        slot.hash = hash;
+        slot.node = std::move(node);
+        return *slot.node;
+    }
+
+    /// Gives up a node of this index.
+    std::unique_ptr<Node> take(std::size_t hash, const Node &node)
+    {
+        std::size_t hole = homeOf(hash);
+        while (m_slots[hole].node.get() != &node)
+            hole = behind(hole);
+        std::unique_ptr<Node> taken = std::move(m_slots[hole].node);
+        --m_size;
+        // Nodes behind the hole move into it unless that would put them before their home.
+        for (std::size_t i = behind(hole); m_slots[i].node; i = behind(i)) {
+            if (distance(homeOf(m_slots[i].hash), i) >= distance(hole, i)) {
+                m_slots[hole] = std::move(m_slots[i]);
+                hole = i;
+            }
+        }
+        return taken;
+    }
+
+    /// Calls `visit` for every node with this hash.
+    template <class Visit> void visitAll(std::size_t hash, Visit visit) const
+    {
+        if (m_slots.empty())
+            return;
+        for (std::size_t i = homeOf(hash); m_slots[i].node; i = behind(i)) {
+            if (m_slots[i].hash == hash)
+                visit(std::as_const(*m_slots[i].node));
+        }
+    }
+
+private:
+    struct Slot
+    {
+        std::size_t hash = 0;
+        std::unique_ptr<Node> node; // empty in a free slot
+    };
+
+    std::size_t homeOf(std::size_t hash) const { return hash & (m_slots.size() - 1); }
+    std::size_t behind(std::size_t slot) const { return (slot + 1) & (m_slots.size() - 1); }
+    std::size_t distance(std::size_t from, std::size_t to) const
+    {
+        return (to - from) & (m_slots.size() - 1);
+    }
+
+    std::size_t freeSlot(std::size_t hash) const
+    {
+        std::size_t slot = homeOf(hash);
+        while (m_slots[slot].node)
+            slot = behind(slot);
+        return slot;
+    }
+
+    std::vector<Slot> m_slots; // a power of two of them, at most half taken
+    std::size_t m_size = 0;
+};
+
+} // namespace varnow
