@@ -35,6 +35,8 @@ public:
     void LoadComboBoxes();
     /// Shows the line at mCurrentLineIndex, or the first line of the configuration.
     void DisplayCurrentLine();
+    /// Fills the tree anew with the lines and fields of the configuration.
+    void RebuildTree();
 
 private:
     enum Page { LinesPage = 0, FieldsPage = 1 };
@@ -71,7 +73,6 @@ private:
     void PromptSaveChanges(bool &Cancel);
 
     // Tree.
-    void RebuildTree();
     void ClearTree();
     void AddLineNode(const LabLineConfigRecord &line);
     void AddFieldNode(const LabLineFldCfgRecord &field);
