@@ -16,7 +16,6 @@ constexpr int hourglass = 11;
 Application::Application(int &argc, char **argv) : m_application(std::make_unique<QApplication>(argc, argv))
 {
     QApplication::setApplicationName(QStringLiteral("varnow"));
-    QApplication::setApplicationDisplayName(applicationTitle());
     QApplication::setQuitOnLastWindowClosed(false);
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/Window.h"
 
+#include <QEvent>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -41,6 +42,24 @@ private:
     std::vector<Control *> m_controls;
 };
 
+namespace {
+
+/// Moves the focus to the tabs when an access key shows a page, so that Tab goes on into the page.
+class FocusOnAccessKey : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *tabBar, QEvent *event) override
+    {
+        if (event->type() == QEvent::Shortcut)
+            static_cast<QTabBar *>(tabBar)->setFocus(Qt::ShortcutFocusReason);
+        return false;
+    }
+};
+
+} // namespace
+
 TabControl::TabControl(Container &parent, const QString &name, const QStringList &captions, const Rect &place)
     : Control(parent, name, new QTabWidget(parent.surface()), place), m_owner(parent.window())
 {
@@ -50,6 +69,7 @@ TabControl::TabControl(Container &parent, const QString &name, const QStringList
         m_pages.push_back(std::make_unique<Page>(*this, static_cast<int>(m_pages.size())));
     }
     tabs->setFocusProxy(tabs->tabBar());
+    tabs->tabBar()->installEventFilter(new FocusOnAccessKey(tabs));
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int index) { showPage(index); });
 }
 
