@@ -1,5 +1,6 @@
 #pragma once
 
+#include "startup/loginState.h"
 #include "ui/Button.h"
 #include "ui/Frame.h"
 #include "ui/Label.h"
@@ -11,16 +12,10 @@
 namespace varnow {
 
 /// The modal dialog that asks for the connection values of one database. Sizes in twips.
-class frmDatabaseInfo : public ui::Window
+class frmDatabaseInfo : public ui::Window, public LoginState
 {
 public:
     frmDatabaseInfo();
-
-    // How the dialog is to run and how it ended; they outlive the window.
-    static inline int DatabaseMode = 0;        ///< 0 configuration database, 1 Velmora database
-    static inline bool BadData = false;        ///< a required entry was empty at the last Login
-    static inline bool SeriousProblem = false; ///< the configuration database's version could not be read
-    static inline bool Canceled = false;       ///< the dialog was left with Cancel
 
 private:
     void loadWindow();

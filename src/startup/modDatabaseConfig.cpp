@@ -4,7 +4,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "db/ConfigADOUtilities.h"
-#include "startup/frmDatabaseInfo.h"
+#include "startup/loginState.h"
 #include "startup/modGlobals.h"
 #include "ui/MessageBox.h"
 #include "util/modDiagnostics.h"
@@ -75,7 +75,7 @@ int CompareDatabaseVersion(int mode, int &errorNumber)
 
 int CheckDatabaseVersion()
 {
-    const int mode = frmDatabaseInfo::DatabaseMode;
+    const int mode = LoginState::DatabaseMode;
     int errorNumber = 0;
     const int verdict = CompareDatabaseVersion(mode, errorNumber);
     if (errorNumber == 0)

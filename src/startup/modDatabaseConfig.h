@@ -7,7 +7,7 @@ namespace varnow {
 /// `errorNumber` is written when there is an error number to report.
 int CompareDatabaseVersion(int mode, int &errorNumber);
 
-/// Judges the database of frmDatabaseInfo::DatabaseMode and reports an error number to the user. Returns
+/// Judges the database of LoginState::DatabaseMode and reports an error number to the user. Returns
 /// the verdict -1, 0 or 1, for the configuration database also the error number that stopped the reading.
 int CheckDatabaseVersion();
 

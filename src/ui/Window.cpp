@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
@@ -22,6 +24,15 @@ std::vector<Window *> &loaded()
 {
     static std::vector<Window *> windows;
     return windows;
+}
+
+/// Pixels that a title bar takes to show the caption whole, in bold and beside an icon and three buttons.
+int titleBarWidth(const QWidget &widget)
+{
+    QFont font = widget.font();
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(widget.windowTitle()) +
+           4 * widget.style()->pixelMetric(QStyle::PM_TitleBarHeight);
 }
 
 } // namespace
@@ -99,6 +110,8 @@ QString Window::caption() const
 void Window::setCaption(const QString &caption)
 {
     m_widget->setWindowTitle(caption);
+    if (m_loaded && m_border == Border::FixedDialog)
+        fitScale();
 }
 
 bool Window::isMinimised() const
@@ -144,9 +157,13 @@ void Window::remove(Control &control)
     std::erase(m_controls, &control);
 }
 
-/// Widens the scale until every control shows its caption whole at its designed size.
+/// Widens the scale until every control shows its caption whole at its designed size. A fixed dialog, which
+/// the user cannot widen, shows its own whole too.
 void Window::fitScale()
 {
+    if (m_border == Border::FixedDialog)
+        m_pixelsPerTwip =
+            std::max(m_pixelsPerTwip, static_cast<float>(titleBarWidth(*m_widget)) / m_designedWidth);
     for (const Control *control : m_controls) {
         const QSize needed = control->neededPixels();
         if (needed.width() > 0)
@@ -223,7 +240,9 @@ bool Window::unload()
     m_loaded = false;
     std::erase(loaded(), this);
     m_widget->hide();
-    if (loaded().empty())
+    // A modal window has a loop of its own. An exit that ends no loop ends the next one, a message box say,
+    // before it has shown anything.
+    if (loaded().empty() && !m_widget->isModal())
         QCoreApplication::exit(0);
     return true;
 }
