@@ -5,6 +5,7 @@
 #include "support/StoreFixture.h"
 
 #include <random>
+#include <tuple>
 
 using namespace varnow;
 using namespace varnow::test;
@@ -61,13 +62,11 @@ public:
     int size() const { return static_cast<int>(fields.size()); }
 };
 
-std::string print(const Field &field)
+/// Everything that the histories vary.
+auto values(const Field &field)
 {
-    return (QStringList{QString::number(field.id), field.Configuration, field.Name,
-                        QString::number(field.NameIndex), field.Line, QString::number(field.LineIndex),
-                        QString::number(field.MsgIndex), QString::number(field.Position)})
-        .join(u'|')
-        .toStdString();
+    return std::tie(field.id, field.MsgIndex, field.Position, field.NameIndex, field.LineIndex,
+                    field.Configuration, field.Name, field.Line);
 }
 
 /// A random history of the real store and of the walk, compared all along.
@@ -99,7 +98,7 @@ public:
         ASSERT_EQ(LabLineFldTable.size(), m_walk.size());
         int index = 0;
         for (const Field &field : LabLineFldTable) {
-            ASSERT_EQ(print(field), print(m_walk.at(index))) << "at " << index;
+            ASSERT_TRUE(values(field) == values(m_walk.at(index))) << "at " << index;
             ASSERT_EQ(&LabLineFldTable[index], &field);
             ASSERT_EQ(LabLineFldTable.indexOf(field), index);
             ++index;
@@ -201,7 +200,7 @@ class FieldOrder : public testing::Test, public StoreFixture
 
 TEST_F(FieldOrder, equalsAWalkInThousandsOfShortHistories)
 {
-    for (unsigned seed = 0; seed < 3000 && !HasFailure(); ++seed) {
+    for (unsigned seed = 0; seed < 2000 && !HasFailure(); ++seed) {
         emptyStores();
         History history(seed, 3, 7);
         for (int i = 0; i < 60 && !HasFailure(); ++i) {
