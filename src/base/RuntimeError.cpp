@@ -13,6 +13,8 @@ QString standardDescription(int number)
         return QStringLiteral("Subscript out of range");
     case errors::TypeMismatch:
         return QStringLiteral("Type mismatch");
+    case errors::UserInterrupt:
+        return QStringLiteral("User interrupt occurred");
     case errors::NoObject:
         return QStringLiteral("Object variable not set");
     case errors::InvalidUseOfNull:

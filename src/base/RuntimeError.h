@@ -11,6 +11,7 @@ namespace errors {
 inline constexpr int Overflow = 6;
 inline constexpr int SubscriptOutOfRange = 9;
 inline constexpr int TypeMismatch = 13;
+inline constexpr int UserInterrupt = 18;
 inline constexpr int NoObject = 91;
 inline constexpr int InvalidUseOfNull = 94;
 inline constexpr int NoCurrentRow = 3021;

@@ -1,7 +1,7 @@
 #include "db/dialect.h"
 
 #include "base/RuntimeError.h"
-#include "db/errorCodes.h"
+#include "db/codes.h"
 
 #include <QRegularExpression>
 

@@ -1,22 +1,11 @@
 #pragma once
 
+#include "db/codes.h"
 #include "db/dialect.h"
 
 #include <QString>
 
 namespace varnow::db {
-
-/// The provider's error codes: what the database routines return for a failed open or statement.
-namespace codes {
-inline constexpr int Failure = -2147467259; ///< no connection, a lost one, or anything without own code
-inline constexpr int MissingTable = -2147217865;
-inline constexpr int Constraint = -2147217873;
-inline constexpr int Permission = -2147217911;
-inline constexpr int TimeOut = -2147217871;
-inline constexpr int DataOverflow = -2147217833;
-inline constexpr int Conversion = -2147217913;
-inline constexpr int Syntax = -2147217900; ///< syntax error or unknown column
-} // namespace codes
 
 /// The code for one diagnostic record of a failed statement. The database's own number decides where it is
 /// known, for the SQLSTATE is often coarser.

@@ -1,5 +1,8 @@
 #include "db/odbc.h"
 
+#include "base/RuntimeError.h"
+#include "util/modProgress.h"
+
 #include <QDateTime>
 
 #include <sql.h>
@@ -180,6 +183,8 @@ QVariantList readRows(const Handle &statement, Dialect dialect, const std::vecto
             return cells;
         if (!SQL_SUCCEEDED(result))
             throw statement.error(dialect);
+        if (!Progress::countRow())
+            throw RuntimeError(errors::UserInterrupt);
         for (std::size_t i = 0; i < types.size(); ++i)
             cells.append(reader.cell(SQLUSMALLINT(i + 1), types[i]));
     }

@@ -7,6 +7,7 @@
 #include "lines/modLabLineCfg.h"
 #include "util/modDiagnostics.h"
 #include "util/modMsgbox.h"
+#include "util/modProgress.h"
 
 #include <algorithm>
 #include <limits>
@@ -116,9 +117,18 @@ int storeField(LabLineFldCfgRecord field)
     });
 }
 
+int retrieveFields(db::RecordsetPtr &recordset)
+{
+    const Progress progress("Reading the fields");
+    return db::RetrieveRecordset(db::GetConfigConnectString(), selectFields, recordset);
+}
+
 void storeRows(db::Recordset &rows)
 {
+    Progress progress("Arranging the fields", rows.recordCount());
     for (const FieldReader reader(rows); !rows.atEnd(); rows.moveNext()) {
+        if (!progress.step())
+            throw RuntimeError(errors::UserInterrupt);
         if (const int code = storeField(reader.read()))
             throw RuntimeError(code, QStringLiteral("Error storing data in field configuration array."));
     }
@@ -140,7 +150,7 @@ int LoadAllLabLineData()
 int GetAllLabLineFieldsConfig(db::RecordsetPtr &recordset)
 {
     const auto load = [&] {
-        const int code = db::RetrieveRecordset(db::GetConfigConnectString(), selectFields, recordset);
+        const int code = retrieveFields(recordset);
         if (code != 0)
             ShowMessage(QStringLiteral("There was a problem retrieving the Line Field\r\n"
                                        "configuration records.  Return code: %1")

@@ -9,6 +9,7 @@
 #include "lines/rowStatements.h"
 #include "lines/runSummary.h"
 #include "util/modDiagnostics.h"
+#include "util/modProgress.h"
 
 namespace varnow {
 
@@ -107,6 +108,7 @@ bool isComplete(const Field &field)
 
 int SaveAllLabLineData()
 {
+    const Progress whole("Saving"); // stopping one of the runs stops those that follow
     DeleteRemovedLabLineConfigFromDatabase();
     if (const int code = SaveAllLabLineCfg())
         return code;
@@ -117,20 +119,16 @@ int SaveAllLabLineData()
 void AdoptLabLineDataIds()
 {
     AdoptLabLineIds();
-    LabLineFldTable.changeEach([](Field &field) {
-        if (field.id > 0)
-            return;
-        const int id = LabLineFldsCfgExistsFor(field.Configuration, field.Name, field.NameIndex, field.Line,
-                                               field.LineIndex);
-        if (id > 0)
-            field.id = id;
+    adoptIds(LabLineFldTable, "Looking up the new fields", [](const Field &field) {
+        return LabLineFldsCfgExistsFor(field.Configuration, field.Name, field.NameIndex, field.Line,
+                                       field.LineIndex);
     });
 }
 
 int SaveAllLabLineFldsCfg()
 {
     const auto save = [] {
-        saveAll(LabLineFldTable, QStringLiteral("SaveAllLabLineFldsCfg Complete."),
+        saveAll(LabLineFldTable, {"Saving the fields", "SaveAllLabLineFldsCfg Complete."},
                 [](const Field &field) { return isComplete(field) ? saveField(field) : 0; });
         return 0;
     };
@@ -145,7 +143,8 @@ int SaveAllLabLineFldsCfg()
 int DeleteRemovedLabLineFieldsFromDatabase()
 {
     const auto remove = [] {
-        deleteAll(RemovedLabLineFldTable, QStringLiteral("DeleteRemovedLabLineFieldsFromDatabase Complete"),
+        deleteAll(RemovedLabLineFldTable,
+                  {"Deleting the removed fields", "DeleteRemovedLabLineFieldsFromDatabase Complete"},
                   [](const Field &field) { return DeleteLabLineFlds(field.id); });
         return 0;
     };

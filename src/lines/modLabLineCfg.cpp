@@ -6,6 +6,7 @@
 #include "lines/errorTraps.h"
 #include "util/modDiagnostics.h"
 #include "util/modNumberTools.h"
+#include "util/modProgress.h"
 
 #include <algorithm>
 #include <limits>
@@ -81,6 +82,7 @@ int findLine(const QString &configuration, const QString &name, int nameIndex, i
 int GetLabLineConfig(db::RecordsetPtr &recordset)
 {
     const auto load = [&] {
+        const Progress progress("Reading the lines");
         if (const int code = db::RetrieveRecordset(db::GetConfigConnectString(), selectLines, recordset))
             return code;
         const int count = recordset->recordCount();

@@ -32,7 +32,7 @@ QStringList describe(const QString &Configuration, const QString &Name, int Name
 int SaveAllLabLineCfg()
 {
     const auto save = [] {
-        saveAll(LabLineTable, QStringLiteral("SaveAllLabLineCfg complete"),
+        saveAll(LabLineTable, {"Saving the lines", "SaveAllLabLineCfg complete"},
                 [](const LabLineConfigRecord &line) {
                     return SaveLabLineConfig(line.Configuration, line.Name, line.NameIndex, line.MsgIndex);
                 });
@@ -48,7 +48,8 @@ int DeleteRemovedLabLineConfigFromDatabase()
 {
     const auto remove = [] {
         deleteAll(
-            RemovedLabLineTable, QStringLiteral("DeleteRemovedLabLineConfigFromDatabase Complete"),
+            RemovedLabLineTable,
+            {"Deleting the removed lines", "DeleteRemovedLabLineConfigFromDatabase Complete"},
             [](const LabLineConfigRecord &line) { return line.id > -1 ? DeleteLabLineConfig(line.id) : 0; });
         return 0;
     };
@@ -137,12 +138,8 @@ int DeleteLabLineConfig(int id)
 
 void AdoptLabLineIds()
 {
-    LabLineTable.changeEach([](LabLineConfigRecord &line) {
-        if (line.id > 0)
-            return;
-        const int id = LabLineConfigExistsFor(line.Configuration, line.Name, line.NameIndex);
-        if (id > 0)
-            line.id = id;
+    adoptIds(LabLineTable, "Looking up the new lines", [](const LabLineConfigRecord &line) {
+        return LabLineConfigExistsFor(line.Configuration, line.Name, line.NameIndex);
     });
 }
 

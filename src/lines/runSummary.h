@@ -1,42 +1,71 @@
 #pragma once
 
 #include "util/modMsgbox.h"
+#include "util/modProgress.h"
 
 #include <QString>
 
-// The saving and the deletion run that both stores share.
+// The runs over all records that both stores share: saving, deleting, learning identifiers.
 
 namespace varnow {
 
 /// Shows a run's summary: its title, the number of errors, the number of records without one.
 void showRunSummary(const QString &title, int errorCount, int recordCount);
 
-/// Calls `step` for every record, counts its nonzero results, shows the summary and returns the count.
-template <class Records, class Step> int runOver(const Records &records, const QString &title, Step step)
+/// Calls `step` for every record and returns how many did not go well. Records that come after the user
+/// stopped the run did not.
+template <class Records, class Step> int countErrors(const Records &records, const QString &what, Step step)
 {
+    Progress progress(what, static_cast<int>(records.size()));
     int errorCount = 0;
     for (const auto &record : records) {
-        if (step(record) != 0)
+        if (!progress.step() || step(record) != 0)
             ++errorCount;
     }
-    showRunSummary(title, errorCount, static_cast<int>(records.size()));
+    return errorCount;
+}
+
+/// What a run does, for the user who waits, and the title of its summary.
+struct RunTexts
+{
+    QString what;
+    QString title;
+};
+
+/// Runs `step` over every record, shows the summary and returns the number of errors.
+template <class Records, class Step> int runOver(const Records &records, const RunTexts &texts, Step step)
+{
+    const int errorCount = countErrors(records, texts.what, step);
+    showRunSummary(texts.title, errorCount, static_cast<int>(records.size()));
     return errorCount;
 }
 
 /// The deletion run: does nothing without records, and forgets them when all went well.
-template <class Records, class Step> void deleteAll(Records &removed, const QString &title, Step step)
+template <class Records, class Step> void deleteAll(Records &removed, const RunTexts &texts, Step step)
 {
-    if (!removed.empty() && runOver(removed, title, step) == 0)
+    if (!removed.empty() && runOver(removed, texts, step) == 0)
         removed.clear();
 }
 
 /// The save run: without records it only says so.
-template <class Records, class Step> void saveAll(const Records &records, const QString &title, Step step)
+template <class Records, class Step> void saveAll(const Records &records, const RunTexts &texts, Step step)
 {
     if (records.isEmpty())
         ShowMessage(QStringLiteral("No records found to process."));
     else
-        runOver(records, title, step);
+        runOver(records, texts, step);
+}
+
+/// Gives every record that has no database identifier yet (0 or -1) the one that `lookUp` finds, if any.
+template <class Table, class LookUp> void adoptIds(Table &records, const QString &what, LookUp lookUp)
+{
+    Progress progress(what, records.size());
+    records.changeEach([&](auto &record) {
+        if (!progress.step() || record.id > 0)
+            return;
+        if (const int id = lookUp(record); id > 0)
+            record.id = id;
+    });
 }
 
 } // namespace varnow

@@ -27,6 +27,11 @@ void runUntilNoWindowIsLoaded()
         QApplication::exec();
 }
 
+void handleEvents()
+{
+    QApplication::processEvents();
+}
+
 QString applicationTitle()
 {
     return QStringLiteral("Varnow");

@@ -22,6 +22,9 @@ private:
 /// Handles events until no window of the program is loaded.
 void runUntilNoWindowIsLoaded();
 
+/// Handles the events that wait, without waiting for more.
+void handleEvents();
+
 /// The application's title.
 QString applicationTitle();
 

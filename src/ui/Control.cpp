@@ -1,7 +1,5 @@
 #include "ui/Control.h"
 
-#include "ui/Window.h"
-
 #include <QWidget>
 
 #include <cmath>
@@ -9,17 +7,17 @@
 namespace varnow::ui {
 
 Control::Control(Container &parent, const QString &name, QWidget *widget, const Rect &place)
-    : m_window(parent.window()), m_widget(widget), m_place(place)
+    : m_host(parent.host()), m_widget(widget), m_place(place)
 {
     m_widget->setObjectName(name);
-    m_window.add(*this);
+    m_host.add(*this);
     parent.adopt(*this);
     applyPlace();
 }
 
 Control::~Control()
 {
-    m_window.remove(*this);
+    m_host.remove(*this);
     delete m_widget;
 }
 
@@ -42,7 +40,7 @@ void Control::move(const Rect &place)
 void Control::applyPlace()
 {
     // Edges are rounded, not sizes, so that controls that touch in twips touch on the screen.
-    const float scale = m_window.pixelsPerTwip();
+    const float scale = m_host.pixelsPerTwip();
     const auto pixel = [scale](float twips) { return static_cast<int>(std::lround(twips * scale)); };
     const int left = pixel(m_place.left);
     const int top = pixel(m_place.top);

@@ -8,7 +8,6 @@ class QWidget;
 namespace varnow::ui {
 
 class Control;
-class Window;
 
 /// A place inside a container. All figures in twips (1/1440 inch).
 struct Rect
@@ -19,12 +18,22 @@ struct Rect
     float height = 0;
 };
 
+/// The window as its controls see it.
+class ControlHost
+{
+public:
+    virtual ~ControlHost() = default;
+    virtual float pixelsPerTwip() const = 0;
+    virtual void add(Control &control) = 0;
+    virtual void remove(Control &control) = 0;
+};
+
 /// What controls stand on: a window, a frame, a panel, a page of a tab control.
 class Container
 {
 public:
     virtual ~Container() = default;
-    virtual Window &window() = 0;
+    virtual ControlHost &host() = 0;
     virtual QWidget *surface() = 0;
     /// Told about every control made on this container.
     virtual void adopt(Control &) {}
@@ -62,6 +71,9 @@ public:
     /// Pixels that the control needs to show its caption whole at its designed size.
     virtual QSize neededPixels() const;
 
+    /// Puts the control on the screen at its place, at the scale that its window has now.
+    void applyPlace();
+
     QWidget *widget() const { return m_widget; }
 
 protected:
@@ -69,10 +81,7 @@ protected:
     Control(Container &parent, const QString &name, QWidget *widget, const Rect &place);
 
 private:
-    friend class Window;
-    void applyPlace();
-
-    Window &m_window;
+    ControlHost &m_host;
     QWidget *m_widget;
     Rect m_place;
 };

@@ -26,12 +26,12 @@ QWidget *makePanel(QWidget *parent)
 } // namespace
 
 Frame::Frame(Container &parent, const QString &name, const QString &caption, const Rect &place)
-    : Control(parent, name, makeFrame(parent.surface(), caption), place), m_owner(parent.window())
+    : Control(parent, name, makeFrame(parent.surface(), caption), place), m_host(parent.host())
 {
 }
 
 Panel::Panel(Container &parent, const QString &name, const Rect &place)
-    : Control(parent, name, makePanel(parent.surface()), place), m_owner(parent.window())
+    : Control(parent, name, makePanel(parent.surface()), place), m_host(parent.host())
 {
 }
 

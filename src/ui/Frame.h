@@ -10,11 +10,11 @@ class Frame : public Control, public Container
 public:
     Frame(Container &parent, const QString &name, const QString &caption, const Rect &place);
 
-    Window &window() override { return m_owner; }
+    ControlHost &host() override { return m_host; }
     QWidget *surface() override { return widget(); }
 
 private:
-    Window &m_owner;
+    ControlHost &m_host;
 };
 
 /// A container with a raised three-dimensional border.
@@ -23,11 +23,11 @@ class Panel : public Control, public Container
 public:
     Panel(Container &parent, const QString &name, const Rect &place);
 
-    Window &window() override { return m_owner; }
+    ControlHost &host() override { return m_host; }
     QWidget *surface() override { return widget(); }
 
 private:
-    Window &m_owner;
+    ControlHost &m_host;
 };
 
 } // namespace varnow::ui

@@ -15,6 +15,11 @@ QString Label::caption() const
     return static_cast<QLabel *>(widget())->text();
 }
 
+void Label::setCaption(const QString &caption)
+{
+    static_cast<QLabel *>(widget())->setText(caption);
+}
+
 QSize Label::neededPixels() const
 {
     return widget()->sizeHint();

@@ -11,6 +11,7 @@ public:
     Label(Container &parent, const QString &name, const QString &caption, const Rect &place);
 
     QString caption() const;
+    void setCaption(const QString &caption);
     QSize neededPixels() const override;
 };
 

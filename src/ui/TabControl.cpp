@@ -1,7 +1,5 @@
 #include "ui/TabControl.h"
 
-#include "ui/Window.h"
-
 #include <QEvent>
 #include <QTabBar>
 #include <QTabWidget>
@@ -13,7 +11,7 @@ class TabControl::Page : public Container
 public:
     Page(TabControl &owner, int index) : m_owner(owner), m_index(index) {}
 
-    Window &window() override { return m_owner.m_owner; }
+    ControlHost &host() override { return m_owner.m_host; }
     QWidget *surface() override { return m_owner.widget(); }
 
     void adopt(Control &control) override
@@ -61,7 +59,7 @@ public:
 } // namespace
 
 TabControl::TabControl(Container &parent, const QString &name, const QStringList &captions, const Rect &place)
-    : Control(parent, name, new QTabWidget(parent.surface()), place), m_owner(parent.window())
+    : Control(parent, name, new QTabWidget(parent.surface()), place), m_host(parent.host())
 {
     auto *tabs = static_cast<QTabWidget *>(widget());
     for (const QString &caption : captions) {
@@ -107,7 +105,7 @@ void TabControl::showPage(int index)
 float TabControl::tabHeight() const
 {
     const auto *tabs = static_cast<QTabWidget *>(widget());
-    return static_cast<float>(tabs->tabBar()->sizeHint().height()) / m_owner.pixelsPerTwip();
+    return static_cast<float>(tabs->tabBar()->sizeHint().height()) / m_host.pixelsPerTwip();
 }
 
 void TabControl::setPainting(bool painting)

@@ -40,7 +40,7 @@ private:
     class Page;
     void showPage(int index);
 
-    Window &m_owner;
+    ControlHost &m_host;
     std::vector<std::unique_ptr<Page>> m_pages;
     int m_shown = 0;
 };

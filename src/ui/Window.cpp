@@ -215,10 +215,15 @@ void Window::show()
         m_firstInFocusOrder->widget()->setFocus(Qt::TabFocusReason);
 }
 
-void Window::showModal()
+void Window::showInFront()
 {
     m_widget->setWindowModality(Qt::ApplicationModal);
     show();
+}
+
+void Window::showModal()
+{
+    showInFront();
     QEventLoop loop;
     while (m_loaded)
         loop.processEvents(QEventLoop::WaitForMoreEvents);

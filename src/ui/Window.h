@@ -12,7 +12,7 @@ namespace varnow::ui {
 
 /// A top-level window. It is loaded by the first show and lives on, hidden, after its unload; a later show
 /// loads it afresh.
-class Window : public Container
+class Window : public Container, public ControlHost
 {
 public:
     enum class Border { Sizable, FixedDialog };
@@ -46,7 +46,9 @@ public:
 
     /// Shows the window without waiting; one that is open already comes to the front.
     void show();
-    /// Shows the window and waits until it is unloaded.
+    /// Shows the window and keeps the user out of all others while it is open; does not wait.
+    void showInFront();
+    /// The same, and waits until the window is unloaded.
     void showModal();
     /// Unloads the window unless onQueryUnload refuses. Returns whether it is unloaded.
     bool unload();
@@ -56,20 +58,19 @@ public:
 
     /// Every control of the window, those inside frames and tab pages included.
     const std::vector<Control *> &controls() const { return m_controls; }
-    float pixelsPerTwip() const { return m_pixelsPerTwip; }
-
-    Window &window() override { return *this; }
     QWidget *surface() override;
+
+    ControlHost &host() override { return *this; }
+    float pixelsPerTwip() const override { return m_pixelsPerTwip; }
+    void add(Control &control) override;
+    void remove(Control &control) override;
 
     /// The windows that are loaded, in the order of their loading.
     static std::vector<Window *> loadedWindows();
 
 private:
-    friend class Control;
     class Widget;
 
-    void add(Control &control);
-    void remove(Control &control);
     void load();
     void fitScale();
 
