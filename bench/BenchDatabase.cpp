@@ -1,0 +1,94 @@
+#include "BenchDatabase.h"
+
+#include "fields/modLabLineFldCfg.h"
+#include "lines/modLabLineCfg.h"
+#include "startup/modGlobals.h"
+
+#include <QFile>
+
+#include <malloc.h>
+#include <sqlite3.h>
+
+#include <cstdlib>
+
+namespace varnow::bench {
+
+namespace {
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        std::abort();
+    return file.readAll();
+}
+
+/// Statements that fill the tables; every text differs from record to record, as the worst case has it.
+QString rows(Size size)
+{
+    return QStringLiteral(
+               "CREATE TEMP TABLE c AS WITH RECURSIVE r(c) AS "
+               "(SELECT 1 UNION ALL SELECT c + 1 FROM r WHERE c < %1) SELECT c FROM r;"
+               "CREATE TEMP TABLE l AS WITH RECURSIVE r(l) AS "
+               "(SELECT 1 UNION ALL SELECT l + 1 FROM r WHERE l < %2) SELECT l FROM r;"
+               "CREATE TEMP TABLE f AS WITH RECURSIVE r(f) AS "
+               "(SELECT 1 UNION ALL SELECT f + 1 FROM r WHERE f < %3) SELECT f FROM r;"
+               "INSERT INTO LabLineConfig SELECT (c - 1) * %2 + l, 'Configuration ' || c, "
+               "'Segment ' || l, 0, l, NULL, NULL, 'Observation ' || l, '2024-03-01T00:00:00' FROM c, l;"
+               "INSERT INTO LabLineFieldConfig SELECT ((c - 1) * %2 + l - 1) * %3 + f, "
+               "'Configuration ' || c, 'Observation Value ' || l || '-' || f, 0, 'Segment ' || l, "
+               "0, l, f, 12, 'String', 'observation_value_' || l || '_' || f, 'yyyyMMdd', '', "
+               "f * 12, 1, ' ', -1 FROM c, l, f;"
+               "INSERT INTO data_extractor_fields_config "
+               "SELECT 'Configuration ' || c, 'observation_value_' || l FROM c, l WHERE l <= 200;")
+        .arg(size.configurations)
+        .arg(size.linesEach)
+        .arg(size.fieldsPerLine);
+}
+
+} // namespace
+
+BenchDatabase::BenchDatabase(Size size)
+{
+    sqlite3 *connection = nullptr;
+    sqlite3_open(file().toUtf8(), &connection);
+    const QByteArray statements =
+        "BEGIN;" + contents(QStringLiteral(SQL_FOLDER "/schema.sql")) + rows(size).toUtf8() + "COMMIT;";
+    if (sqlite3_exec(connection, statements, nullptr, nullptr, nullptr) != SQLITE_OK) {
+        qCritical("%s", sqlite3_errmsg(connection));
+        std::abort();
+    }
+    sqlite3_close(connection);
+    use();
+}
+
+BenchDatabase::~BenchDatabase()
+{
+    emptyStores();
+}
+
+void BenchDatabase::use() const
+{
+    emptyStores();
+    gMsgTitle = QStringLiteral("Configuration");
+    gCfgServer = gVelmoraServer = QStringLiteral("(sqlite)");
+    gCfgDatabase = gVelmoraDatabase = file();
+    gCfgUser = gVelmoraUser = QStringLiteral("admin");
+    gCfgPassword = gVelmoraPassword = QString();
+}
+
+void emptyStores()
+{
+    LabLineTable.clear();
+    RemovedLabLineTable.clear();
+    LabLineFldTable.clear();
+    RemovedLabLineFldTable.clear();
+}
+
+double heapInUse()
+{
+    const auto heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
+}
+
+} // namespace varnow::bench

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace varnow::bench {
+
+/// The connection string that the program uses for its configuration database now, in ODBC's terms.
+std::string odbcConnectionString();
+
+/// What a program without any layer does: connects, runs a statement, fetches every column of every row
+/// into one buffer, and disconnects. Ends the program on an error.
+void runBare(const std::string &connectionString, const std::string &statement);
+
+} // namespace varnow::bench

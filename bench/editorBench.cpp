@@ -1,0 +1,205 @@
+// The editor, driven as its user drives it.
+
+#include "BenchDatabase.h"
+#include "rows.h"
+#include "secondsUntilShown.h"
+#include "sideBySide.h"
+#include "support/Driver.h"
+
+#include "editor/frmLinesConfig.h"
+#include "startup/modGlobals.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace varnow::bench {
+
+namespace {
+
+constexpr Size oneConfiguration{1, 1000, 20};
+constexpr Size manyConfigurations{20, 500, 10};
+
+/// The editor, open on a configuration of a database.
+class OpenEditor
+{
+public:
+    explicit OpenEditor(Size size) : m_database(size), m_user((catalogue(), m_editor)) {}
+    ~OpenEditor() { m_editor.surface()->hide(); }
+
+    double rebuild()
+    {
+        return secondsUntilShown([this] { m_editor.RebuildTree(); });
+    }
+
+    double click(const char *button)
+    {
+        return secondsUntilShown([&] { m_user.click(QString::fromLatin1(button)); });
+    }
+
+    /// Clicks the node; bringing it into view is not counted.
+    double clickNode(const QString &text)
+    {
+        QTreeWidget *tree = m_user.treeWidget();
+        QTreeWidgetItem *node = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+        tree->scrollToItem(node);
+        QApplication::processEvents();
+        const QPoint place = tree->visualItemRect(node).center();
+        return secondsUntilShown([&] { QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, place); });
+    }
+
+    /// Types a line that does not exist yet into the entry boxes.
+    void typeNewLine()
+    {
+        m_user.showPage(0);
+        m_user.type("Text1(0)", "Comment");
+        m_user.type("Text1(1)", "1");
+        m_user.type("Text1(2)", "1001");
+    }
+
+    /// Types a field that does not exist yet, the last one of a line in the middle.
+    void typeNewField()
+    {
+        m_user.showPage(1);
+        m_user.type("Text2(0)", "Comment");
+        m_user.type("Text2(1)", "1");
+        m_user.type("Combo2(0)", "Segment 300(0)");
+        m_user.type("Text2(2)", "300");
+        m_user.type("Text2(4)", "constant");
+        m_user.type("Text2(5)", "99");
+    }
+
+    const QTreeWidget &tree() const { return *m_user.treeWidget(); }
+
+private:
+    static void catalogue()
+    {
+        gConfigNames = QStringList{QStringLiteral("Configuration 1")};
+        gDefaultConfigName = gConfigNames.first();
+    }
+
+    BenchDatabase m_database;
+    frmLinesConfig m_editor;
+    test::Driver m_user;
+};
+
+/// A line of a tree with its fields.
+struct Branch
+{
+    QString text;
+    QStringList children;
+};
+
+std::vector<Branch> branchesOf(const QTreeWidget &tree)
+{
+    std::vector<Branch> branches;
+    for (int i = 0; i < tree.topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *root = tree.topLevelItem(i);
+        Branch &branch = branches.emplace_back(Branch{root->text(0), {}});
+        for (int k = 0; k < root->childCount(); ++k)
+            branch.children += root->child(k)->text(0);
+    }
+    return branches;
+}
+
+/// Fills a tree, opens every branch and scrolls to the end, in the quickest way there is.
+void fill(QTreeWidget &tree, const std::vector<Branch> &branches)
+{
+    tree.clear();
+    QList<QTreeWidgetItem *> roots;
+    for (const Branch &branch : branches) {
+        roots += new QTreeWidgetItem(QStringList(branch.text));
+        for (const QString &child : branch.children)
+            new QTreeWidgetItem(roots.last(), QStringList(child));
+    }
+    tree.addTopLevelItems(roots);
+    tree.expandAll();
+    tree.scrollToBottom();
+}
+
+void rebuildBesideBareTree(benchmark::State &state)
+{
+    OpenEditor editor(oneConfiguration);
+    const std::vector<Branch> branches = branchesOf(editor.tree());
+    QTreeWidget bare;
+    bare.setHeaderHidden(true);
+    bare.setUniformRowHeights(true);
+    bare.resize(editor.tree().size());
+    bare.show();
+    sideBySide(
+        state, 1.5, [&] { return editor.rebuild(); },
+        [&] { return secondsUntilShown([&] { fill(bare, branches); }); });
+}
+
+void switchBesideRebuildAndQuery(benchmark::State &state)
+{
+    OpenEditor editor(oneConfiguration);
+    const auto query = [] {
+        db::RecordsetPtr names;
+        db::RetrieveRecordset(db::GetConfigConnectString(),
+                              QStringLiteral("SELECT config_name, field_name "
+                                             "FROM data_extractor_fields_config WHERE "
+                                             "LTRIM(RTRIM(config_name)) = 'Configuration 1' "
+                                             "ORDER BY field_name;"),
+                              names);
+    };
+    // A refresh switches to no configuration, which does nothing, and then to the first.
+    sideBySide(
+        state, 1.2, [&] { return editor.click("cmdRefresh"); },
+        [&] { return editor.rebuild() + seconds(query); });
+}
+
+/// Adds and removes what was typed, turn by turn, and measures one of the two.
+void entryBesideRebuild(benchmark::State &state, Size size, void (OpenEditor::*type)(), bool measuresChange,
+                        double atMost)
+{
+    OpenEditor editor(size);
+    (editor.*type)();
+    const auto addAndRemove = [&] {
+        const double change = editor.click("cmdAdd");
+        const double remove = editor.click("cmdDelete");
+        return measuresChange ? change : remove;
+    };
+    sideBySide(state, atMost, addAndRemove, [&] { return editor.rebuild(); });
+}
+
+/// Clicks a field's node while the lines page is shown.
+void nodeBesideRebuild(benchmark::State &state, Size size, double atMost)
+{
+    OpenEditor editor(size);
+    const auto click = [&] {
+        editor.clickNode("300 Segment 300");
+        return editor.clickNode("300.7 Observation Value 300-7");
+    };
+    sideBySide(state, atMost, click, [&] { return editor.rebuild(); });
+}
+
+void addEntryRow(const char *name, Size size, void (OpenEditor::*type)(), bool measuresChange, double atMost)
+{
+    addRow(name, "s", 9,
+           [=](benchmark::State &state) { entryBesideRebuild(state, size, type, measuresChange, atMost); });
+}
+
+} // namespace
+
+void addEditorRows()
+{
+    addRow("rebuild the tree, 1,000 lines, 20,000 fields | bare QTreeWidget", "s", 15, rebuildBesideBareTree);
+    addRow("configuration switch | rebuild and query", "s", 9, switchBesideRebuildAndQuery);
+    addEntryRow("Change of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, true, 1.3);
+    addEntryRow("Change of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, true, 1.3);
+    addEntryRow("Delete of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, false, 1.3);
+    addEntryRow("Delete of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, false, 1.3);
+    addEntryRow("Change of a line, 100,000 fields in memory | rebuild", manyConfigurations,
+                &OpenEditor::typeNewLine, true, 2);
+    addEntryRow("Change of a field, 100,000 fields in memory | rebuild", manyConfigurations,
+                &OpenEditor::typeNewField, true, 2);
+    addEntryRow("Delete of a line, 100,000 fields in memory | rebuild", manyConfigurations,
+                &OpenEditor::typeNewLine, false, 2);
+    addEntryRow("Delete of a field, 100,000 fields in memory | rebuild", manyConfigurations,
+                &OpenEditor::typeNewField, false, 2);
+    addRow("click of a node, 100,000 fields in memory | rebuild", "s", 9,
+           [](benchmark::State &state) { nodeBesideRebuild(state, manyConfigurations, 2); });
+}
+
+} // namespace varnow::bench
