@@ -95,6 +95,7 @@ void frmDatabaseInfo::fillDevelopmentValues()
     Text1[2].setText("admin");
     if (DatabaseMode == 1)
         Text1[3].setText("admin");
+    SelectAllText(Text1[0]); // it has the focus first, maybe before these texts
 }
 
 void frmDatabaseInfo::leave(bool canceled)

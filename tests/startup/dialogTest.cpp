@@ -150,7 +150,10 @@ TEST_P(DialogTest, ShowsItsPromptWhole)
         const Action look = [&](const Driver &user) {
             const QWidget *window = user.control("Text1(0)")->window();
             EXPECT_EQ(window->windowTitle(), prompts[mode]);
-            EXPECT_GT(window->width(), window->fontMetrics().horizontalAdvance(prompts[mode]));
+            QFont bold = window->font();
+            bold.setBold(true);
+            constexpr int buttons = 80;
+            EXPECT_GT(window->width(), QFontMetrics(bold).horizontalAdvance(prompts[mode]) + buttons);
             EXPECT_EQ(window->minimumSize(), window->maximumSize());
         };
         showDialog(mode, {look, cancel});
