@@ -1,0 +1,98 @@
+#include "editor/EditorTest.h"
+
+#include "support/TdsServer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+namespace varnow::test {
+
+namespace {
+
+/// The progress window while there is one.
+QWidget *progressWindow()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "frmProgress" && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/// A slow server makes a run last longer than a second.
+class ProgressTest : public EditorTest
+{
+protected:
+    ProgressTest()
+    {
+        for (int i = 1; i <= 40; ++i)
+            addLine("Standard", QStringLiteral("L%1").arg(i), 0, i);
+        addField("Standard", "L1", 0, 1, 1, "Only");
+        open();
+        watch.callOnTimeout([this] {
+            if (QWidget *window = progressWindow())
+                whenShown(window);
+        });
+        watch.start(20);
+    }
+
+    QString changedRows() { return database.value("SELECT COUNT(*) FROM LabLineConfig WHERE MsgIndex < 0"); }
+
+    QTimer watch;
+    std::function<void(QWidget *)> whenShown = [](QWidget *) {
+        ADD_FAILURE() << "a short run shows no window";
+    };
+};
+
+TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
+{
+    QString configuration = "Standard";
+    for (int i = 1; i <= 40; ++i)
+        StoreDataInLabLineConfigRecordArray(0, configuration, QStringLiteral("L%1").arg(i), 0, -i, 0, "", "",
+                                            {});
+    whenShown = [this](QWidget *window) {
+        EXPECT_EQ(window->findChild<QLabel *>("lblWhat")->text(), "Saving the lines");
+        EXPECT_TRUE(window->findChild<QLabel *>("lblCount")->text().endsWith(" of 40"));
+        const QWidget *exit = user->control("cmdExit"); // no other window listens
+        QTest::mouseClick(exit->window()->windowHandle(), Qt::LeftButton, {}, exit->geometry().center());
+        QTest::mouseClick(window->findChild<QAbstractButton *>("cmdStop"), Qt::LeftButton);
+    };
+    database.server()->setDelay(20);
+    user->click("cmdSave");
+    database.server()->setDelay(0);
+    const int written = changedRows().toInt();
+    EXPECT_GT(written, 0);
+    EXPECT_LT(written, 40);
+    const QString summary = "%1\r\n  %2 errors occurred\r\n  %3 records processed correctly.";
+    EXPECT_EQ(messages.take(),
+              (std::vector<Box>{{summary.arg("SaveAllLabLineCfg complete").arg(40 - written).arg(written)},
+                                {summary.arg("SaveAllLabLineFldsCfg Complete.").arg(1).arg(0)}}));
+    EXPECT_EQ(progressWindow(), nullptr);
+    EXPECT_TRUE(editor->isLoaded());
+
+    whenShown = [](QWidget *) {};
+    user->click("cmdSave");
+    EXPECT_EQ(changedRows(), "40");
+}
+
+TEST_P(ProgressTest, StoppedLoadLeavesTheLinesAsTheyAre)
+{
+    database.run("UPDATE LabLineConfig SET Name = 'Other'");
+    database.server()->setDelay(500); // of each step that leads to the first row
+    whenShown = [](QWidget *window) { window->close(); };
+    db::RecordsetPtr recordset;
+    EXPECT_EQ(GetLabLineConfig(recordset), 18);
+    EXPECT_EQ(LabLineTable[0].Name, "L1");
+    EXPECT_EQ(GetAllLabLineFieldsConfig(recordset), 0);
+    EXPECT_EQ(messages.take(), std::vector<Box>({{"There was a problem retrieving the Line Field\r\n"
+                                                  "configuration records.  Return code: 18"}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ProgressTest, testing::Values(Engine::SqlServer), nameOfEngine);
+
+} // namespace varnow::test
