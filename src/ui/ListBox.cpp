@@ -48,7 +48,7 @@ public:
                              [](const QString &a, const QString &b) { return a.size() < b.size(); });
         m_width = longest == rows.cend()
                       ? 0
-                      : m_view->fontMetrics().size(Qt::TextExpandTabs, *longest).width() + 200;
+                      : m_view->fontMetrics().size(Qt::TextExpandTabs, *longest).width() + 16;
         endResetModel();
     }
 
