@@ -40,31 +40,25 @@ protected:
     /// Adds a line to the database, before the editor opens.
     void addLine(const QString &configuration, const QString &name, int nameIndex, int msgIndex)
     {
-        database.run(
-            QStringLiteral("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) "
-                           "VALUES (%1, %2, %3, %4, %5)")
-                .arg(++lastId)
-                .arg(sqlText(configuration), sqlText(name))
-                .arg(nameIndex)
-                .arg(msgIndex));
+        insert("LabLineConfig", "Configuration, Name, NameIndex, MsgIndex",
+               {db::quoted(configuration), db::quoted(name), QString::number(nameIndex),
+                QString::number(msgIndex)});
     }
 
     void addField(const QString &configuration, const QString &line, int lineIndex, int msgIndex,
                   int position, const QString &name, int nameIndex = 0)
     {
-        database.run(
-            QStringLiteral(
-                "INSERT INTO LabLineFieldConfig (id, Configuration, Line, LineIndex, MsgIndex, Position, "
-                "Name, NameIndex, Length, DataType, LookupString, FormatString, Constant, "
-                "ValidationString, FixedLength, PadChar, PadDirection) "
-                "VALUES (%1, %2, %3, %4, %5, %6, %7, %8, 0, 'String', '', '', 'x', '0', 0, '', 0)")
-                .arg(++lastId)
-                .arg(sqlText(configuration), sqlText(line))
-                .arg(lineIndex)
-                .arg(msgIndex)
-                .arg(position)
-                .arg(sqlText(name))
-                .arg(nameIndex));
+        insert("LabLineFieldConfig",
+               "Configuration, Line, LineIndex, MsgIndex, Position, Name, NameIndex, Constant",
+               {db::quoted(configuration), db::quoted(line), QString::number(lineIndex),
+                QString::number(msgIndex), QString::number(position), db::quoted(name),
+                QString::number(nameIndex), "'x'"});
+    }
+
+    void insert(const QString &table, const QString &columns, const QStringList &values)
+    {
+        database.run(QStringLiteral("INSERT INTO %1 (id, %2) VALUES (%3, %4)")
+                         .arg(table, columns, QString::number(++lastId), values.join(u',')));
     }
 
     /// Reads the catalogue and opens the editor as the program does.
@@ -127,7 +121,8 @@ protected:
         return asked;
     }
 
-    static QString sqlText(const QString &text) { return db::quoted(text); }
+    /// The boxes shown since they were looked at last.
+    void expectBoxes(const std::vector<Box> &expected) { EXPECT_EQ(messages.take(), expected); }
 
     static QString joined(const QStringList &lines) { return lines.join("\r\n"); }
 

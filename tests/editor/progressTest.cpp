@@ -69,9 +69,8 @@ TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
     EXPECT_GT(written, 0);
     EXPECT_LT(written, 40);
     const QString summary = "%1\r\n  %2 errors occurred\r\n  %3 records processed correctly.";
-    EXPECT_EQ(messages.take(),
-              (std::vector<Box>{{summary.arg("SaveAllLabLineCfg complete").arg(40 - written).arg(written)},
-                                {summary.arg("SaveAllLabLineFldsCfg Complete.").arg(1).arg(0)}}));
+    expectBoxes({{summary.arg("SaveAllLabLineCfg complete").arg(40 - written).arg(written)},
+                 {summary.arg("SaveAllLabLineFldsCfg Complete.").arg(1).arg(0)}});
     EXPECT_EQ(progressWindow(), nullptr);
     EXPECT_TRUE(editor->isLoaded());
 
@@ -89,8 +88,8 @@ TEST_P(ProgressTest, StoppedLoadLeavesTheLinesAsTheyAre)
     EXPECT_EQ(GetLabLineConfig(recordset), 18);
     EXPECT_EQ(LabLineTable[0].Name, "L1");
     EXPECT_EQ(GetAllLabLineFieldsConfig(recordset), 0);
-    EXPECT_EQ(messages.take(), std::vector<Box>({{"There was a problem retrieving the Line Field\r\n"
-                                                  "configuration records.  Return code: 18"}}));
+    expectBoxes({{"There was a problem retrieving the Line Field\r\n"
+                  "configuration records.  Return code: 18"}});
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ProgressTest, testing::Values(Engine::SqlServer), nameOfEngine);

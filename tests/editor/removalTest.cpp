@@ -50,13 +50,13 @@ TEST_P(RemovalTest, RemovesALineAndRenumbersTheRest)
 {
     user->clickNode("2 PID");
     removeWith(ui::answer::Yes);
-    EXPECT_EQ(messages.take(), std::vector{confirmLine});
+    expectBoxes({confirmLine});
     EXPECT_EQ(user->tree(),
               QStringList({"1 MSH", "  1.1 Separator", "2 OBX(1)", "  2.1 Value", "  2.2 Value(2)"}));
     EXPECT_EQ(user->text("Text1(0)"), "PID"); // the entries stay
 
     removeWith(ui::answer::Yes); // pressed twice
-    EXPECT_EQ(messages.take(), (std::vector{confirmLine, lineNotRemoved}));
+    expectBoxes({confirmLine, lineNotRemoved});
     EXPECT_EQ(lines(), QStringList({"MSH(0)=1", "OBX(1)=2"}));
     EXPECT_TRUE(leavingAsks());
 }
@@ -67,12 +67,12 @@ TEST_P(RemovalTest, RefusesALineThatHasFields)
         user->type("Text1(0)", "OBX");
         user->type("Text1(1)", typedIndex);
         removeWith(ui::answer::Yes);
-        EXPECT_EQ(messages.take(), (std::vector{confirmLine, hasFields})) << qPrintable(typedIndex);
+        expectBoxes({confirmLine, hasFields});
     }
     for (const QString noSuchIndex : {"2", "99999999999"}) {
         user->type("Text1(1)", noSuchIndex);
         removeWith(ui::answer::Yes);
-        EXPECT_EQ(messages.take(), (std::vector{confirmLine, lineNotRemoved})) << qPrintable(noSuchIndex);
+        expectBoxes({confirmLine, lineNotRemoved});
     }
     EXPECT_EQ(lines().size(), 3);
 }
@@ -81,7 +81,7 @@ TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
 {
     user->clickNode("3.2 Value(2)");
     removeWith(ui::answer::No);
-    EXPECT_EQ(messages.take(), std::vector{confirmField});
+    expectBoxes({confirmField});
     EXPECT_EQ(fields().size(), 3);
     removeWith(ui::answer::Yes);
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Separator", "2 PID", "3 OBX(1)", "  3.1 Value"}));
@@ -89,7 +89,7 @@ TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
     for (const QString noSuchIndex : {"2", "2147483648"}) {
         user->type("Text2(1)", noSuchIndex);
         removeWith(ui::answer::Yes);
-        EXPECT_EQ(messages.take(), (std::vector{confirmField, fieldNotRemoved})) << qPrintable(noSuchIndex);
+        expectBoxes({confirmField, fieldNotRemoved});
     }
     user->type("Text2(1)", ""); // reads as 0
     removeWith(ui::answer::Yes);
@@ -109,15 +109,13 @@ TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
     user->click("cmdAdd");
     messages.take();
     user->click("cmdSave");
-    EXPECT_EQ(
-        messages.take(),
-        (std::vector<Box>{
-            {"DeleteRemovedLabLineConfigFromDatabase Complete\r\n  0 errors occurred\r\n  1 records "
-             "processed correctly."},
-            {"SaveAllLabLineCfg complete\r\n  0 errors occurred\r\n  3 records processed correctly."},
-            {"DeleteRemovedLabLineFieldsFromDatabase Complete\r\n  0 errors occurred\r\n  1 records "
-             "processed correctly."},
-            {"SaveAllLabLineFldsCfg Complete.\r\n  0 errors occurred\r\n  2 records processed correctly."}}));
+    expectBoxes(
+        {{"DeleteRemovedLabLineConfigFromDatabase Complete\r\n  0 errors occurred\r\n  1 records "
+          "processed correctly."},
+         {"SaveAllLabLineCfg complete\r\n  0 errors occurred\r\n  3 records processed correctly."},
+         {"DeleteRemovedLabLineFieldsFromDatabase Complete\r\n  0 errors occurred\r\n  1 records "
+          "processed correctly."},
+         {"SaveAllLabLineFldsCfg Complete.\r\n  0 errors occurred\r\n  2 records processed correctly."}});
     removeWith(ui::answer::Yes);
     user->click("cmdSave");
     EXPECT_EQ(database.rows("SELECT Name, NameIndex, MsgIndex FROM LabLineConfig ORDER BY MsgIndex"),

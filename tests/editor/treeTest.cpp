@@ -28,7 +28,7 @@ TEST_P(TreeTest, PlacesNodesByMessageIndex)
     store("YYY", "0");
     EXPECT_EQ(user->tree(),
               QStringList({"1 MSH", "2 PID", "  2.1 Second", "3 ORC", "5 OBR", "-1 ZZZ", "0 YYY"}));
-    EXPECT_EQ(messages.take(), std::vector<Box>());
+    expectBoxes({});
 }
 
 TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
@@ -38,10 +38,7 @@ TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
     addField("Standard", "MSH", 0, 1, 1, "Separator");
     messages.answerWith(ui::answer::Yes);
     open();
-    EXPECT_EQ(
-        messages.take(),
-        std::vector<Box>(
-            {{"A node with this message index already esists.\r\nDo you wish to update this node?", 36}}));
+    expectBoxes({{"A node with this message index already esists.\r\nDo you wish to update this node?", 36}});
     EXPECT_EQ(user->tree(), QStringList({"1 PID(2)", "  1.1 Separator"}));
     user->clickNode("1 PID(2)");
     EXPECT_EQ(user->text("Text1(0)"), "PID");
@@ -57,9 +54,7 @@ TEST_P(TreeTest, RefusesFieldsWithoutAnyLine)
     open();
     const Box needsLine{
         "The system requires a line for field attachment.\r\nPlease check your input and try again."};
-    EXPECT_EQ(
-        messages.take(),
-        (std::vector<Box>{needsLine, needsLine, {"There is no line configuration\r\ndata to display."}}));
+    expectBoxes({needsLine, needsLine, {"There is no line configuration\r\ndata to display."}});
     EXPECT_TRUE(user->tree().isEmpty());
 }
 
