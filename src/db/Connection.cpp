@@ -7,18 +7,19 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
 #include <array>
 
 namespace varnow::db {
 
 namespace {
 
-constexpr SQLULEN queryTimeout = 30; // seconds
+constexpr int longestWait = 30; // for a statement, in seconds
 
 /// An integer travels to ODBC in the place of a pointer.
-SQLPOINTER asPointer(SQLULEN number)
+SQLPOINTER asPointer(int number)
 {
-    return reinterpret_cast<SQLPOINTER>(number);
+    return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(number));
 }
 
 SQLWCHAR *utf16(const QString &text)
@@ -56,7 +57,7 @@ SQLHENV environment()
 {
     static const Handle handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
     static const SQLRETURN version =
-        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(SQL_OV_ODBC3), 0);
+        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(int{SQL_OV_ODBC3}), 0);
     Q_UNUSED(version)
     return handle.get();
 }
@@ -83,14 +84,15 @@ QString sqlServerDriver()
 
 struct Connection::Handles
 {
-    explicit Handles(Dialect databaseDialect)
-        : connection(SQL_HANDLE_DBC, environment()), dialect(databaseDialect)
+    Handles(Dialect databaseDialect, int seconds)
+        : connection(SQL_HANDLE_DBC, environment()), dialect(databaseDialect), timeout(seconds)
     {
     }
     ~Handles() { SQLDisconnect(connection.get()); }
 
     const Handle connection;
     const Dialect dialect;
+    const int timeout; // of a statement, in seconds
 };
 
 Connection::Connection() = default;
@@ -104,9 +106,10 @@ void Connection::open(const QString &connectionString, int timeout)
     const QString text = dialect == Dialect::Sqlite ? sqliteConnectionString(values, timeout)
                                                     : sqlServerConnectionString(values, sqlServerDriver());
 
-    auto handles = std::make_unique<Handles>(dialect);
+    // Never 0, which would mean to wait for ever.
+    auto handles = std::make_unique<Handles>(dialect, std::clamp(timeout, 1, longestWait));
     const Handle &connection = handles->connection;
-    SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(static_cast<SQLULEN>(timeout)), 0);
+    SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(timeout), 0);
     if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
         throw RuntimeError(codes::Failure, connection.error(dialect).description());
     m_handles = std::move(handles);
@@ -120,7 +123,7 @@ Recordset Connection::execute(const QString &sql)
     const QString text = inDialect(sql, dialect);
 
     const Handle statement(SQL_HANDLE_STMT, m_handles->connection.get());
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(queryTimeout), 0);
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(m_handles->timeout), 0);
     const SQLRETURN result = run(statement, text, dialect);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) // which says that no row was touched
         throw statement.error(dialect);

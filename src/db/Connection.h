@@ -21,8 +21,8 @@ public:
     /// `timeout` is the log-in time-out in seconds. Raises -2147467259 whatever the reason of the failure.
     void open(const QString &connectionString, int timeout);
 
-    /// Runs one SQL statement, waits at most 30 seconds for it and fetches all rows of its result.
-    /// Raises the provider's error code.
+    /// Runs one SQL statement, waits for it as long as for the log-in but never longer than 30 seconds, and
+    /// fetches all rows of its result. Raises the provider's error code.
     Recordset execute(const QString &sql);
 
 private:

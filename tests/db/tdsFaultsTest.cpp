@@ -144,20 +144,26 @@ TEST_F(TdsFaults, TruncatedResultIsNeverWhole)
     EXPECT_GT(bytes, 4096 + rowCount);
 }
 
-// A wait without end. The three waits run at once, for each lasts the whole query time-out.
+// A wait without end. The three waits run at once.
 TEST_F(TdsFaults, StatementsTimeOut)
 {
     server.failStatements({.kind = Fault::NoAnswer}, "data_extractor_config");
     server.failStatements({.kind = Fault::Hang}, "Misc_upload_constants");
-    const auto later = [](const QString &sql) { return std::async(std::launch::async, command, sql); };
+    const auto later = [](const QString &sql) {
+        return std::async(std::launch::async, [sql] {
+            ConnectionPtr connection;
+            EXPECT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 1), 0);
+            return ExecuteCommand(std::make_shared<Command>(Command{connection, sql}));
+        });
+    };
     database.run("BEGIN EXCLUSIVE");
     auto unanswered = later("DELETE data_extractor_config WHERE config_name = '';");
     auto hanging = later("DELETE Misc_upload_constants WHERE DefaultConfigName = '';");
     auto locked = later(update);
     EXPECT_EQ(locked.get(), codes::TimeOut);
     EXPECT_EQ(unanswered.get(), codes::TimeOut);
-    database.run("ROLLBACK");
     EXPECT_EQ(hanging.get(), codes::TimeOut);
+    database.run("ROLLBACK");
     EXPECT_EQ(command(update), 0);
 }
 

@@ -72,36 +72,6 @@ TEST_F(TdsValues, EveryColumnTypeAndNull)
     }
 }
 
-// A text cut at the size of a buffer or packet, a letter split there, an apostrophe that ends a literal.
-TEST_F(TdsValues, TextsComeBackEqual)
-{
-    QStringList texts{"",
-                      " ",
-                      "'",
-                      "''; DELETE LabLineConfig; --",
-                      "/* \" ] } ) % _ \\ ; ? :x @y",
-                      "tab\t line\r\nend",
-                      QString(QChar(1)) + QChar(0x7F),
-                      "ÿ € ł ё 日本 עברית",
-                      "e\u0301 \u200F\u202E",
-                      QString("😀").repeated(3),
-                      "N'x'"};
-    for (const int size : {4000, 4096, 8191, 8192, 10'000, 1'000'000})
-        texts << QString(size, u'x') << QString("ł").repeated(size) << 'x' + QString("😀").repeated(size / 2);
-
-    database.run("CREATE TABLE texts (id int, t \"nvarchar(max)\")");
-    for (int i = 0; i < texts.size(); ++i)
-        ASSERT_EQ(CompleteCommand(GetConfigConnectString(),
-                                  QStringLiteral("INSERT INTO texts (id, t) VALUES (%1, ").arg(i) +
-                                      quoted(texts[i]) + ");"),
-                  0);
-    const QVariantList back = column("SELECT t FROM texts ORDER BY id;");
-    ASSERT_EQ(back.size(), texts.size());
-    for (int i = 0; i < texts.size(); ++i)
-        EXPECT_TRUE(back[i].toString() == texts[i]) << i << ' ' << texts[i].left(20).toStdString();
-    EXPECT_EQ(database.value("SELECT t FROM texts WHERE id = 7"), texts[7]);
-}
-
 // A client that counts on a packet or a read holding a certain piece of the answer.
 TEST_F(TdsValues, AnswersInPiecesOfAnySize)
 {

@@ -21,7 +21,7 @@ std::string engineName(Engine engine);
 /// The engines that every test of the program's behaviour runs on.
 inline auto everyEngine()
 {
-    return testing::Values(Engine::Sqlite);
+    return testing::Values(Engine::Sqlite, Engine::SqlServer);
 }
 
 /// A database made from sql/schema.sql in a folder of its own, gone with this object.
