@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QTreeWidget>
 
+#include <utility>
+
 namespace varnow::ui {
 
 class TreeView::Item : public QTreeWidgetItem
@@ -106,19 +108,26 @@ int TreeView::keep(Item *item)
     return item->number;
 }
 
-int TreeView::addRoot(const QString &key, const QString &text)
+int TreeView::insertRoot(qsizetype place, const QString &key, const QString &text)
 {
     auto *added = new Item(key, text);
-    tree()->addTopLevelItem(added);
+    if (m_updating)
+        m_waitingRoots.insert(place, added);
+    else
+        tree()->insertTopLevelItem(static_cast<int>(place), added);
     return keep(added);
+}
+
+int TreeView::addRoot(const QString &key, const QString &text)
+{
+    return insertRoot(m_updating ? m_waitingRoots.size() : tree()->topLevelItemCount(), key, text);
 }
 
 int TreeView::addAfter(int root, const QString &key, const QString &text)
 {
-    const int place = tree()->indexOfTopLevelItem(item(root)) + 1;
-    auto *added = new Item(key, text);
-    tree()->insertTopLevelItem(place, added);
-    return keep(added);
+    const qsizetype place =
+        m_updating ? m_waitingRoots.lastIndexOf(item(root)) : tree()->indexOfTopLevelItem(item(root));
+    return insertRoot(place + 1, key, text);
 }
 
 int TreeView::addChild(int parent, const QString &key, const QString &text)
@@ -158,15 +167,26 @@ void TreeView::clear()
     tree()->clear();
 }
 
+/// Expands the item and what it hangs on; null expands nothing.
+void TreeView::expand(QTreeWidgetItem *item)
+{
+    for (; item != nullptr; item = item->parent()) {
+        if (!item->isExpanded())
+            item->setExpanded(true);
+    }
+}
+
 void TreeView::ensureVisible(int node)
 {
-    for (QTreeWidgetItem *owner = item(node)->parent(); owner != nullptr; owner = owner->parent()) {
-        if (!owner->isExpanded())
-            owner->setExpanded(true);
+    auto *owner = static_cast<Item *>(item(node)->parent());
+    if (!m_updating) {
+        expand(owner);
+        tree()->scrollToItem(item(node));
+        return;
     }
     m_scrollTo = node;
-    if (!m_updating)
-        tree()->scrollToItem(item(node));
+    if (m_waitingToExpand.empty() || m_waitingToExpand.back() != owner)
+        m_waitingToExpand.push_back(owner);
 }
 
 void TreeView::beginUpdate()
@@ -179,6 +199,9 @@ void TreeView::beginUpdate()
 void TreeView::endUpdate()
 {
     m_updating = false;
+    tree()->addTopLevelItems(std::exchange(m_waitingRoots, {}));
+    for (Item *owner : std::exchange(m_waitingToExpand, {}))
+        expand(owner);
     if (m_scrollTo != none)
         tree()->scrollToItem(item(m_scrollTo));
     tree()->setUpdatesEnabled(true);

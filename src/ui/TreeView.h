@@ -2,9 +2,13 @@
 
 #include "ui/Control.h"
 
+#include <QList>
+
 #include <functional>
 #include <unordered_map>
 #include <vector>
+
+class QTreeWidgetItem;
 
 namespace varnow::ui {
 
@@ -42,7 +46,8 @@ public:
     /// Expands what hides the node and scrolls until it is seen. During an update that waits for its end.
     void ensureVisible(int node);
 
-    /// Between the two nothing is painted or scrolled; the end paints and scrolls once.
+    /// Between the two an empty tree is filled out of sight, which is quicker than one node at a time; the
+    /// end shows all nodes, paints and scrolls once.
     void beginUpdate();
     void endUpdate();
 
@@ -51,7 +56,9 @@ private:
     class Widget;
     Widget *tree() const;
     Item *item(int node) const;
+    int insertRoot(qsizetype place, const QString &key, const QString &text);
     int keep(Item *item);
+    static void expand(QTreeWidgetItem *item);
 
     struct Hash
     {
@@ -59,6 +66,8 @@ private:
     };
     std::vector<Item *> m_nodes;
     std::unordered_map<QString, int, Hash> m_byKey;
+    QList<QTreeWidgetItem *> m_waitingRoots; // of an update
+    std::vector<Item *> m_waitingToExpand;
     int m_scrollTo = none;
     bool m_updating = false;
 };
