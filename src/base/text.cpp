@@ -2,15 +2,6 @@
 
 namespace varnow {
 
-QStringView trimmedView(QStringView text)
-{
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 QString trim(const QString &text)
 {
     const QStringView view = trimmedView(text);

@@ -12,7 +12,14 @@ inline constexpr QLatin1String lineBreak("\r\n");
 QString trim(const QString &text);
 
 /// The same for a view: the part of it between its first and its last character that is no space.
-QStringView trimmedView(QStringView text);
+inline QStringView trimmedView(QStringView text) // inline, for the stores compare by it everywhere
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
 
 /// True when nothing but space characters (U+0020) is in the text.
 bool isBlank(QStringView text);

@@ -8,7 +8,9 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <string>
 #include <vector>
 
@@ -44,6 +46,8 @@ private:
 
     template <class Value> bool read(SQLUSMALLINT column, SQLSMALLINT cType, Value &value);
     QVariant text(SQLUSMALLINT column);
+    QVariant integerOrText(SQLUSMALLINT column);
+    QVariant textFrom(SQLUSMALLINT column, Piece first);
     Piece piece(SQLUSMALLINT column, char *buffer, std::size_t capacity);
     QString longText(SQLUSMALLINT column, QByteArray bytes);
     QString decoded(QByteArrayView bytes) const;
@@ -72,6 +76,8 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
     case SQL_SMALLINT:
     case SQL_INTEGER:
     case SQL_BIGINT: {
+        if (m_dialect == Dialect::Sqlite)
+            return integerOrText(column);
         qlonglong number = 0;
         return read(column, SQL_C_SBIGINT, number) ? QVariant(number) : QVariant();
     }
@@ -119,7 +125,24 @@ RowReader::Piece RowReader::piece(SQLUSMALLINT column, char *buffer, std::size_t
 
 QVariant RowReader::text(SQLUSMALLINT column)
 {
+    return textFrom(column, piece(column, m_buffer.data(), m_buffer.size()));
+}
+
+/// SQLite's integer columns hold other values too, so all are fetched as text; it keeps every whole number
+/// there as an integer, whose text is plain digits.
+QVariant RowReader::integerOrText(SQLUSMALLINT column)
+{
     const Piece first = piece(column, m_buffer.data(), m_buffer.size());
+    qlonglong number = 0;
+    const char *end = m_buffer.data() + std::max(first.size, SQLLEN(0));
+    if (first.last && std::from_chars(m_buffer.data(), end, number) == std::from_chars_result{end, {}})
+        return number;
+    return textFrom(column, first);
+}
+
+/// The text whose first piece stands in the buffer.
+QVariant RowReader::textFrom(SQLUSMALLINT column, Piece first)
+{
     if (first.size == SQL_NULL_DATA)
         return {};
     const QByteArrayView bytes(m_buffer.data(), first.size);
@@ -167,7 +190,8 @@ Columns describeColumns(const Handle &statement, Dialect dialect, SQLUSMALLINT c
             throw statement.error(dialect);
         columns.names.append(QString::fromUtf16(name.data()));
         // SQLite's columns hold values of any type whatever their own; only as text all arrive as they are.
-        columns.types.push_back(dialect == Dialect::Sqlite ? SQLSMALLINT(SQL_VARCHAR) : type);
+        const bool asText = dialect == Dialect::Sqlite && type != SQL_INTEGER;
+        columns.types.push_back(asText ? SQLSMALLINT(SQL_VARCHAR) : type);
     }
     return columns;
 }
