@@ -34,18 +34,25 @@ qsizetype literalEnd(const QString &sql, qsizetype start)
     return end < 0 ? sql.size() - 1 : end;
 }
 
-/// Without the prefix SQL Server turns letters outside its code page into question marks.
-QString withNationalLiterals(const QString &sql)
+/// A literal that SQL Server takes letter by letter. Without the prefix it turns letters outside its code
+/// page into question marks, and it drops every backslash together with the line break behind it, so that
+/// both are written twice to arrive once.
+QString sqlServerLiteral(QString literal)
+{
+    static const QRegularExpression continuation(QStringLiteral("\\\\(\r?\n)"));
+    if (!isAscii(literal))
+        literal.prepend(u'N');
+    return literal.replace(continuation, QStringLiteral("\\\\\\1\\1"));
+}
+
+QString withSqlServerLiterals(const QString &sql)
 {
     QString result;
     qsizetype copied = 0;
     for (qsizetype start = sql.indexOf(u'\''); start >= 0; start = sql.indexOf(u'\'', copied)) {
         const qsizetype end = literalEnd(sql, start) + 1;
-        const QStringView literal = QStringView(sql).sliced(start, end - start);
         result += QStringView(sql).sliced(copied, start - copied);
-        if (!isAscii(literal))
-            result += u'N';
-        result += literal;
+        result += sqlServerLiteral(sql.sliced(start, end - start));
         copied = end;
     }
     result += QStringView(sql).sliced(copied);
@@ -59,7 +66,7 @@ QString inDialect(const QString &sql, Dialect dialect)
     if (sql.contains(QChar(u'\0')) || !sql.isValidUtf16())
         throw RuntimeError(codes::Conversion,
                            QStringLiteral("The statement holds a character that cannot be sent"));
-    return dialect == Dialect::Sqlite ? withFrom(sql) : withNationalLiterals(sql);
+    return dialect == Dialect::Sqlite ? withFrom(sql) : withSqlServerLiterals(sql);
 }
 
 } // namespace varnow::db

@@ -118,6 +118,7 @@ TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
                       "''; DROP TABLE LabLineConfig; --",
                       "{fn now()} {ts '2020-01-01 00:00:00'} {call p(?)} {",
                       "? ?1 :name @name $name %s %n 100%",
+                      "\\\n \\\r\n \\\\\n\n\\",
                       "/* open -- \\ \\' \\\\",
                       everything};
     for (const int size : {4000, 4096, 8191, 8192, 10'000, 1'000'000})

@@ -24,6 +24,9 @@ TEST(Dialect, TurnsTheCommonStatementIntoEachDatabasesOwn)
          QStringLiteral("x('','''', '''é')")},
         {QStringLiteral("SELECT ü FROM t"), QStringLiteral("SELECT ü FROM t"),
          QStringLiteral("SELECT ü FROM t")},
+        // SQL Server drops a backslash before a line break, and both with it.
+        {"'a\\\n' \\\n", "'a\\\\\n\n' \\\n", "'a\\\n' \\\n"},
+        {"'\\\\\r\n\\n'", "'\\\\\\\r\n\r\n\\n'", "'\\\\\r\n\\n'"},
         {QStringLiteral("open 'é"), QStringLiteral("open N'é"), QStringLiteral("open 'é")},
     };
     for (const auto &given : cases) {

@@ -20,10 +20,12 @@ struct FinalizeStatement
 };
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// The same batch in SQLite's words. Literals without the N prefix lose what the code page lacks.
+/// The same batch in SQLite's words. A backslash drops the line break behind it, as SQL Server continues a
+/// literal on the next line; literals without the N prefix lose what the code page lacks.
 QString translated(const QString &batch)
 {
     static const QRegularExpression literal("(N?)('(?:[^']++|'')*+')");
+    static const QRegularExpression continuation("\\\\\r?\n");
     static const QRegularExpression deleteWithoutFrom(R"(^\s*DELETE\s+(?!FROM\b))",
                                                       QRegularExpression::CaseInsensitiveOption);
     QString sql;
@@ -31,7 +33,8 @@ QString translated(const QString &batch)
     for (auto all = literal.globalMatch(batch); all.hasNext();) {
         const auto match = all.next();
         sql += batch.mid(copied, match.capturedStart() - copied);
-        sql += match.captured(1).isEmpty() ? throughCodePage(match.captured(2)) : match.captured(2);
+        const QString text = match.captured(2).remove(continuation);
+        sql += match.captured(1).isEmpty() ? throughCodePage(text) : text;
         copied = match.capturedEnd();
     }
     sql += batch.mid(copied);
