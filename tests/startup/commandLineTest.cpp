@@ -79,8 +79,9 @@ TEST(Program, BlanksItsWordsInTheProcessList)
     const QStringList words{gCfgServer, gCfgDatabase, gCfgUser, gCfgPassword};
     QProcess program;
     program.start(VARNOW_PROGRAM, words + words);
-    while (database.server()->logins().empty()) // it has read its words once it logs in
-        QTest::qWait(1);
+    while (program.state() != QProcess::NotRunning && database.server()->logins().empty())
+        QTest::qWait(1); // it has read its words once it logs in
+    ASSERT_FALSE(database.server()->logins().empty());
     QFile list(QStringLiteral("/proc/%1/cmdline").arg(program.processId()));
     ASSERT_TRUE(list.open(QIODevice::ReadOnly));
     EXPECT_EQ(list.readAll().replace('\0', ""), QByteArray(VARNOW_PROGRAM));
