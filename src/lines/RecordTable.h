@@ -261,12 +261,15 @@ private:
         return keyHash(record.Configuration, record.Name, record.NameIndex);
     }
 
-    int configurationNumber(const QString &configuration)
+    /// Number of a configuration. All records of one share its text: who walks the table then finds it in
+    /// the cache.
+    int configurationNumber(QString &configuration)
     {
-        const auto known = m_configurations.constFind(configuration);
-        if (known != m_configurations.cend())
-            return *known;
-        return *m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
+        auto known = m_configurations.constFind(configuration);
+        if (known == m_configurations.cend())
+            known = m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
+        configuration = known.key();
+        return *known;
     }
 
     /// Brings the chunks' start indexes up to date.
