@@ -6,8 +6,6 @@
 #include "support/TdsServer.h"
 #include "support/TestDatabase.h"
 
-#include <QDir>
-
 #include <future>
 #include <gtest/gtest.h>
 
@@ -165,26 +163,6 @@ TEST_F(TdsFaults, StatementsTimeOut)
     EXPECT_EQ(hanging.get(), codes::TimeOut);
     database.run("ROLLBACK");
     EXPECT_EQ(command(update), 0);
-}
-
-// A handle, socket or descriptor left open by a statement that succeeds or fails.
-TEST_F(TdsFaults, ThousandStatementsLeakNoDescriptor)
-{
-    const auto descriptors = [this] {
-        server.waitUntilLeft();
-        return QDir("/proc/self/fd").entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
-    };
-    command(update); // loads the driver
-    const auto before = descriptors();
-    server.failStatements({.kind = Fault::CutOff, .bytes = 30}, "Nobody");
-    server.failStatements({.number = 547}, "Refused");
-    for (int i = 0; i < 250; ++i) {
-        EXPECT_EQ(command(update), 0);
-        EXPECT_EQ(query(select), 0);
-        EXPECT_NE(query("SELECT Nobody FROM LabLineConfig;"), 0);
-        EXPECT_NE(command("UPDATE Refused SET Name = '';"), 0);
-    }
-    EXPECT_EQ(descriptors(), before);
 }
 
 } // namespace varnow::test

@@ -67,6 +67,7 @@ TdsServer::~TdsServer()
 
 void TdsServer::start()
 {
+    stop();
     m_stopping = false;
     m_listener = listenOn(m_port);
     m_acceptor = std::jthread([this] { acceptClients(); });
@@ -78,19 +79,27 @@ void TdsServer::stop()
         return;
     shutdown(m_listener, SHUT_RDWR); // ends accept()
     m_acceptor.join();
+    die(); // nobody comes any more
     close(m_listener);
 
-    std::list<Session> ending;
+    std::list<Session> ending; // joins the threads, which need the lock to end
+    const std::lock_guard lock(m_mutex);
+    ending.swap(m_sessions);
+}
+
+/// Ends every connection; the threads end by themselves.
+void TdsServer::die()
+{
+    shutdown(m_listener, SHUT_RDWR); // ends accept()
     {
         const std::lock_guard lock(m_mutex);
         m_stopping = true;
         for (const Session &session : m_sessions)
             if (!session.finished)
                 shutdown(session.socket, SHUT_RDWR); // ends recv() and send()
-        ending.swap(m_sessions);
     }
     m_changed.notify_all();
-} // `ending` joins the threads
+}
 
 void TdsServer::acceptClients()
 {
@@ -160,7 +169,7 @@ bool TdsServer::logIn(int socket, const QByteArray &record)
 bool TdsServer::runBatch(int socket, Database &database, const QString &batch)
 {
     const auto fault = faultFor(batch);
-    if (fault && fault->kind != Fault::CutOff)
+    if (fault && fault->kind != Fault::CutOff && fault->kind != Fault::Death)
         return fail(socket, *fault, QByteArray());
     const QByteArray tokens = database.run(batch);
     if (tokens.isNull())
@@ -179,6 +188,9 @@ bool TdsServer::fail(int socket, const Fault &fault, const QByteArray &tokens)
     case Fault::Hang:
         while (receive(socket)) {
         }
+        return false;
+    case Fault::Death:
+        die();
         return false;
     case Fault::CutOff:
         send(socket, tokens, fault.bytes);

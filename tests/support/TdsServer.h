@@ -26,7 +26,8 @@ struct Fault
         Error,    ///< the error `number` with `message` is the answer
         NoAnswer, ///< nothing comes until the client cancels, as behind a long row lock
         Hang,     ///< nothing comes, whatever the client does
-        CutOff    ///< the connection closes after `bytes` bytes of the answer
+        CutOff,   ///< the connection closes after `bytes` bytes of the answer
+        Death     ///< the statement runs, then the server dies without an answer until start()
     };
     Kind kind = Error;
     int number = 0;
@@ -85,6 +86,7 @@ private:
         int seen = 0;
     };
 
+    void die();
     void acceptClients();
     void serve(Session &session);
     void talk(int socket);

@@ -1,0 +1,173 @@
+// What a save promises while SQL Server fails: the summary counts, memory loses nothing, the next save
+// completes what this one left.
+
+#include "db/ConfigADOUtilities.h"
+#include "fields/modLabLineFldCfgDatabase.h"
+#include "lines/modLabLineCfgDatabase.h"
+#include "support/StoreFixture.h"
+#include "support/TdsServer.h"
+
+#include <QDir>
+
+#include <malloc.h>
+#include <thread>
+
+using namespace varnow;
+using namespace varnow::test;
+
+namespace {
+
+constexpr const char *linesSaved = "SaveAllLabLineCfg complete";
+constexpr const char *fieldsSaved = "SaveAllLabLineFldsCfg Complete.";
+constexpr const char *fieldsDeleted = "DeleteRemovedLabLineFieldsFromDatabase Complete";
+const QString standard = QStringLiteral("Standard");
+
+class SaveOverWire : public StoreTest
+{
+protected:
+    /// Lines L1 to Ln.
+    static void storeLines(int count)
+    {
+        for (int i = 1; i <= count; ++i)
+            storeLine(0, standard, QStringLiteral("L%1").arg(i), 0, i);
+    }
+
+    /// Runs the save of all lines and expects its summary.
+    void expectSave(int errors, int correct)
+    {
+        EXPECT_EQ(SaveAllLabLineCfg(), 0);
+        expectBoxes({summary(linesSaved, errors, correct)});
+    }
+
+    QStringList rows() { return database.rows("SELECT id, Name, MsgIndex FROM LabLineConfig ORDER BY id"); }
+
+    TdsServer &server = *database.server();
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Engines, SaveOverWire, testing::Values(Engine::SqlServer),
+                         [](const auto &suite) { return engineName(suite.param); });
+
+// Faults: a save that ends early, waits for a dead server record by record, or forgets what it could not
+// write; a row written twice because its answer was lost.
+TEST_P(SaveOverWire, goesOnWhenTheServerDiesAndCompletesLater)
+{
+    storeLines(100);
+    storeField(field(standard, "A", 1));
+    database.run("INSERT INTO LabLineFieldConfig (id) VALUES (77)");
+    RemovedLabLineFldTable.resize(1);
+    RemovedLabLineFldTable[0].id = 77;
+
+    server.failStatements({.kind = Fault::Death}, "INSERT", 41);
+    EXPECT_EQ(SaveAllLabLineData(), 0);
+    expectBoxes({summary(linesSaved, 60, 40), summary(fieldsDeleted, 1, 0), summary(fieldsSaved, 1, 0)});
+    EXPECT_EQ(rows().size(), 41) << "the last row was written, only its answer was lost";
+    EXPECT_EQ(LabLineTable.size(), 100);
+    EXPECT_EQ(RemovedLabLineFldTable.size(), 1U);
+
+    server.start();
+    EXPECT_EQ(SaveAllLabLineData(), 0);
+    expectBoxes({summary(linesSaved, 0, 100), summary(fieldsDeleted, 0, 1), summary(fieldsSaved, 0, 1)});
+    EXPECT_EQ(rows().size(), 100);
+    EXPECT_EQ(rows().last(), "100|L100|100");
+    EXPECT_EQ(database.rows("SELECT Name FROM LabLineFieldConfig"), QStringList("A"));
+}
+
+// Fault: an error that stops the run, is not counted, or keeps its record from the next save. A lock held too
+// long comes as 1222 or, when the client gives up first, as a statement that fails like any other.
+TEST_P(SaveOverWire, countsEveryErrorOfOneRecordAndGoesOn)
+{
+    struct Failing
+    {
+        const char *statement;
+        int nth;
+    };
+    for (const int number : {102, 207, 208, 229, 515, 547, 1205, 1222, 2627, 8152, 0}) {
+        for (const Failing failing : {Failing{"MAX(id)", 2}, {"INSERT", 2}, {"UPDATE", 1}}) {
+            emptyStores();
+            database.run("DELETE FROM LabLineConfig; "
+                         "INSERT INTO LabLineConfig VALUES (9, 'Standard', 'L2', 0, 0, 0, '', '', NULL)");
+            storeLines(4);
+            server.failStatements({.kind = number == 0 ? Fault::CutOff : Fault::Error, .number = number},
+                                  failing.statement, failing.nth);
+            expectSave(1, 3);
+            server.clearFaults();
+            expectSave(0, 4);
+            EXPECT_EQ(database.rows("SELECT Name, MsgIndex FROM LabLineConfig ORDER BY Name"),
+                      (QStringList{"L1|1", "L2|2", "L3|3", "L4|4"}))
+                << number << failing.statement;
+        }
+    }
+}
+
+// Fault: an editor that takes an identifier another one took meanwhile, and overwrites or loses a line.
+TEST_P(SaveOverWire, anotherEditorTakesTheIdentifierFirst)
+{
+    storeLine(0, standard, "Mine", 0, 1);
+    database.run("BEGIN IMMEDIATE; INSERT INTO LabLineConfig (id, Name, MsgIndex) VALUES (1, 'Other', 1)");
+    std::jthread other([this] { // commits when ours has its identifier and waits for the lock
+        while (server.statements().filter("INSERT").isEmpty())
+            std::this_thread::yield();
+        database.run("COMMIT");
+    });
+    expectSave(1, 0);
+    expectSave(0, 1);
+    EXPECT_EQ(rows(), (QStringList{"1|Other|1", "2|Mine|1"}));
+}
+
+// Fault: two clients at once that hang each other up, or that count a line as written which is not there.
+TEST_P(SaveOverWire, twoEditorsInsertAtTheSameTime)
+{
+    const auto insertUntilDone = [](const QString &configuration) {
+        for (int i = 1; i <= 50; ++i) {
+            while (SaveLabLineConfig(configuration, QStringLiteral("L%1").arg(i), 0, i) != 0) {
+            }
+        }
+    };
+    {
+        std::jthread other(insertUntilDone, "Other");
+        insertUntilDone(standard);
+    }
+    EXPECT_EQ(database.rows("SELECT Configuration, COUNT(DISTINCT Name), COUNT(*) FROM LabLineConfig "
+                            "GROUP BY Configuration"),
+              (QStringList{"Other|50|50", "Standard|50|50"}));
+}
+
+// Fault: an answer that is not waited for.
+TEST_P(SaveOverWire, waitsForASlowServer)
+{
+    server.setDelay(50);
+    storeLines(5);
+    expectSave(0, 5);
+    EXPECT_EQ(rows().size(), 5);
+}
+
+// Fault: a handle, socket, descriptor or memory left behind by a save that succeeds or fails.
+TEST_P(SaveOverWire, thousandSavesLeakNothing)
+{
+    struct InUse
+    {
+        qsizetype descriptors;
+        qint64 bytes;
+    };
+    const auto inUse = [this] {
+        server.waitUntilLeft();
+        const QDir open("/proc/self/fd");
+        return InUse{open.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size(),
+                     qint64(mallinfo2().uordblks)};
+    };
+    storeLines(1);
+    expectSave(0, 1); // loads the driver
+    const InUse before = inUse();
+    for (int i = 0; i < 1000; ++i)
+        expectSave(0, 1);
+    server.failStatements({.number = 547}, "UPDATE", 1);
+    server.failStatements({.kind = Fault::CutOff, .bytes = 30}, "UPDATE");
+    for (int i = 0; i < 100; ++i)
+        expectSave(1, 0);
+    const InUse after = inUse();
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    // The server's own record of what arrived takes 1.5 kB for a save; a lost connection would take far more.
+    EXPECT_LT(after.bytes - before.bytes, 1100 * 2500);
+}
