@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -31,7 +32,7 @@ QString takeUntil(QString &text, QLatin1String key, qsizetype position)
 bool isSqliteFile(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
     // A database without any table yet is an empty file.
     return file.size() == 0 || file.read(16) == QByteArray("SQLite format 3\0", 16);
@@ -67,11 +68,15 @@ Address parseServer(const QString &server)
     return {host + u'\\' + instance, 0};
 }
 
-/// FreeTDS ends a value at the first "};" and knows no way to write that inside one.
+/// FreeTDS ends a value at the first "};" and knows no way to write that inside one. To the driver manager it
+/// ends at the first "}" already, and what follows could name another driver or a data source.
 QString freeTdsValue(const QString &value)
 {
-    if (value.contains(u"};"))
-        refuse(QStringLiteral("FreeTDS cannot take a value that holds \"};\""));
+    static const QRegularExpression endsEarly("};|}.*(driver|dsn|savefile)",
+                                              QRegularExpression::CaseInsensitiveOption |
+                                                  QRegularExpression::DotMatchesEverythingOption);
+    if (value.contains(endsEarly))
+        refuse(QStringLiteral("ODBC cannot take this value whole"));
     return u'{' + value + u'}';
 }
 
@@ -119,8 +124,9 @@ QString sqliteConnectionString(const ConnectionValues &values, int timeout)
     // The driver ends the path at the first semicolon and knows no quotation.
     if (path.contains(u';'))
         refuse(QStringLiteral("SQLite's driver cannot take a path that holds a semicolon"));
+    // The driver may wait three times for one connection and its statement.
     return QStringLiteral("Driver={SQLite3};NoCreat=Yes;Timeout=%1;Database=%2;")
-        .arg(timeout * 1000)
+        .arg(timeout * 1000 / 3)
         .arg(path);
 }
 

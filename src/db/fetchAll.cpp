@@ -94,7 +94,7 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
             return {};
         return QDateTime(
             QDate(time.year, time.month, time.day),
-            QTime(time.hour, time.minute, time.second, static_cast<int>(time.fraction / 1'000'000)));
+            QTime(time.hour, time.minute, time.second, static_cast<int>(time.fraction / 1'000'000)), Qt::UTC);
     }
     default:
         return text(column);

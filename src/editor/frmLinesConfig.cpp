@@ -32,8 +32,11 @@ void frmLinesConfig::connectControls()
     for (ui::TextBox &box : Text2)
         connectBox(box);
     for (ui::ComboBox &box : Combo2)
-        box.onChange = markChanged;
-    Combo2[0].onClick = [this] { takeOverMessageIndex(); };
+        box.onChange = box.onClick = markChanged;
+    Combo2[0].onClick = [this] {
+        mChangesMade = true;
+        takeOverMessageIndex();
+    };
     for (auto *options : {&optAlign, &optPad}) {
         for (ui::OptionButton &option : *options)
             option.onClick = markChanged;
@@ -53,6 +56,7 @@ void frmLinesConfig::connectControls()
     onResize = [this] { layOut(); };
     onQueryUnload = [this](bool &cancel) { unloadWindow(cancel); };
     onDoubleClick = [this] { accessDataDisplay(); };
+    setKey("F12", [this] { showDataDisplay(); }); // the way without a mouse
 }
 
 void frmLinesConfig::arrangeFocus()
@@ -149,12 +153,16 @@ void frmLinesConfig::unloadWindow(bool &cancel)
 
 void frmLinesConfig::accessDataDisplay()
 {
-    if (DataDisplayArmed) {
-        if (!mDataDisplay)
-            mDataDisplay = std::make_unique<frmTest>();
-        mDataDisplay->show();
-    }
+    if (DataDisplayArmed)
+        showDataDisplay();
     DataDisplayArmed = !DataDisplayArmed;
+}
+
+void frmLinesConfig::showDataDisplay()
+{
+    if (!mDataDisplay)
+        mDataDisplay = std::make_unique<frmTest>();
+    mDataDisplay->show();
 }
 
 } // namespace varnow

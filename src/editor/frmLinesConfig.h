@@ -52,6 +52,7 @@ private:
     void ResetFieldEntry();
     void unloadWindow(bool &cancel);
     void accessDataDisplay();
+    void showDataDisplay();
 
     // Layout.
     void layOut();

@@ -179,10 +179,11 @@ void frmLinesConfig::reload()
 void frmLinesConfig::save()
 {
     SetMousePointer(11);
-    if (SaveAllLabLineData() == 0) {
+    const int result = SaveAllLabLineData();
+    if (result == 0)
         mChangesMade = false;
+    if (result == 0 || result == errors::UserInterrupt)
         AdoptLabLineDataIds();
-    }
     SetMousePointer(0);
 }
 

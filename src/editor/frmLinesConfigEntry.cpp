@@ -104,7 +104,7 @@ bool frmLinesConfig::enterLine()
     QString configuration = cboConfig.text();
     const int result = StoreDataInLabLineConfigRecordArray(
         0, configuration, Text1[0].text(), toLong(Text1[1].text()), toLong(Text1[2].text()), 0, "", "",
-        QDateTime(QDate(1899, 12, 30), QTime(0, 0)));
+        QDateTime(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC));
     if (result == 0) {
         LoadLineChoices();
         RebuildTree();

@@ -201,8 +201,14 @@ int FindLabLineFldConfigIndexByName(QString &Configuration, QString &Name, int N
 
 int FindLabLineFldConfigIndexByID(int id)
 {
-    const auto field = std::ranges::find(LabLineFldTable, id, &LabLineFldCfgRecord::id);
-    return field == LabLineFldTable.end() ? -1 : LabLineFldTable.indexOf(*field);
+    const auto search = [&] {
+        const auto field = std::ranges::find(LabLineFldTable, id, &LabLineFldCfgRecord::id);
+        return field == LabLineFldTable.end() ? -1 : LabLineFldTable.indexOf(*field);
+    };
+    return guarded(search, [](const RuntimeError &error) {
+        developmentTrap(QStringLiteral("FindLabLineFldConfigIndexByID - Error Trap"), error);
+        return -1;
+    });
 }
 
 int RemoveLabLineFldCfgRecord(int id, QString &Configuration, QString &Name, int NameIndex)

@@ -113,7 +113,8 @@ int SaveAllLabLineData()
     if (const int code = SaveAllLabLineCfg())
         return code;
     DeleteRemovedLabLineFieldsFromDatabase();
-    return SaveAllLabLineFldsCfg();
+    const int code = SaveAllLabLineFldsCfg();
+    return code == 0 && whole.isStopped() ? errors::UserInterrupt : code;
 }
 
 void AdoptLabLineDataIds()

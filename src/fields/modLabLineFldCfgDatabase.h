@@ -7,7 +7,8 @@
 namespace varnow {
 
 /// Deletes the removed lines, saves the lines, deletes the removed fields, saves the fields. Returns 0, or
-/// the result of the first save that did not end normally; the later steps then do not run.
+/// the result of the first save that did not end normally; the later steps then do not run. 18 when the user
+/// stopped it.
 int SaveAllLabLineData();
 
 /// Gives every line and field that has no database identifier yet (0 or -1) the identifier of its row,

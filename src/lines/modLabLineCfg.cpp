@@ -25,13 +25,14 @@ const QString selectLines = QStringLiteral("SELECT id, Configuration, Name, Name
 /// The date of a cell; SQLite keeps dates as ISO text. Any other value gives the start of 1900.
 QDateTime dateOf(const QVariant &cell)
 {
-    static const QDateTime noDate(QDate(1900, 1, 1), QTime(0, 0));
+    static const QDateTime noDate(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC);
     if (cell.typeId() == QMetaType::QDateTime)
         return cell.toDateTime();
-    if (cell.typeId() != QMetaType::QString)
-        return noDate;
-    const QDateTime date = QDateTime::fromString(trimmedText(cell), Qt::ISODateWithMs);
-    return date.isValid() ? date : noDate;
+    const QString text = trim(cell.toString());
+    const QDate date = QDate::fromString(text.left(10), Qt::ISODate);
+    const QTime time = text.size() > 10 ? QTime::fromString(text.mid(11), Qt::ISODateWithMs) : QTime(0, 0);
+    // In UTC every time of every day exists.
+    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : noDate;
 }
 
 /// Fills the lines from the rows, one each.

@@ -14,11 +14,11 @@ void showRunSummary(const QString &title, int errorCount, int recordCount);
 
 /// Calls `step` for every record and returns how many did not go well. Records that come after the user
 /// stopped the run did not.
-template <class Records, class Step> int countErrors(const Records &records, const QString &what, Step step)
+template <class Records, class Step> int countErrors(Records &records, const QString &what, Step step)
 {
     Progress progress(what, static_cast<int>(records.size()));
     int errorCount = 0;
-    for (const auto &record : records) {
+    for (auto &record : records) {
         if (!progress.step() || step(record) != 0)
             ++errorCount;
     }
@@ -33,17 +33,25 @@ struct RunTexts
 };
 
 /// Runs `step` over every record, shows the summary and returns the number of errors.
-template <class Records, class Step> int runOver(const Records &records, const RunTexts &texts, Step step)
+template <class Records, class Step> int runOver(Records &records, const RunTexts &texts, Step step)
 {
     const int errorCount = countErrors(records, texts.what, step);
     showRunSummary(texts.title, errorCount, static_cast<int>(records.size()));
     return errorCount;
 }
 
-/// The deletion run: does nothing without records, and forgets them when all went well.
+/// The deletion run: does nothing without records, and forgets them when all went well. Otherwise all stay
+/// for the next run, but a deleted row's identifier is forgotten at once, for another row may get it
+/// meanwhile.
 template <class Records, class Step> void deleteAll(Records &removed, const RunTexts &texts, Step step)
 {
-    if (!removed.empty() && runOver(removed, texts, step) == 0)
+    const auto forgetId = [&](auto &record) {
+        const int result = step(record);
+        if (result == 0)
+            record.id = -1;
+        return result;
+    };
+    if (!removed.empty() && runOver(removed, texts, forgetId) == 0)
         removed.clear();
 }
 

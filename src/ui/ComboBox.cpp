@@ -1,6 +1,7 @@
 #include "ui/ComboBox.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -23,9 +24,35 @@ public:
         QObject::disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
     }
 
+    void showPopup() override
+    {
+        followText();
+        QComboBox::showPopup();
+    }
+
 protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        followText();
+        QComboBox::keyPressEvent(event);
+    }
+
     // Scrolling past a box must not change it.
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+
+private:
+    /// Makes the item that the box shows the current one, so that the arrow keys go on from it.
+    void followText()
+    {
+        const QString text = currentText();
+        if (itemText(currentIndex()) == text)
+            return;
+        const QSignalBlocker blocker(this);
+        const int cursor = lineEdit()->cursorPosition();
+        setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+        setEditText(text);
+        lineEdit()->setCursorPosition(cursor);
+    }
 };
 
 ComboBox::ComboBox(Container &parent, const QString &name, const Rect &place)
@@ -55,8 +82,6 @@ void ComboBox::setText(const QString &text)
 {
     if (text == box()->currentText())
         return;
-    // The arrow keys go on from the item that the box shows.
-    box()->setCurrentIndex(box()->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
     box()->setEditText(text);
     box()->lineEdit()->setCursorPosition(0);
     if (onChange)

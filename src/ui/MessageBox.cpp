@@ -62,6 +62,8 @@ int showRealBox(const QString &prompt, int style, const QString &title)
     box.setTextFormat(Qt::PlainText);
     if ((style & style::ThirdButtonDefault) != 0)
         box.setDefaultButton(QMessageBox::Cancel);
+    else if ((style & buttonBits) != style::OkOnly)
+        box.setDefaultButton(QMessageBox::Yes); // some desktops put No first
     // The box waits for the user, so it does not show the hourglass of the work around it.
     const int pointer = screenPointer();
     setScreenPointer(0);

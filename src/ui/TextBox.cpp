@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 
 #include <limits>
+#include <utility>
 
 namespace varnow::ui {
 
@@ -21,15 +22,19 @@ protected:
     {
         QLineEdit::focusInEvent(event);
         m_keepSelection = event->reason() == Qt::MouseFocusReason;
-        if (isMoveWithinWindow(*event))
+        // The focus may also come back together with the whole window; then the box was entered before,
+        // unless code moved the focus here meanwhile.
+        if (!std::exchange(m_entered, true))
             gotFocus();
     }
 
     void focusOutEvent(QFocusEvent *event) override
     {
         QLineEdit::focusOutEvent(event);
-        if (isMoveWithinWindow(*event))
-            lostFocus();
+        if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
+            return;
+        m_entered = false;
+        lostFocus();
     }
 
     // The click that gives the focus must not undo the selection that the focus made.
@@ -52,11 +57,7 @@ protected:
     }
 
 private:
-    static bool isMoveWithinWindow(const QFocusEvent &event)
-    {
-        return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
-    }
-
+    bool m_entered = false;
     bool m_keepSelection = false;
 };
 

@@ -6,6 +6,9 @@
 #include <QMouseEvent>
 #include <QTreeWidget>
 
+#include <algorithm>
+#include <array>
+
 #include <utility>
 
 namespace varnow::ui {
@@ -46,10 +49,19 @@ protected:
 
     void keyPressEvent(QKeyEvent *event) override
     {
+        static const std::array<int, 11> keys{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Left,   Qt::Key_Right,
+                                              Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown,
+                                              Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space};
         const QTreeWidgetItem *before = currentItem();
         QTreeWidget::keyPressEvent(event);
+        const bool isTreeKey = std::find(keys.begin(), keys.end(), event->key()) != keys.end();
+        // A tree entered by Tab has a current node that is not selected yet.
+        const bool selects = isTreeKey && currentItem() != nullptr && !currentItem()->isSelected();
+        if (selects)
+            currentItem()->setSelected(true);
         const int key = event->key();
-        if (currentItem() != before || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)
+        if (selects || currentItem() != before || key == Qt::Key_Return || key == Qt::Key_Enter ||
+            key == Qt::Key_Space)
             clicked();
     }
 };

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 #include <QWidget>
 
@@ -250,6 +251,12 @@ bool Window::unload()
     if (loaded().empty() && !m_widget->isModal())
         QCoreApplication::exit(0);
     return true;
+}
+
+void Window::setKey(const QString &key, const std::function<void()> &action)
+{
+    QObject::connect(new QShortcut(QKeySequence(key), m_widget.get()), &QShortcut::activated, m_widget.get(),
+                     action);
 }
 
 void Window::setFocusOrder(const std::vector<Control *> &controls)

@@ -53,6 +53,9 @@ public:
     /// Unloads the window unless onQueryUnload refuses. Returns whether it is unloaded.
     bool unload();
 
+    /// Makes a key, named like "F12", do something wherever the focus is in the window.
+    void setKey(const QString &key, const std::function<void()> &action);
+
     /// Order in which Tab walks the controls; the first of them has the focus when the window opens.
     void setFocusOrder(const std::vector<Control *> &controls);
 

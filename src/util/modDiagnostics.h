@@ -17,7 +17,7 @@ void DebugPrint(const QString &text);
 QString trapText(const QString &trapName, const RuntimeError &error, const QStringList &details = {});
 
 /// Runs `body`, which returns a result. A run-time error goes to `trap`, whose result is returned instead.
-/// Errors of the standard library count as run-time errors too (running out of memory is number 7).
+/// Running out of memory counts as run-time error 7.
 template <class Body, class Trap> auto guarded(Body body, Trap trap) -> decltype(body())
 {
     try {
