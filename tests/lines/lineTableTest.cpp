@@ -1,3 +1,4 @@
+#include "lines/columnOf.h"
 #include "support/StoreFixture.h"
 
 #include <limits>
@@ -10,31 +11,9 @@ namespace {
 
 using Line = LabLineConfigRecord;
 
-Line line(int id, const char *configuration, const char *name, int nameIndex, int msgIndex)
+Line line(int id, const QString &configuration, const QString &name, int nameIndex, int msgIndex)
 {
-    Line record;
-    record.id = id;
-    record.Configuration = QString::fromLatin1(configuration);
-    record.Name = QString::fromLatin1(name);
-    record.NameIndex = nameIndex;
-    record.MsgIndex = msgIndex;
-    return record;
-}
-
-std::vector<int> ids()
-{
-    std::vector<int> result;
-    for (const Line &record : LabLineTable)
-        result.push_back(record.id);
-    return result;
-}
-
-std::vector<int> msgIndexes()
-{
-    std::vector<int> result;
-    for (const Line &record : LabLineTable)
-        result.push_back(record.MsgIndex);
-    return result;
+    return {id, configuration, name, nameIndex, msgIndex, 0, {}, {}, {}};
 }
 
 class LineTable : public testing::Test, public StoreFixture
@@ -51,25 +30,22 @@ TEST_F(LineTable, searchesEqualAWalk)
     const auto pick = [&](int least, int greatest) {
         return std::uniform_int_distribution(least, greatest)(random);
     };
-    const char *names[] = {"A", " A", "A ", "B", "a", ""};
-    const char *configurations[] = {"S", "s", " S", "T"};
+    const QString names[] = {"A", " A", "A ", "B", "a", ""};
+    const QString configurations[] = {"S", "s", " S", "T"};
     for (int round = 0; round < 5000; ++round) {
-        std::vector<Line> lines;
+        LabLineTable.clear();
         const int count = pick(0, 12);
         for (int i = 0; i < count; ++i)
-            lines.push_back(line(i, configurations[pick(0, 1)], names[pick(0, 5)], pick(-1, 2), i));
-        LabLineTable.assign(lines);
+            LabLineTable.append(line(i, configurations[pick(0, 1)], names[pick(0, 5)], pick(-1, 2), i));
 
-        const QString configuration = QString::fromLatin1(configurations[pick(0, 3)]);
-        const QString name = QString::fromLatin1(names[pick(0, 5)]);
+        const QString configuration = configurations[pick(0, 3)];
+        const QString name = names[pick(0, 5)];
         const int nameIndex = pick(-1, 2);
         const int start = pick(-2, count + 1);
         const int step = pick(0, 1) == 0 ? -1 : 1;
-        const bool fromOutside = step < 0 && start >= count;
         const auto walk = [&](int direction, auto matches) {
             for (int i = std::max(start, 0); i >= 0 && i < count; i += direction) {
-                const Line &candidate = lines[static_cast<std::size_t>(i)];
-                if ((nameIndex <= 0 || candidate.NameIndex == nameIndex) && matches(candidate))
+                if ((nameIndex <= 0 || LabLineTable[i].NameIndex == nameIndex) && matches(LabLineTable[i]))
                     return i;
             }
             return -1;
@@ -78,14 +54,13 @@ TEST_F(LineTable, searchesEqualAWalk)
         QString searched = configuration;
         int from = start;
         EXPECT_EQ(FindLabLineConfigIndex(searched, name, nameIndex, from, step),
-                  fromOutside ? -1 : walk(step, [&](const Line &candidate) {
+                  walk(step, [&](const Line &candidate) {
                       return candidate.Configuration == configuration.trimmed() && candidate.Name == name;
                   }));
         EXPECT_EQ(searched, configuration.trimmed());
         EXPECT_EQ(from, std::max(start, 0));
 
         searched = name;
-        from = start;
         EXPECT_EQ(FindLabLineConfigIndexByName(configuration, searched, nameIndex, from),
                   walk(1, [&](const Line &candidate) {
                       return candidate.Configuration == configuration &&
@@ -100,22 +75,16 @@ TEST_F(LineTable, searchesEqualAWalk)
 TEST_F(LineTable, storesInPlaceOrAtTheEnd)
 {
     LabLineTable.assign({line(1, "S", "PID", 3, 1), line(2, "S", "OBX", 1, 2), line(3, "T", "PID", 1, 1)});
-    EXPECT_EQ(storeLine(0, QStringLiteral(" S "), QStringLiteral("OBX"), 1, 9), 0);
-    EXPECT_EQ(storeLine(-1, QStringLiteral("S"), QStringLiteral("obx"), 1, 4), 0);
-    EXPECT_EQ(storeLine(8, QStringLiteral("T"), QStringLiteral("PID"), 1, 5), 0);
-    EXPECT_EQ(ids(), (std::vector{1, 2, 8, -1}));
-    EXPECT_EQ(msgIndexes(), (std::vector{1, 9, 5, 4}));
-    EXPECT_EQ(LabLineTable[1].Configuration, QStringLiteral("S"));
-
+    EXPECT_EQ(storeLine(0, " S ", "OBX", 1, 9), 0);
+    EXPECT_EQ(storeLine(-1, "S", "obx", 1, 4), 0);
+    EXPECT_EQ(storeLine(8, "T", "PID", 1, 5), 0);
     // Name index 0 takes the first PID whatever its name index, which is then overwritten.
-    EXPECT_EQ(storeLine(0, QStringLiteral("S"), QStringLiteral("PID"), 0, 6), 0);
-    EXPECT_EQ(LabLineTable[0].NameIndex, 0);
-    EXPECT_EQ(LabLineTable.size(), 4);
-    QString configuration = QStringLiteral("S");
-    int start = 0;
-    EXPECT_EQ(FindLabLineConfigIndex(configuration, QStringLiteral("PID"), 3, start, 1), -1);
-    EXPECT_EQ(storeLine(0, QStringLiteral("S"), QStringLiteral("PID"), 3, 6), 0);
-    EXPECT_EQ(LabLineTable.size(), 5);
+    EXPECT_EQ(storeLine(0, "S", "PID", 0, 6), 0);
+    EXPECT_EQ(storeLine(9, "S", "PID", 3, 7), 0);
+    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (std::vector{1, 2, 8, -1, 9}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (std::vector{6, 9, 5, 4, 7}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::NameIndex), (std::vector{0, 1, 1, 1, 3}));
+    EXPECT_EQ(LabLineTable[1].Configuration, "S");
 }
 
 // Faults: a gap or another order after a removal, a removed line that is lost, numbers across configurations.
@@ -123,31 +92,27 @@ TEST_F(LineTable, removesAndRenumbers)
 {
     LabLineTable.assign(
         {line(1, "S", "A", 1, 1), line(2, "T", "A", 1, 1), line(3, "S", "B", 1, 2), line(4, "S", "C", 1, 3)});
-    QString configuration = QStringLiteral(" S ");
-    EXPECT_EQ(RemoveLabLineConfigRecord(configuration, QStringLiteral("B"), 1), 0);
-    EXPECT_EQ(RemoveLabLineConfigRecord(configuration, QStringLiteral("B"), 1), 150076);
+    QString configuration = " S ";
+    EXPECT_EQ(RemoveLabLineConfigRecord(configuration, "B", 1), 0);
+    EXPECT_EQ(RemoveLabLineConfigRecord(configuration, "B", 1), 150076);
     EXPECT_EQ(RemoveLabLineConfigRecordFromArray(3), 9);
     EXPECT_EQ(RemoveLabLineConfigRecordFromArray(-1), 9);
-    EXPECT_EQ(RemovedLabLineTable.size(), 1U);
-    EXPECT_EQ(ids(), (std::vector{1, 2, 4}));
     EXPECT_EQ(RenumberLabLineMsgIndices(configuration), 0);
-    EXPECT_EQ(msgIndexes(), (std::vector{1, 1, 2}));
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(RemoveLabLineConfigRecordFromArray(0), 0);
-    EXPECT_TRUE(LabLineTable.isEmpty());
-    EXPECT_EQ(RemovedLabLineTable.back().id, 4);
-    EXPECT_EQ(RenumberLabLineMsgIndices(configuration), 0);
+    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (std::vector{1, 2, 4}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (std::vector{1, 1, 2}));
+    while (!LabLineTable.isEmpty())
+        ASSERT_EQ(RemoveLabLineConfigRecordFromArray(0), 0);
+    EXPECT_EQ(columnOf(RemovedLabLineTable, &Line::id), (std::vector{3, 1, 2, 4}));
 }
 
 TEST_F(LineTable, givesTheNextMessageIndexOfAConfiguration)
 {
-    const QString configuration = QStringLiteral("S");
-    EXPECT_EQ(GetNextMsgIndexNumber(configuration), 1);
+    EXPECT_EQ(GetNextMsgIndexNumber("S"), 1);
     LabLineTable.assign({line(1, "S", "A", 1, -5), line(2, "T", "A", 1, 90)});
-    EXPECT_EQ(GetNextMsgIndexNumber(configuration), 1);
+    EXPECT_EQ(GetNextMsgIndexNumber("S"), 1);
     LabLineTable.append(line(3, "S", "B", 1, 7));
     LabLineTable.append(line(4, "S", "C", 1, 3));
-    EXPECT_EQ(GetNextMsgIndexNumber(configuration), 8);
+    EXPECT_EQ(GetNextMsgIndexNumber("S"), 8);
     LabLineTable.append(line(5, "S", "D", 1, std::numeric_limits<int>::max()));
-    EXPECT_GT(GetNextMsgIndexNumber(configuration), 0);
+    EXPECT_GT(GetNextMsgIndexNumber("S"), 0);
 }
