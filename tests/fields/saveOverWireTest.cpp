@@ -101,6 +101,16 @@ TEST_P(SaveOverWire, countsEveryErrorOfOneRecordAndGoesOn)
     }
 }
 
+// A limit to know of: a look-up that fails says "no row", and the line gets a second one.
+TEST_P(SaveOverWire, takesALineForNewWhenItsLookUpFails)
+{
+    storeLines(1);
+    expectSave(0, 1);
+    server.failStatements({.number = 1222}, "SELECT id");
+    expectSave(0, 1);
+    EXPECT_EQ(rows(), (QStringList{"1|L1|1", "2|L1|1"}));
+}
+
 // Fault: an editor that takes an identifier another one took meanwhile, and overwrites or loses a line.
 TEST_P(SaveOverWire, anotherEditorTakesTheIdentifierFirst)
 {
