@@ -112,21 +112,6 @@ protected:
         return record;
     }
 
-    /// Texts that try to leave their literal, or to lose a letter on the way.
-    static QStringList hostileTexts()
-    {
-        // SQL Server refuses what is longer than its column.
-        const int longest = GetParam() == Engine::Sqlite ? 10'000 : 200;
-        return {QStringLiteral("O'Hara''s"),
-                QStringLiteral("'; DELETE FROM LabLineConfig; --"),
-                QStringLiteral("\"quoted\" [bracketed] `ticked` %1 %2 ?"),
-                QStringLiteral("\\ {fn NOW()} /* comment"),
-                QStringLiteral("\U0001F9EA emoji \U0001F468\u200D\U0001F52C"),
-                QStringLiteral("\u05E9\u05DC\u05D5\u05DD \u0645\u0631\u062D\u0628\u0627 \u202Eabc"),
-                QStringLiteral("\u00C4\u00DF\u0142\u4E2D\u00A0"),
-                QString(longest - 1, u'x') + u'\u20AC'};
-    }
-
     TestDatabase database{GetParam()};
 };
 
