@@ -252,12 +252,15 @@ int RemoveLabLineFldCfgRecordFromArray(int Index)
 
 int SyncLabLineFldMsgIndices()
 {
-    const auto copyFromLine = [](LabLineFldCfgRecord &field) {
-        const auto owns = [&](const LabLineConfigRecord &line) {
-            return line.NameIndex == field.LineIndex && line.Name == field.Line &&
-                   line.Configuration == field.Configuration;
+    const LabLineConfigRecord *line = nullptr; // mostly that of the field before
+    const auto copyFromLine = [&line](LabLineFldCfgRecord &field) {
+        const auto owns = [&](const LabLineConfigRecord &candidate) {
+            return candidate.NameIndex == field.LineIndex && candidate.Name == field.Line &&
+                   candidate.Configuration == field.Configuration;
         };
-        if (const auto *line = LabLineTable.find(field.Configuration, field.Line, field.LineIndex, owns))
+        if (!line || !owns(*line))
+            line = LabLineTable.find(field.Configuration, field.Line, field.LineIndex, owns);
+        if (line)
             field.MsgIndex = line->MsgIndex;
     };
     const auto sync = [&] {
