@@ -59,15 +59,11 @@ TEST(Numbers, ReadTextsByTheirRules)
 TEST(Numbers, ConvertDatabaseValuesOfEveryType)
 {
     const std::pair<QVariant, QString> cases[] = {
-        {QVariant(), "error 94"},
-        {-5LL, "-5"},
-        {1LL << 31, overflow},
-        {2.5, "2"},
-        {1e10, overflow},
-        {std::nan(""), overflow},
-        {" 7 ", "7"},
-        {"seven", mismatch},
-        {QDateTime::currentDateTime(), mismatch},
+        {QVariant(), "error 94"}, {-5LL, "-5"},
+        {1LL << 31, overflow},    {-5, "-5"},
+        {1e10, overflow},         {2.5, "2"},
+        {std::nan(""), overflow}, {" 7 ", "7"},
+        {"seven", mismatch},      {QDateTime::currentDateTime(), mismatch},
     };
     for (const auto &[value, whole] : cases)
         EXPECT_EQ(outcome([&] { return toLong(value); }), whole) << qPrintable(value.toString());

@@ -13,11 +13,16 @@ namespace {
 
 using Field = LabLineFldCfgRecord;
 
+auto keyOf(const Field &field)
+{
+    return std::tie(field.Name, field.NameIndex, field.Configuration);
+}
+
 /// Everything that the histories vary.
 auto values(const Field &field)
 {
-    return std::tie(field.id, field.MsgIndex, field.Position, field.NameIndex, field.LineIndex,
-                    field.Configuration, field.Name, field.Line);
+    return std::tuple_cat(keyOf(field),
+                          std::tie(field.id, field.MsgIndex, field.Position, field.LineIndex, field.Line));
 }
 
 /// A random history of the field table and of a plain list in which every look-up is a walk.
@@ -72,8 +77,7 @@ private:
     int walkTo(const Field &key, int start = 0, int step = 1) const
     {
         for (int i = std::max(start, 0); i >= 0 && i < size(); i += step) {
-            if (m_walk[i].Configuration == key.Configuration && m_walk[i].Name == key.Name &&
-                m_walk[i].NameIndex == key.NameIndex)
+            if (keyOf(m_walk[i]) == keyOf(key))
                 return i;
         }
         return -1;
@@ -99,10 +103,7 @@ private:
     void store()
     {
         Field field = randomField();
-        Field untrimmed = field;
-        untrimmed.Configuration.prepend(' ');
-        untrimmed.Name.append(' ');
-        ASSERT_EQ(StoreFixture::storeField(untrimmed), 0);
+        ASSERT_EQ(StoreFixture::storeField(field), 0);
         const int old = walkTo(field);
         if (old < 0) {
             m_walk.insert(placeFor(field), field);
@@ -134,13 +135,12 @@ private:
         }
         ASSERT_EQ(SyncLabLineFldMsgIndices(), 0);
         for (Field &field : m_walk) {
-            const auto owns = [&](const LabLineConfigRecord &line) {
-                return line.Name == field.Line && line.Configuration == field.Configuration &&
-                       line.NameIndex == field.LineIndex;
-            };
-            const auto owner = std::ranges::find_if(LabLineTable, owns);
-            if (owner != LabLineTable.end())
-                field.MsgIndex = owner->MsgIndex;
+            const auto line = std::ranges::find_if(LabLineTable, [&](const LabLineConfigRecord &other) {
+                return std::tie(other.Configuration, other.Name, other.NameIndex) ==
+                       std::tie(field.Configuration, field.Line, field.LineIndex);
+            });
+            if (line != LabLineTable.end())
+                field.MsgIndex = line->MsgIndex;
         }
     }
 

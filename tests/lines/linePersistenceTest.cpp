@@ -19,16 +19,10 @@ protected:
     /// A line's values in the order of the database columns.
     static QString shown(const LabLineConfigRecord &line)
     {
-        return QStringList{QString::number(line.id),
-                           line.Configuration,
-                           line.Name,
-                           QString::number(line.NameIndex),
-                           QString::number(line.MsgIndex),
-                           QString::number(line.number1),
-                           line.string1,
-                           line.text1,
-                           line.date1.toString("yyyy-MM-dd hh:mm:ss")}
-            .join('|');
+        return QStringLiteral("%1|%2|%3|%4|%5|%6|%7|%8|%9")
+            .arg(QString::number(line.id), line.Configuration, line.Name, QString::number(line.NameIndex),
+                 QString::number(line.MsgIndex), QString::number(line.number1), line.string1, line.text1,
+                 line.date1.toString("yyyy-MM-dd hh:mm:ss"));
     }
 };
 

@@ -43,9 +43,11 @@ TEST_F(LineTable, searchesEqualAWalk)
         const int nameIndex = pick(-1, 2);
         const int start = pick(-2, count + 1);
         const int step = pick(0, 1) == 0 ? -1 : 1;
-        const auto walk = [&](int direction, auto matches) {
+        const auto walk = [&](int direction, const QString &wanted, auto hasName) {
             for (int i = std::max(start, 0); i >= 0 && i < count; i += direction) {
-                if ((nameIndex <= 0 || LabLineTable[i].NameIndex == nameIndex) && matches(LabLineTable[i]))
+                const Line &candidate = LabLineTable[i];
+                if ((nameIndex <= 0 || candidate.NameIndex == nameIndex) &&
+                    candidate.Configuration == wanted && hasName(candidate.Name))
                     return i;
             }
             return -1;
@@ -54,18 +56,14 @@ TEST_F(LineTable, searchesEqualAWalk)
         QString searched = configuration;
         int from = start;
         EXPECT_EQ(FindLabLineConfigIndex(searched, name, nameIndex, from, step),
-                  walk(step, [&](const Line &candidate) {
-                      return candidate.Configuration == configuration.trimmed() && candidate.Name == name;
-                  }));
+                  walk(step, configuration.trimmed(), [&](QStringView other) { return other == name; }));
         EXPECT_EQ(searched, configuration.trimmed());
         EXPECT_EQ(from, std::max(start, 0));
 
         searched = name;
+        const auto hasName = [&](const QString &other) { return other.trimmed() == name.trimmed(); };
         EXPECT_EQ(FindLabLineConfigIndexByName(configuration, searched, nameIndex, from),
-                  walk(1, [&](const Line &candidate) {
-                      return candidate.Configuration == configuration &&
-                             candidate.Name.trimmed() == name.trimmed();
-                  }));
+                  walk(1, configuration, hasName));
         EXPECT_EQ(searched, name.trimmed());
     }
 }
