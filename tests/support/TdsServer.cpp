@@ -243,11 +243,10 @@ QStringList TdsServer::statements() const
 void TdsServer::waitUntilLeft()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] {
-        return std::all_of(m_sessions.begin(), m_sessions.end(),
-                           [](const Session &session) { return session.finished; });
-    });
-    m_sessions.clear();
+    const auto left = [](const Session &session) { return session.finished; };
+    m_changed.wait_for(lock, std::chrono::seconds(10),
+                       [&] { return std::all_of(m_sessions.begin(), m_sessions.end(), left); });
+    m_sessions.remove_if(left);
 }
 
 void TdsServer::failLogins(const Fault &fault)

@@ -56,7 +56,7 @@ public:
     /// What arrived so far: log-ins, and the statements other than the options that a driver sets.
     std::vector<Login> logins() const;
     QStringList statements() const;
-    /// Waits until no client is connected.
+    /// Waits until no client is connected, but not for ever on one that stays.
     void waitUntilLeft();
 
     /// The next log-ins fail: an error such as 18456 or 4060, or no proper answer.
