@@ -37,9 +37,7 @@ protected:
 
     void changeLine(const QString &name, const QString &index, const QString &msgIndex)
     {
-        user->type("Text1(0)", name);
-        user->type("Text1(1)", index);
-        user->type("Text1(2)", msgIndex);
+        user->fill({{"Text1(0)", name}, {"Text1(1)", index}, {"Text1(2)", msgIndex}});
         user->click("cmdAdd");
     }
 
@@ -59,17 +57,17 @@ protected:
     void changeField(const Field &field)
     {
         user->showPage(1);
-        user->type("Text2(0)", field.name);
-        user->type("Text2(1)", field.index);
-        user->type("Combo2(0)", field.line);
-        user->type("Text2(2)", field.msgIndex);
-        user->type("Combo2(1)", field.lookup);
-        user->type("Text2(4)", field.constant);
-        user->type("Text2(5)", field.position);
+        user->fill({{"Text2(0)", field.name},
+                    {"Text2(1)", field.index},
+                    {"Combo2(0)", field.line},
+                    {"Text2(2)", field.msgIndex},
+                    {"Combo2(1)", field.lookup},
+                    {"Text2(4)", field.constant},
+                    {"Text2(5)", field.position}});
         if (field.length || field.characterPosition) {
             user->click("ckFixedLength");
-            user->type("Text2(6)", field.length.value_or(""));
-            user->type("Text2(7)", field.characterPosition.value_or(""));
+            user->fill({{"Text2(6)", field.length.value_or("")},
+                        {"Text2(7)", field.characterPosition.value_or("")}});
         }
         user->click("cmdAdd");
     }

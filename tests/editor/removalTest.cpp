@@ -64,8 +64,7 @@ TEST_P(RemovalTest, RemovesALineAndRenumbersTheRest)
 TEST_P(RemovalTest, RefusesALineThatHasFields)
 {
     for (const QString typedIndex : {"1", "0", "", "x"}) { // index 0 owns the fields of every index
-        user->type("Text1(0)", "OBX");
-        user->type("Text1(1)", typedIndex);
+        user->fill({{"Text1(0)", "OBX"}, {"Text1(1)", typedIndex}});
         removeWith(ui::answer::Yes);
         expectBoxes({confirmLine, hasFields});
     }
@@ -104,8 +103,7 @@ TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
     user->clickNode("1 MSH");
     removeWith(ui::answer::Yes);
     // Added and removed again between two saves: no row may stay behind.
-    user->type("Text1(0)", "ZZZ");
-    user->type("Text1(2)", "9");
+    user->fill({{"Text1(0)", "ZZZ"}, {"Text1(2)", "9"}});
     user->click("cmdAdd");
     messages.take();
     user->click("cmdSave");

@@ -18,9 +18,7 @@ TEST_P(TreeTest, PlacesNodesByMessageIndex)
     addField("Standard", "PID", 0, 4, 1, "Homeless");
     open();
     const auto store = [this](const QString &name, const QString &msgIndex) {
-        user->type("Text1(0)", name);
-        user->type("Text1(1)", "0");
-        user->type("Text1(2)", msgIndex);
+        user->fill({{"Text1(0)", name}, {"Text1(1)", "0"}, {"Text1(2)", msgIndex}});
         user->click("cmdAdd");
     };
     store("ORC", "3");

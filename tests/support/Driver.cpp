@@ -57,6 +57,12 @@ void Driver::type(const QString &name, const QString &text) const
         edit->insert(text); // as pasting does
 }
 
+void Driver::fill(std::initializer_list<std::pair<QString, QString>> entries) const
+{
+    for (const auto &[name, text] : entries)
+        type(name, text);
+}
+
 void Driver::click(const QString &name) const
 {
     QWidget *found = control(name);

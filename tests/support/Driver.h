@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <initializer_list>
+#include <utility>
+
 class QTreeWidget;
 class QTreeWidgetItem;
 class QWidget;
@@ -24,6 +27,8 @@ public:
     QString text(const QString &name) const;
     /// Clicks into an entry or combo box, replaces its text by typing, and stays there.
     void type(const QString &name, const QString &text) const;
+    /// The same for several, one after the other: names and texts.
+    void fill(std::initializer_list<std::pair<QString, QString>> entries) const;
     /// Clicks a button, a check box or an option button with the mouse.
     void click(const QString &name) const;
     /// Presses a key with the focus where it is.
