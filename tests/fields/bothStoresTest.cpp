@@ -58,6 +58,7 @@ TEST_P(BothStores, countRefusedRowsAndGoOn)
     EXPECT_EQ(SaveAllLabLineData(), 0);
     expectBoxes({summary(linesDeleted, 1, 2), summary(linesSaved, 1, 2), summary(fieldsDeleted, 1, 2),
                  summary(fieldsSaved, 1, 2)});
+    expectRows({"-1", "1", "3", "4", "5"}, {"1", "3", "4", "5"});
     EXPECT_EQ(SaveLabLineConfig("S", "BAD", 1, 1), 150080);
     EXPECT_EQ(SaveLabLineFldsCfg("S", "BAD", 0, "PID", 0, 1, 0, {}, {}, {}, {}, {}, 0, {}, 0, 1, 0), 150079);
 
