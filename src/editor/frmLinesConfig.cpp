@@ -5,7 +5,6 @@
 #include "startup/modGlobals.h"
 #include "util/modForms.h"
 #include "util/modListTools.h"
-#include "util/modMsgbox.h"
 #include "util/modTextBoxTools.h"
 
 namespace varnow {
@@ -86,14 +85,7 @@ void frmLinesConfig::loadWindow()
     mChangesMade = false;
     ClearLineEntry();
     ResetFieldEntry();
-    const int result = LoadAllLabLineData();
-    mChangesMade = false;
-    if (result != 0)
-        ShowMessage(QStringList{"An unexpected error occurred while reading the",
-                                "current Line and Line Fields configuration.",
-                                "No current information is available and, if you",
-                                "continue, any current information will be lost."}
-                        .join(lineBreak));
+    loadStores({"continue, any current information will be lost."});
     fillConfigurationList();
     selectDefaultConfiguration();
     ckFixedLength.setValue(0);

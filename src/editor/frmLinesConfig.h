@@ -68,6 +68,7 @@ private:
     bool openDataFields(db::ConnectionPtr &connection, db::RecordsetPtr &recordset);
     void listDataFields(db::Recordset &recordset);
     void takeOverMessageIndex();
+    void loadStores(const QStringList &warning);
     void refresh();
     void reload();
     void save();

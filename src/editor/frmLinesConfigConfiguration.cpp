@@ -142,6 +142,19 @@ void frmLinesConfig::takeOverMessageIndex()
         Text2[2].setText(QString::number(Combo2[0].itemData(index)));
 }
 
+/// Reads both stores from the database. A failure is shown, `warning` being the end of its message.
+void frmLinesConfig::loadStores(const QStringList &warning)
+{
+    const int result = LoadAllLabLineData();
+    mChangesMade = false;
+    if (result != 0)
+        ShowMessage((QStringList{"An unexpected error occurred while reading the",
+                                 "current Line and Line Fields configuration.",
+                                 "No current information is available and, if you"} +
+                     warning)
+                        .join(lineBreak));
+}
+
 void frmLinesConfig::refresh()
 {
     SetMousePointer(11);
@@ -162,14 +175,7 @@ void frmLinesConfig::reload()
     }
     ClearLineEntry();
     ResetFieldEntry();
-    const int result = LoadAllLabLineData();
-    mChangesMade = false;
-    if (result != 0)
-        ShowMessage(QStringList{"An unexpected error occurred while reading the",
-                                "current Line and Line Fields configuration.",
-                                "No current information is available and, if you",
-                                "'Save' this configuration, any current information", "will be lost."}
-                        .join(lineBreak));
+    loadStores({"'Save' this configuration, any current information", "will be lost."});
     refresh();
     tsLines.setCurrentPage(LinesPage);
     mChangesMade = false;
