@@ -1,88 +1,56 @@
 // The names of the configurations and of the one that opens first.
 
-#include "startup/modConfigurations.h"
-#include "startup/modGlobals.h"
-#include "support/MessageLog.h"
-#include "support/TestDatabase.h"
-#include "support/printing.h"
+#include "startup/StartUpTest.h"
 
 #include "base/RuntimeError.h"
+#include "startup/modConfigurations.h"
 
 namespace varnow::test {
 
-class CatalogueTest : public testing::TestWithParam<Engine>
+// An outcome with another outcome's message, or one that ends the start; names that are sorted, merged or
+// padded; an empty or failed query that forgets the names.
+TEST_P(StartUpTest, CatalogueSurvivesAllButANullName)
 {
-protected:
-    CatalogueTest() { gMsgTitle = "Configuration"; }
-
-    static std::vector<Box> substituting(const QString &first, const QString &second)
-    {
-        return {{first + "\r\n" + second, ui::style::Information}};
-    }
-
-    MessageLog messages;
-    TestDatabase database{GetParam()};
-};
-
-// An outcome with another outcome's message, or one that ends the start.
-TEST_P(CatalogueTest, ReadsTheDefaultNameOrSubstitutesStandard)
-{
-    const auto noQuery = substituting("An unexpected problem with the database prevented reading",
-                                      "the default configuration name, substituting 'Standard'.");
-    const auto noRow = substituting("No data was returned from the database for the default ",
-                                    "configuration name, substituting 'Standard'.");
-    const auto blank = substituting("The default configuration name is missing,", "substituting 'Standard'.");
-    const auto error = substituting("An unexpected error occurred while reading the database",
-                                    "for the default configuration name, substituting 'Standard'.");
+    const Boxes noQuery{information("An unexpected problem with the database prevented reading\n"
+                                    "the default configuration name, substituting 'Standard'.")};
+    const Boxes noRow{information("No data was returned from the database for the default \n"
+                                  "configuration name, substituting 'Standard'.")};
+    const Boxes blank{information("The default configuration name is missing,\nsubstituting 'Standard'.")};
+    const Boxes error{information("An unexpected error occurred while reading the database\n"
+                                  "for the default configuration name, substituting 'Standard'.")};
+    const Boxes nullName{{"An unexpected error occurred while getting the configuration names."}};
     const struct
     {
-        const char *sql;
-        std::vector<Box> boxes;
-        const char *name = "Standard";
-    } cases[] = {
-        {"DELETE FROM Misc_upload_constants", noRow},
-        {"INSERT INTO Misc_upload_constants VALUES ('  ')", blank},
-        {"UPDATE Misc_upload_constants SET DefaultConfigName = ''", blank},
-        {"UPDATE Misc_upload_constants SET DefaultConfigName = NULL", error},
-        {"UPDATE Misc_upload_constants SET DefaultConfigName = '  Not there '", {}, "Not there"},
-        {"INSERT INTO Misc_upload_constants VALUES ('Second')", {}, "Not there"},
-        {"ALTER TABLE Misc_upload_constants RENAME COLUMN DefaultConfigName TO other", noQuery},
-        {"DROP TABLE Misc_upload_constants", noQuery},
-    };
-    for (const auto &[sql, boxes, name] : cases) {
-        gDefaultConfigName = "before";
-        database.run(sql);
-        EXPECT_EQ(LoadDefaultConfigName(), 0) << sql;
-        EXPECT_EQ(messages.take(), boxes) << sql;
-        EXPECT_EQ(gDefaultConfigName, name) << sql;
-    }
-}
-
-// Names that are sorted, merged or padded; an empty or failed query that forgets the names or ends the start.
-TEST_P(CatalogueTest, ReadsTheNamesAsTheyStand)
-{
-    const struct
-    {
-        const char *sql;
+        QString sql;
         QStringList names;
-        int result = 0;
+        Boxes boxes = {};
+        int (*load)() = LoadDefaultConfigName;
     } cases[] = {
-        {"DELETE FROM data_extractor_config", {"before"}},
-        {"INSERT INTO data_extractor_config VALUES ('b'), (' a '), ('b'), ('a')", {"b", "a", "a"}},
-        {"INSERT INTO data_extractor_config VALUES (NULL)", {"b", "a", "a", ""}, errors::InvalidUseOfNull},
-        {"DROP TABLE data_extractor_config", {"before"}},
+        {"DELETE FROM Misc_upload_constants", {"Standard"}, noRow},
+        {"INSERT INTO Misc_upload_constants VALUES ('  ')", {"Standard"}, blank},
+        {"UPDATE Misc_upload_constants SET DefaultConfigName = ''", {"Standard"}, blank},
+        {"UPDATE Misc_upload_constants SET DefaultConfigName = NULL", {"Standard"}, error},
+        {"UPDATE Misc_upload_constants SET DefaultConfigName = '  Not there '", {"Not there"}},
+        {"INSERT INTO Misc_upload_constants VALUES ('Second')", {"Not there"}},
+        {"ALTER TABLE Misc_upload_constants RENAME COLUMN DefaultConfigName TO other", {"Standard"}, noQuery},
+        {"DROP TABLE Misc_upload_constants", {"Standard"}, noQuery},
+        {"DELETE FROM data_extractor_config", {"before"}, {}, LoadConfigNames},
+        {"INSERT INTO data_extractor_config VALUES ('b'), (' a '), ('b'), ('a')",
+         {"b", "a", "a"},
+         {},
+         LoadConfigNames},
+        {"INSERT INTO data_extractor_config VALUES (NULL)", {"b", "a", "a", ""}, nullName, LoadConfigNames},
+        {"DROP TABLE data_extractor_config", {"before"}, {}, LoadConfigNames},
     };
-    for (const auto &[sql, names, result] : cases) {
-        gConfigNames = QStringList("before");
+    gCfgServer = valid[0], gCfgDatabase = valid[1], gCfgUser = valid[2];
+    for (const auto &[sql, names, boxes, load] : cases) {
+        SCOPED_TRACE(qPrintable(sql));
+        gConfigNames = {gDefaultConfigName = "before"};
         database.run(sql);
-        EXPECT_EQ(LoadConfigNames(), result) << sql;
-        EXPECT_EQ(gConfigNames, names) << sql;
-        const Box error{"An unexpected error occurred while getting the configuration names."};
-        EXPECT_EQ(messages.take(), std::vector<Box>(result != 0 ? 1 : 0, error)) << sql;
+        EXPECT_EQ(load(), boxes == nullName ? errors::InvalidUseOfNull : 0);
+        EXPECT_EQ(load == LoadConfigNames ? gConfigNames : QStringList(gDefaultConfigName), names);
+        EXPECT_EQ(shown(), boxes);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Engines, CatalogueTest, everyEngine(),
-                         [](const auto &engine) { return engineName(engine.param); });
 
 } // namespace varnow::test

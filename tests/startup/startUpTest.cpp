@@ -1,12 +1,14 @@
 // The start of the program, from its words or the login to the editor or the end.
 
-#include "startup/LoginTest.h"
+#include "startup/StartUpTest.h"
 
-#include "startup/Main.h"
-#include "support/printing.h"
+#include "startup/modCommandLine.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFontMetrics>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
@@ -14,79 +16,52 @@ namespace varnow::test {
 
 namespace {
 
-const Box catalogueFailed{"There was an unexpected error loading configuration data,\r\ncannot continue."};
-
-Box verdict(const QString &line)
+/// The action, in a dialog that must show the whole prompt of this mode.
+Action inMode(int mode, const Action &action)
 {
-    return {line + "\r\nThe configuration cannot continue.", ui::style::Critical};
+    return [=](const Driver &user) {
+        const QWidget *window = user.control("cmdLogin")->window();
+        EXPECT_EQ(window->windowTitle(), mode == 0 ? "Enter configuration database information."
+                                                   : "Enter Velmora database information.");
+        QFont bold = window->font();
+        bold.setBold(true);
+        constexpr int buttons = 80;
+        EXPECT_GT(window->width(), QFontMetrics(bold).horizontalAdvance(window->windowTitle()) + buttons);
+        EXPECT_EQ(window->minimumSize(), window->maximumSize());
+        action(user);
+    };
 }
 
-const Box canceled = verdict("The database login was canceled.");
-
-std::vector<Box> operator+(std::vector<Box> boxes, const std::vector<Box> &more)
+Boxes ending(const QString &verdict)
 {
-    boxes.insert(boxes.end(), more.begin(), more.end());
-    return boxes;
+    return {{verdict + "\r\nThe configuration cannot continue.", ui::style::Critical}};
+}
+
+void leaveEditor(const Driver &user)
+{
+    user.control("cmdExit")->window()->close();
 }
 
 } // namespace
 
-class StartUpTest : public LoginTest
-{
-protected:
-    int start(const QString &argumentText, std::deque<Action> actions)
-    {
-        return acting(std::move(actions), [&] { return startUp(argumentText); });
-    }
-
-    /// The four words of the test's database.
-    QString words(const QString &password = "secret") const
-    {
-        return QStringList({valid.server, valid.database, valid.user, password}).join(' ');
-    }
-
-    static void leaveEditor(const Driver &user) { user.control("cmdExit")->window()->close(); }
-};
-
-// A round left out, shown twice or after a failure; the wrong last word; an exit code that hides it.
+// A round left out, shown twice or after a failure; an older schema that stops the start, or an unreadable
+// one that does not; the wrong last box; an exit code that hides it.
 TEST_P(StartUpTest, AsksForBothDatabasesBeforeTheEditor)
 {
-    const auto inMode = [](int mode, const Action &action) -> Action {
-        return [=](const Driver &user) {
-            EXPECT_EQ(LoginState::DatabaseMode, mode);
-            action(user);
-        };
-    };
-    EXPECT_EQ(start("", {inMode(0, logIn(valid)), inMode(1, logIn(valid)), leaveEditor}), 0);
-    EXPECT_EQ(messages.take(), exact + exact);
+    const Boxes canceled = ending("The database login was canceled.");
+    const Boxes complaint{{"A Username is required.", ui::style::Critical, "ERROR"}};
+    const Action nowhere =
+        logIn({GetParam() == Engine::Sqlite ? valid[0] : "127.0.0.1,1", valid[1] + "x", "user", ""});
+    expectStart("", {inMode(0, logIn(valid)), inMode(1, logIn(valid)), leaveEditor}, 0, exact + exact);
     EXPECT_EQ(gConfigNames, QStringList({"Standard", "Fixed Length"}));
-
-    EXPECT_EQ(start(" \t", {inMode(0, cancel)}), 1);
-    EXPECT_EQ(messages.take(), std::vector<Box>{canceled});
-
-    LoginState::Canceled = false;
-    EXPECT_EQ(start("", {inMode(0, logIn(valid)), inMode(1, cancel)}), 1);
-    EXPECT_EQ(messages.take(), exact + std::vector<Box>{canceled});
-
-    LoginState::Canceled = false;
-    EXPECT_EQ(start("", {inMode(0, logIn({"s", "d", "", ""})), inMode(0, cancel)}), 1);
-    EXPECT_EQ(messages.take(), (std::vector<Box>{{"A Username is required.", 16, "ERROR"}, canceled}));
-    LoginState::Canceled = false;
-}
-
-// An older schema that stops the start; an unreadable one that does not.
-TEST_P(StartUpTest, EndsOnlyWhenTheConfigurationDatabaseIsUnreadable)
-{
-    const QString missing = valid.server.startsWith('(') ? valid.server : QStringLiteral("127.0.0.1,1");
-    const Entries nowhere{missing, valid.database + "x", "user", ""};
+    expectStart(" \t", {inMode(0, cancel)}, 1, canceled);
+    expectStart("", {inMode(0, logIn(valid)), inMode(1, cancel)}, 1, exact + canceled);
+    expectStart("", {inMode(0, logIn({"s", "d", "", ""})), inMode(0, cancel)}, 1, complaint + canceled);
     database.run("UPDATE database_version SET database_version = 2");
-    EXPECT_EQ(start("", {logIn(valid), logIn(nowhere), leaveEditor}), 0);
-    EXPECT_EQ(messages.take(), earlier + earlier);
-
-    EXPECT_EQ(start("", {logIn(nowhere)}), 1);
-    EXPECT_EQ(messages.take(),
-              unreadable(-2147467259) +
-                  std::vector<Box>{verdict("There was a serious problem with the supplied data.")});
+    expectStart("", {logIn(valid), nowhere, leaveEditor}, 0, earlier + earlier);
+    expectStart("", {nowhere}, 1,
+                errorBox(-2147467259) + unreadable +
+                    ending("There was a serious problem with the supplied data."));
 }
 
 // Boxes that a test's handler sees and a user does not.
@@ -102,57 +77,100 @@ TEST_P(StartUpTest, ShowsEveryBoxOnTheScreen)
         }
     });
     user.start();
-    EXPECT_EQ(start("", {logIn(valid), logIn(valid), leaveEditor}), 0);
-    EXPECT_EQ(start("", {logIn(valid), cancel}), 1);
+    expectStart("", {logIn(valid), cancel}, 1, {});
     ui::setMessageBoxHandler(before);
-    const QStringList round{"Configuration:   success, the versions match exactly.",
-                            "Reminder: for the Pentaro application."};
-    EXPECT_EQ(seen, round + round + round + QStringList("Configuration: The configuration cannot continue."));
+    EXPECT_EQ(seen, QStringList({"Configuration:   success, the versions match exactly.",
+                                 "Reminder: for the Pentaro application.",
+                                 "Configuration: The configuration cannot continue."}));
 }
 
-// A word in the wrong place, an empty password in the wrong one, a ninth word that counts.
+// A word in the wrong place, an empty password in the wrong one, a ninth word that counts; an editor on half
+// a catalogue.
 TEST_P(StartUpTest, TakesTheValuesFromEightWords)
 {
-    const QString velmora = "server database \"\" \"\"";
-    EXPECT_EQ(start(words("\"\"") + " \t" + velmora + " nine ten eleven", {leaveEditor}), 0);
-    EXPECT_EQ(messages.take(), std::vector<Box>());
-    const QStringList configuration{gCfgServer, gCfgDatabase, gCfgUser, gCfgPassword};
-    EXPECT_EQ(configuration, QStringList({valid.server, valid.database, valid.user, ""}));
-    const QStringList other{gVelmoraServer, gVelmoraDatabase, gVelmoraUser, gVelmoraPassword};
-    EXPECT_EQ(other, QStringList({"server", "database", "\"\"", ""}));
+    const QString configuration = valid.mid(0, 3).join(' ') + " \"\"";
+    const QStringList values = valid.mid(0, 3) + QStringList("");
+    expectStart(configuration + " \tserver database \"\" \"\" nine ten eleven", {leaveEditor}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"server", "database", "\"\"", ""}));
+    expectStart(configuration + " \"my server\" \"\" \"\"x", {leaveEditor}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"\"my", "server\"", "\"\"", "\"\"x"}));
 
-    EXPECT_EQ(start("\"my server\" \"\" \"\"x 5 6 7 8", {leaveEditor}), 0);
-    EXPECT_EQ(gCfgServer + '|' + gCfgDatabase + '|' + gCfgPassword, "\"my|server\"|\"\"x");
-    EXPECT_EQ(gCfgUser, "\"\"");
-    EXPECT_EQ(messages.take().front(),
-              information({"An unexpected problem with the database prevented reading",
-                           "the default configuration name, substituting 'Standard'."}));
+    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
+    expectStart(configuration + " 5 6 7 8", {}, 1,
+                {{"An unexpected error occurred while getting the configuration names."},
+                 {"There was an unexpected error loading configuration data,\r\ncannot continue."}});
 }
 
 // A start with half of the values.
 TEST_P(StartUpTest, RefusesOneToSevenWords)
 {
-    for (int count = 1; count < 8; ++count) {
-        EXPECT_EQ(start(QStringList(count, "word").join(' '), {}), 2);
-        EXPECT_EQ(messages.take(),
-                  (std::vector<Box>{{"The command line must hold eight words, separated by blanks:\r\n"
-                                     "  configuration-server\r\n  configuration-database\r\n"
-                                     "  configuration-user\r\n  configuration-password\r\n"
-                                     "  velmora-server\r\n  velmora-database\r\n"
-                                     "  velmora-user\r\n  velmora-password",
-                                     16}}));
-    }
-    EXPECT_EQ(gCfgServer, "");
+    const Box refusal{"The command line must hold eight words, separated by blanks:\r\n"
+                      "  configuration-server\r\n  configuration-database\r\n"
+                      "  configuration-user\r\n  configuration-password\r\n"
+                      "  velmora-server\r\n  velmora-database\r\n  velmora-user\r\n  velmora-password",
+                      ui::style::Critical};
+    for (int count = 1; count < 8; ++count)
+        expectStart(QStringList(count, "word").join(' '), {}, 2, {refusal});
+    EXPECT_EQ(stored(), nothing + nothing);
 }
 
-// An editor on half a catalogue.
-TEST_P(StartUpTest, EndsWhenTheCatalogueCannotBeRead)
+// Quotes that group, separators that count, words behind the last one allowed.
+TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
 {
-    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    EXPECT_EQ(start(words() + ' ' + words(), {}), 1);
-    EXPECT_EQ(messages.take(),
-              (std::vector<Box>{{"An unexpected error occurred while getting the configuration names."},
-                                catalogueFailed}));
+    const struct
+    {
+        QString text;
+        QStringList words;
+        int maximum = 10;
+    } cases[] = {
+        {"", {}},
+        {" \t ", {}},
+        {"\t one \t\ttwo  ", {"one", "two"}},
+        {"\"two words\" \"\"", {"\"two", "words\"", "\"\""}},
+        {"a\nb\u00a0c", {"a\nb\u00a0c"}},
+        {"1 2 3 4 5 6 7 8 9 10 11 12 ", {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}},
+        {"one two three", {"one", "two"}, 2},
+        {"one", {}, 0},
+    };
+    for (const auto &[text, words, maximum] : cases)
+        EXPECT_EQ(GetCommandLine(text, maximum), QStringList(QString()) + words) << qPrintable(text);
+}
+
+// Help that needs a display, or that counts as a server's name.
+TEST(Program, TellsAboutItselfWithoutADisplay)
+{
+    QProcess program;
+    program.setProcessEnvironment({});
+    const auto output = [&program](const QString &word) {
+        program.start(VARNOW_PROGRAM, {word});
+        program.waitForFinished(-1);
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0);
+        return QString::fromUtf8(program.readAllStandardOutput());
+    };
+    EXPECT_TRUE(output("--version").startsWith("varnow "));
+    const QString help = output("--help");
+    for (const char *word : {"configuration-server", "velmora-password", "(sqlite)", "\"\""})
+        EXPECT_TRUE(help.contains(word)) << word;
+}
+
+// A password that every user of the machine can read.
+TEST(Program, BlanksItsWordsInTheProcessList)
+{
+    TestDatabase database(Engine::SqlServer);
+    database.server()->failLogins({.kind = Fault::Hang});
+    const QStringList words{gCfgServer, gCfgDatabase, gCfgUser, gCfgPassword};
+    QProcess program;
+    program.start(VARNOW_PROGRAM, words + words);
+    while (program.state() != QProcess::NotRunning && database.server()->logins().empty())
+        QTest::qWait(1); // it has read its words once it logs in
+    ASSERT_FALSE(database.server()->logins().empty());
+    QFile list(QStringLiteral("/proc/%1/cmdline").arg(program.processId()));
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    EXPECT_EQ(list.readAll().replace('\0', ""), QByteArray(VARNOW_PROGRAM));
+    EXPECT_EQ(database.server()->logins().front().password, gCfgPassword);
+    program.kill();
+    program.waitForFinished(-1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, StartUpTest, everyEngine(),
