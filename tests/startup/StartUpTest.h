@@ -85,7 +85,7 @@ protected:
         };
     }
     static void cancel(const Driver &user) { user.click("cmdCancel"); }
-    static void close(const Driver &user) { user.control("cmdCancel")->window()->close(); }
+    static void close(const Driver &) { ui::Window::loadedWindows().back()->surface()->window()->close(); }
 
     MessageLog messages;
     TestDatabase database{GetParam(), true};

@@ -10,14 +10,9 @@ namespace varnow::test {
 
 namespace {
 
-const QStringList entryNames{"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)"};
-
 QStringList texts(const Driver &user)
 {
-    QStringList texts;
-    for (const QString &name : entryNames)
-        texts += user.text(name);
-    return texts;
+    return {user.text("Text1(0)"), user.text("Text1(1)"), user.text("Text1(2)"), user.text("Text1(3)")};
 }
 
 Action pressIn(const QString &name, int key)
@@ -83,7 +78,7 @@ TEST_P(StartUpTest, DialogWalksTheEntriesWithTabAndSelectsThem)
 {
     const Action walk = [](const Driver &user) {
         EXPECT_EQ(qobject_cast<QLineEdit *>(user.control("Text1(3)"))->displayText(), "****");
-        for (const QString &stop : QStringList{"cmdLogin", "cmdCancel"} + entryNames) {
+        for (const QString stop : {"cmdLogin", "cmdCancel", "Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)"}) {
             user.press(Qt::Key_Tab);
             EXPECT_EQ(user.focused(), stop);
             const auto *entry = qobject_cast<QLineEdit *>(user.control(stop));

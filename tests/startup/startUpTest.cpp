@@ -37,11 +37,6 @@ Boxes ending(const QString &verdict)
     return {{verdict + "\r\nThe configuration cannot continue.", ui::style::Critical}};
 }
 
-void leaveEditor(const Driver &user)
-{
-    user.control("cmdExit")->window()->close();
-}
-
 } // namespace
 
 // A round left out, shown twice or after a failure; an older schema that stops the start, or an unreadable
@@ -50,16 +45,17 @@ TEST_P(StartUpTest, AsksForBothDatabasesBeforeTheEditor)
 {
     const Boxes canceled = ending("The database login was canceled.");
     const Boxes complaint{{"A Username is required.", ui::style::Critical, "ERROR"}};
-    const Action nowhere =
-        logIn({GetParam() == Engine::Sqlite ? valid[0] : "127.0.0.1,1", valid[1] + "x", "user", ""});
-    expectStart("", {inMode(0, logIn(valid)), inMode(1, logIn(valid)), leaveEditor}, 0, exact + exact);
+    const auto nowhere = [this](const QString &server) {
+        return logIn({GetParam() == Engine::Sqlite ? valid[0] : server, valid[1] + "x", "user", ""});
+    };
+    expectStart("", {inMode(0, logIn(valid)), inMode(1, logIn(valid)), close}, 0, exact + exact);
     EXPECT_EQ(gConfigNames, QStringList({"Standard", "Fixed Length"}));
     expectStart(" \t", {inMode(0, cancel)}, 1, canceled);
     expectStart("", {inMode(0, logIn(valid)), inMode(1, cancel)}, 1, exact + canceled);
     expectStart("", {inMode(0, logIn({"s", "d", "", ""})), inMode(0, cancel)}, 1, complaint + canceled);
     database.run("UPDATE database_version SET database_version = 2");
-    expectStart("", {logIn(valid), nowhere, leaveEditor}, 0, earlier + earlier);
-    expectStart("", {nowhere}, 1,
+    expectStart("", {logIn(valid), nowhere("no-such-host.invalid"), close}, 0, earlier + earlier);
+    expectStart("", {nowhere("127.0.0.1,1")}, 1,
                 errorBox(-2147467259) + unreadable +
                     ending("There was a serious problem with the supplied data."));
 }
@@ -84,25 +80,9 @@ TEST_P(StartUpTest, ShowsEveryBoxOnTheScreen)
                                  "Configuration: The configuration cannot continue."}));
 }
 
-// A word in the wrong place, an empty password in the wrong one, a ninth word that counts; an editor on half
-// a catalogue.
+// A word in the wrong place, an empty password in the wrong one, a ninth word that counts; a start with
+// half of the values; an editor on half a catalogue.
 TEST_P(StartUpTest, TakesTheValuesFromEightWords)
-{
-    const QString configuration = valid.mid(0, 3).join(' ') + " \"\"";
-    const QStringList values = valid.mid(0, 3) + QStringList("");
-    expectStart(configuration + " \tserver database \"\" \"\" nine ten eleven", {leaveEditor}, 0, {});
-    EXPECT_EQ(stored(), values + QStringList({"server", "database", "\"\"", ""}));
-    expectStart(configuration + " \"my server\" \"\" \"\"x", {leaveEditor}, 0, {});
-    EXPECT_EQ(stored(), values + QStringList({"\"my", "server\"", "\"\"", "\"\"x"}));
-
-    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    expectStart(configuration + " 5 6 7 8", {}, 1,
-                {{"An unexpected error occurred while getting the configuration names."},
-                 {"There was an unexpected error loading configuration data,\r\ncannot continue."}});
-}
-
-// A start with half of the values.
-TEST_P(StartUpTest, RefusesOneToSevenWords)
 {
     const Box refusal{"The command line must hold eight words, separated by blanks:\r\n"
                       "  configuration-server\r\n  configuration-database\r\n"
@@ -112,6 +92,18 @@ TEST_P(StartUpTest, RefusesOneToSevenWords)
     for (int count = 1; count < 8; ++count)
         expectStart(QStringList(count, "word").join(' '), {}, 2, {refusal});
     EXPECT_EQ(stored(), nothing + nothing);
+
+    const QString configuration = valid.mid(0, 3).join(' ') + " \"\"";
+    const QStringList values = valid.mid(0, 3) + QStringList("");
+    expectStart(configuration + " \tserver database \"\" \"\" nine ten eleven", {close}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"server", "database", "\"\"", ""}));
+    expectStart(configuration + " \"my server\" \"\" \"\"x", {close}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"\"my", "server\"", "\"\"", "\"\"x"}));
+
+    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
+    expectStart(configuration + " 5 6 7 8", {}, 1,
+                {{"An unexpected error occurred while getting the configuration names."},
+                 {"There was an unexpected error loading configuration data,\r\ncannot continue."}});
 }
 
 // Quotes that group, separators that count, words behind the last one allowed.
