@@ -32,10 +32,9 @@ Action inMode(int mode, const Action &action)
     };
 }
 
-Boxes ending(const QString &verdict)
-{
-    return {{verdict + "\r\nThe configuration cannot continue.", ui::style::Critical}};
-}
+const auto ending = [](const QString &verdict) {
+    return Boxes{{verdict + "\r\nThe configuration cannot continue.", ui::style::Critical}};
+};
 
 } // namespace
 
@@ -131,10 +130,10 @@ TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
 // Help that needs a display, or that counts as a server's name.
 TEST(Program, TellsAboutItselfWithoutADisplay)
 {
-    QProcess program;
-    program.setProcessEnvironment({});
-    const auto output = [&program](const QString &word) {
-        program.start(VARNOW_PROGRAM, {word});
+    const auto output = [](const QString &word) {
+        QProcess program;
+        program.start(
+            "env", {"-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM", VARNOW_PROGRAM, word});
         program.waitForFinished(-1);
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program.exitCode(), 0);
