@@ -4,7 +4,6 @@
 #include "support/MessageLog.h"
 #include "support/TestDatabase.h"
 
-#include "db/ConfigADOUtilities.h"
 #include "editor/frmLinesConfig.h"
 #include "fields/modLabLineFldCfg.h"
 #include "lines/modLabLineCfg.h"
@@ -32,33 +31,32 @@ protected:
     EditorTest()
     {
         gMsgTitle = "Configuration";
-        forgetStores();
+        LabLineTable.clear();
+        LabLineFldTable.clear();
+        RemovedLabLineTable.clear();
+        RemovedLabLineFldTable.clear();
     }
 
-    ~EditorTest() override { forgetStores(); }
-
-    /// Adds a line to the database, before the editor opens.
-    void addLine(const QString &configuration, const QString &name, int nameIndex, int msgIndex)
+    /// Adds a line to the database, before the editor opens; texts as within quotes of SQL.
+    void addLine(const QString &name, int nameIndex, int msgIndex, const QString &configuration = "Standard")
     {
-        insert("LabLineConfig", "Configuration, Name, NameIndex, MsgIndex",
-               {db::quoted(configuration), db::quoted(name), QString::number(nameIndex),
-                QString::number(msgIndex)});
+        insert("LabLineConfig (Configuration, Name, NameIndex, MsgIndex, id)",
+               QStringLiteral("'%1', '%2', %3, %4").arg(configuration, name).arg(nameIndex).arg(msgIndex));
     }
 
-    void addField(const QString &configuration, const QString &line, int lineIndex, int msgIndex,
-                  int position, const QString &name, int nameIndex = 0)
+    void addField(const QString &line, int lineIndex, int msgIndex, int position, const QString &name,
+                  int nameIndex = 0)
     {
-        insert("LabLineFieldConfig",
-               "Configuration, Line, LineIndex, MsgIndex, Position, Name, NameIndex, Constant",
-               {db::quoted(configuration), db::quoted(line), QString::number(lineIndex),
-                QString::number(msgIndex), QString::number(position), db::quoted(name),
-                QString::number(nameIndex), "'x'"});
+        const QString place =
+            QStringLiteral("'%1', %2, %3, %4").arg(line).arg(lineIndex).arg(msgIndex).arg(position);
+        insert("LabLineFieldConfig (Line, LineIndex, MsgIndex, Position, Name, NameIndex, Configuration, "
+               "Constant, id)",
+               QStringLiteral("%1, '%2', %3, 'Standard', 'x'").arg(place, name).arg(nameIndex));
     }
 
-    void insert(const QString &table, const QString &columns, const QStringList &values)
+    void insert(const QString &target, const QString &values)
     {
-        database.run(QStringLiteral("INSERT INTO %1 (id, %2) VALUES (%3, %4)")
-                         .arg(table, columns, QString::number(++lastId), values.join(u',')));
+        database.run(QStringLiteral("INSERT INTO %1 VALUES (%2, %3)").arg(target, values).arg(++lastId));
     }
 
     /// Reads the catalogue and opens the editor as the program does.
@@ -81,44 +79,22 @@ protected:
         return found;
     }
 
-    /// Fields of a configuration as "Line(LineIndex) MsgIndex.Position Name(NameIndex)", in table order.
-    static QStringList fields(const QString &configuration = "Standard")
+    /// All fields as "MsgIndex.Position Name", in table order.
+    static QStringList fields()
     {
         QStringList found;
-        for (const LabLineFldCfgRecord &field : LabLineFldTable) {
-            if (field.Configuration == configuration)
-                found += QStringLiteral("%1(%2) %3.%4 %5(%6)")
-                             .arg(field.Line)
-                             .arg(field.LineIndex)
-                             .arg(field.MsgIndex)
-                             .arg(field.Position)
-                             .arg(field.Name)
-                             .arg(field.NameIndex);
-        }
+        for (const LabLineFldCfgRecord &field : LabLineFldTable)
+            found += QStringLiteral("%1.%2 %3").arg(field.MsgIndex).arg(field.Position).arg(field.Name);
         return found;
     }
 
-    static void forgetStores()
-    {
-        LabLineTable.clear();
-        LabLineFldTable.clear();
-        RemovedLabLineTable.clear();
-        RemovedLabLineFldTable.clear();
-    }
-
-    /// Leaves as the close box does and answers a prompt with Cancel. Returns whether there was a prompt;
-    /// without one the editor is closed then.
+    /// Leaves as the close box does and answers a prompt with Cancel. Without a prompt the editor is closed.
     bool leavingAsks()
     {
-        messages.take();
-        bool asked = false;
-        const auto before = ui::setMessageBoxHandler([&asked](const QString &, int, const QString &) {
-            asked = true;
-            return ui::answer::Cancel;
-        });
+        const auto before = ui::setMessageBoxHandler([](auto &, int, auto &) { return ui::answer::Cancel; });
         editor->unload();
         ui::setMessageBoxHandler(before);
-        return asked;
+        return editor->isLoaded();
     }
 
     /// The boxes shown since they were looked at last.

@@ -1,13 +1,11 @@
 #include "editor/EditorTest.h"
 
-#include <QComboBox>
 #include <QTest>
 
 namespace varnow::test {
 
 namespace {
 
-const Box noLines{"There is no line configuration\r\ndata to display."};
 const Box saveChanges{"Changes have been made to the configuration.\r\n"
                       "Any changes will be lost if you continue without saving.\r\n"
                       "Do you want to save changes now?\r\n"
@@ -21,10 +19,10 @@ class ConfigurationTest : public EditorTest
 protected:
     ConfigurationTest()
     {
-        addLine("Standard", "PID", 1, 1);
-        addLine("Standard", "OBR", 0, 2);
-        addLine("Standard", "OBX", -1, 3);
-        addLine("It's", "HDR", 0, 1);
+        addLine("PID", 1, 1);
+        addLine("OBR", 0, 2);
+        addLine("OBX", -1, 3);
+        addLine("HDR", 0, 1, "It''s");
         database.run(
             "INSERT INTO data_extractor_fields_config VALUES ('Standard', 'sex '), (' Standard', 'race'), "
             "('standard', 'no'), ('It''s', 'file')");
@@ -38,27 +36,13 @@ protected:
     }
 };
 
-TEST_P(ConfigurationTest, ChangesALineAndFindsItInTheDatabase)
-{
-    open();
-    messages.take(); // no fields in the database
-    changeMsgIndex("2 OBR", "7");
-    user->press(Qt::Key_S, Qt::AltModifier);
-    expectBoxes({{"SaveAllLabLineCfg complete\r\n  0 errors occurred\r\n  4 records processed correctly."},
-                 {"No records found to process."}});
-    EXPECT_EQ(database.value("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), "7");
-    EXPECT_EQ(database.value("SELECT COUNT(*) FROM LabLineConfig"), "4");
-    EXPECT_FALSE(leavingAsks());
-}
-
 TEST_P(ConfigurationTest, SwitchesOnceAndKeepsEdits)
 {
     open({"Standard", "It's"});
     messages.take(); // no fields in the database
     changeMsgIndex("1 PID(1)", "5");
-    auto *box = static_cast<QComboBox *>(user->control("cboConfig"));
+    QWidget *box = user->control("cboConfig");
     QTest::keyClick(box, Qt::Key_Down); // chooses the next item as a user does
-    EXPECT_EQ(user->text("cboConfig"), "It's");
     EXPECT_EQ(user->tree(), QStringList("1 HDR"));
     EXPECT_EQ(user->items("Combo2(1)"), QStringList("file"));
     QTest::keyClick(box, Qt::Key_Up);
@@ -78,7 +62,7 @@ TEST_P(ConfigurationTest, SwitchesAtEveryKeystroke)
     user->press(Qt::Key_Return);
     EXPECT_EQ(user->text("cboConfig"), "It"); // nothing is completed
     QTest::keyClicks(user->control("cboConfig"), "'s");
-    expectBoxes({noLines});
+    expectBoxes({{"There is no line configuration\r\ndata to display."}});
     EXPECT_EQ(user->text("Text1(0)"), "HDR");
     QTest::keyClicks(user->control("cboConfig"), " ");
     EXPECT_EQ(user->tree(), QStringList("1 HDR"));
@@ -92,10 +76,9 @@ TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
     open();
     messages.take();
     user->showPage(1);
-    auto *box = static_cast<QComboBox *>(user->control("Combo2(0)"));
     EXPECT_EQ(user->text("Combo2(0)"), "PID(1)"); // the first that begins with the shown line's name
     EXPECT_EQ(user->text("Text2(2)"), "1");
-    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(user->control("Combo2(0)"), Qt::Key_Down);
     EXPECT_EQ(user->text("Combo2(0)"), "OBR");
     EXPECT_EQ(user->text("Text2(2)"), "2");
     user->type("Combo2(0)", "obx(7)");
@@ -139,16 +122,10 @@ TEST_P(ConfigurationTest, StopsAtTheLimitOfTheRowCounter)
 
 TEST_P(ConfigurationTest, ReloadsAfterAskingAboutChanges)
 {
-    addField("Standard", "OBR", 0, 2, 1, "Set ID");
+    addField("OBR", 0, 2, 1, "Set ID");
     open({"It's", "Standard"});
     changeMsgIndex("2 OBR", "9");
-    messages.answerWith(ui::answer::Cancel);
-    user->click("cmdReload");
-    expectBoxes({saveChanges});
-    EXPECT_EQ(user->text("Text1(2)"), "9");
     messages.answerWith(ui::answer::No);
-    user->showPage(1);
-    user->type("Text2(4)", "x");
     user->click("cmdReload");
     expectBoxes({saveChanges});
     EXPECT_EQ(user->tree(), QStringList({"1 PID(1)", "2 OBR", "  2.1 Set ID", "3 OBX(-1)"}));
@@ -173,7 +150,9 @@ TEST_P(ConfigurationTest, AsksBeforeLeaving)
     EXPECT_TRUE(editor->isLoaded());
     messages.answerWith(ui::answer::Yes);
     editor->surface()->close();
-    EXPECT_EQ(messages.take().size(), 3U);
+    expectBoxes({saveChanges,
+                 {"SaveAllLabLineCfg complete\r\n  0 errors occurred\r\n  4 records processed correctly."},
+                 {"No records found to process."}});
     EXPECT_FALSE(editor->isLoaded());
     EXPECT_EQ(database.value("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), "9");
 }

@@ -31,8 +31,8 @@ protected:
     ProgressTest()
     {
         for (int i = 1; i <= 40; ++i)
-            addLine("Standard", QStringLiteral("L%1").arg(i), 0, i);
-        addField("Standard", "L1", 0, 1, 1, "Only");
+            addLine(QStringLiteral("L%1").arg(i), 0, i);
+        addField("L1", 0, 1, 1, "Only");
         open();
         watch.callOnTimeout([this] {
             if (QWidget *window = progressWindow())

@@ -8,32 +8,11 @@ class TreeTest : public EditorTest
 {
 };
 
-TEST_P(TreeTest, PlacesNodesByMessageIndex)
-{
-    addLine("Standard", "MSH", 0, 1);
-    addLine("Standard", "PID", 0, 2);
-    addLine("Standard", "OBR", 0, 5);
-    addField("Standard", "PID", 0, 2, 1, "First");
-    addField("Standard", "PID", 0, 2, 1, "Second"); // same place: one node
-    addField("Standard", "PID", 0, 4, 1, "Homeless");
-    open();
-    const auto store = [this](const QString &name, const QString &msgIndex) {
-        user->fill({{"Text1(0)", name}, {"Text1(1)", "0"}, {"Text1(2)", msgIndex}});
-        user->click("cmdAdd");
-    };
-    store("ORC", "3");
-    store("ZZZ", "-1"); // lower than the first: last
-    store("YYY", "0");
-    EXPECT_EQ(user->tree(),
-              QStringList({"1 MSH", "2 PID", "  2.1 Second", "3 ORC", "5 OBR", "-1 ZZZ", "0 YYY"}));
-    expectBoxes({});
-}
-
 TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
 {
-    addLine("Standard", "MSH", 0, 1);
-    addLine("Standard", "PID", 2, 1);
-    addField("Standard", "MSH", 0, 1, 1, "Separator");
+    addLine("MSH", 0, 1);
+    addLine("PID", 2, 1);
+    addField("MSH", 0, 1, 1, "Separator");
     messages.answerWith(ui::answer::Yes);
     open();
     expectBoxes({{"A node with this message index already esists.\r\nDo you wish to update this node?", 36}});
@@ -47,8 +26,8 @@ TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
 
 TEST_P(TreeTest, RefusesFieldsWithoutAnyLine)
 {
-    addField("Standard", "PID", 0, 1, 1, "First");
-    addField("Standard", "PID", 0, 1, 2, "Second");
+    addField("PID", 0, 1, 1, "First");
+    addField("PID", 0, 1, 2, "Second");
     open();
     const Box needsLine{
         "The system requires a line for field attachment.\r\nPlease check your input and try again."};
@@ -58,10 +37,10 @@ TEST_P(TreeTest, RefusesFieldsWithoutAnyLine)
 
 TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
 {
-    addLine("Standard", "MSH", 0, 1);
-    addLine("Standard", "A (b", 2, 2);
-    addField("Standard", "A (b", 2, 2, 7, "Name (x) (y)");
-    addField("Standard", "A (b", 2, 2, 8, "Name (x) (y)", 3);
+    addLine("MSH", 0, 1);
+    addLine("A (b", 2, 2);
+    addField("A (b", 2, 2, 7, "Name (x) (y)");
+    addField("A (b", 2, 2, 8, "Name (x) (y)", 3);
     database.run(
         "UPDATE LabLineFieldConfig SET FixedLength = 1, PadChar = ' ', PadDirection = -1, Length = 12, "
         "ValidationString = '30', FormatString = 'fmt', LookupString = 'look' WHERE NameIndex = 3");
@@ -80,26 +59,18 @@ TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
     user->clickNode("2.7 Name (x) (y)");
     EXPECT_EQ(user->text("Text2(1)") + user->text("Text2(6)"), "012"); // the length is left, and disabled
     EXPECT_FALSE(user->control("Text2(6)")->isEnabled());
-}
-
-TEST_P(TreeTest, EmptiesThePageOfAVanishedRecord)
-{
-    addLine("Standard", "MSH", 0, 1);
-    addField("Standard", "MSH", 0, 1, 1, "Separator");
-    open();
-    LabLineFldTable.removeAt(0);
-    user->clickNode("1.1 Separator");
-    EXPECT_EQ(user->text("Text2(0)"), "");
-    LabLineTable.removeAt(0);
+    LabLineFldTable.clear();
+    LabLineTable.clear(); // what has no record any more empties its page
+    user->clickNode("2.8 Name (x) (y)(3)");
     user->clickNode("1 MSH");
-    EXPECT_EQ(user->text("Text1(0)"), "");
+    EXPECT_EQ(user->text("Text1(0)") + user->text("Text2(0)"), "");
 }
 
 TEST_P(TreeTest, WorksWithoutAMouse)
 {
-    addLine("Standard", "MSH", 0, 1);
-    addLine("Standard", "PID", 0, 2);
-    addField("Standard", "MSH", 0, 1, 1, "Separator");
+    addLine("MSH", 0, 1);
+    addLine("PID", 0, 2);
+    addField("MSH", 0, 1, 1, "Separator");
     open();
     user->type("Text1(0)", "typed over");
     user->treeWidget()->setFocus();
