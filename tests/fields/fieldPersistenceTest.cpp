@@ -1,5 +1,4 @@
 #include "fields/modLabLineFldCfgDatabase.h"
-#include "lines/columnOf.h"
 #include "support/StoreFixture.h"
 
 using namespace varnow;
@@ -66,12 +65,8 @@ TEST_P(FieldPersistence, loadsAndSavesEveryColumn)
 // Faults: a bad row taken for a good one, or the rows before it forgotten.
 TEST_P(FieldPersistence, stopsTheLoadAtABadRow)
 {
-    const struct
-    {
-        const char *change;
-        int error;
-        int loadedBefore; // Null sorts before numbers
-    } badRows[] = {
+    // the change of the second row, the error, the fields loaded before it: Null sorts before numbers
+    const std::tuple<const char *, int, int> badRows[] = {
         {"Configuration = NULL", 94, 1},
         {"Name = NULL", 94, 1},
         {"Line = NULL", 94, 1},
@@ -80,13 +75,13 @@ TEST_P(FieldPersistence, stopsTheLoadAtABadRow)
         {"ValidationString = 'abc'", 13, 1},
         {"ValidationString = '3000000000'", 6, 1},
     };
-    for (const auto &bad : badRows) {
+    for (const auto &[change, error, loadedBefore] : badRows) {
         emptyStores();
         database.run("DELETE FROM LabLineFieldConfig");
         addRows("(1, 'S', 'A', 'PID', -1, 1, NULL), (2, 'S', 'B', 'PID', -1, 2, NULL)");
-        database.run(QStringLiteral("UPDATE LabLineFieldConfig SET %1 WHERE id = 2").arg(bad.change));
-        EXPECT_EQ(load(), bad.error) << bad.change;
-        EXPECT_EQ(LabLineFldTable.size(), bad.loadedBefore) << bad.change;
+        database.run(QStringLiteral("UPDATE LabLineFieldConfig SET %1 WHERE id = 2").arg(change));
+        EXPECT_EQ(load(), error) << change;
+        EXPECT_EQ(LabLineFldTable.size(), loadedBefore) << change;
     }
     database.run("DROP TABLE LabLineFieldConfig");
     EXPECT_EQ(load(), 0);

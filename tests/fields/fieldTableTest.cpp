@@ -1,4 +1,3 @@
-#include "lines/columnOf.h"
 #include "support/StoreFixture.h"
 
 #include <limits>
@@ -22,28 +21,6 @@ class FieldTable : public testing::Test, public StoreFixture
 };
 
 } // namespace
-
-// Fault: the rules of the order read another way. Each case is worked out by hand.
-TEST_F(FieldTable, insertsInOrder)
-{
-    const std::pair<std::vector<Field>, std::vector<int>> cases[] = {
-        // between its neighbours
-        {{field(1, "S", 1, 1), field(2, "S", 2, 1), field(3, "S", 1, 2)}, {1, 3, 2}},
-        // a new configuration at the top
-        {{field(1, "S", 1, 1), field(2, "T", 1, 1)}, {2, 1}},
-        // before the older field of the same place
-        {{field(1, "S", 1, 1), field(2, "S", 1, 2), field(3, "S", 1, 2)}, {1, 3, 2}},
-        // before all others, but at the top of the table behind the first
-        {{field(1, "S", 1, 5), field(2, "S", 1, 6), field(3, "S", 1, 1)}, {1, 3, 2}},
-        {{field(1, "S", 1, 5), field(2, "S", 1, 6), field(3, "T", 9, 9), field(4, "S", 1, 1)}, {3, 4, 1, 2}},
-    };
-    for (const auto &[stored, order] : cases) {
-        emptyStores();
-        for (const Field &record : stored)
-            ASSERT_EQ(storeField(record), 0);
-        EXPECT_EQ(columnOf(LabLineFldTable, &Field::id), order);
-    }
-}
 
 // Fault: the caller's texts trimmed before there is a record to compare them with.
 TEST_F(FieldTable, trimsTheKeyInPlaceOnceItHasRecords)

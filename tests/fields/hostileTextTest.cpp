@@ -78,8 +78,7 @@ protected:
         EXPECT_EQ(SaveAllLabLineData(), 0);
         const int errors = static_cast<int>(refused.size());
         const int correct = static_cast<int>(texts.size());
-        expectBoxes({summary("SaveAllLabLineCfg complete", errors, correct),
-                     summary("SaveAllLabLineFldsCfg Complete.", errors, correct)});
+        expectBoxes({summary(linesSaved, errors, correct), summary(fieldsSaved, errors, correct)});
         EXPECT_EQ(LabLineTable.size(), errors + correct);
         EXPECT_EQ(LabLineFldTable.size(), errors + correct);
     }

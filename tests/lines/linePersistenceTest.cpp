@@ -1,4 +1,3 @@
-#include "lines/columnOf.h"
 #include "lines/modLabLineCfgDatabase.h"
 #include "support/StoreFixture.h"
 

@@ -1,4 +1,3 @@
-#include "lines/columnOf.h"
 #include "support/StoreFixture.h"
 
 #include <limits>

@@ -17,6 +17,20 @@
 
 namespace varnow::test {
 
+inline constexpr const char *linesSaved = "SaveAllLabLineCfg complete";
+inline constexpr const char *linesDeleted = "DeleteRemovedLabLineConfigFromDatabase Complete";
+inline constexpr const char *fieldsSaved = "SaveAllLabLineFldsCfg Complete.";
+inline constexpr const char *fieldsDeleted = "DeleteRemovedLabLineFieldsFromDatabase Complete";
+
+/// One number of every record of a table, in table order.
+template <class Record> std::vector<int> columnOf(const auto &table, int Record::*number)
+{
+    std::vector<int> column;
+    for (const Record &record : table)
+        column.push_back(record.*number);
+    return column;
+}
+
 /// Empty stores and recorded message boxes.
 struct StoreFixture
 {
@@ -25,13 +39,6 @@ struct StoreFixture
         emptyStores();
         gMsgTitle = QStringLiteral("Configuration");
     }
-    ~StoreFixture()
-    {
-        emptyStores();
-        gMsgTitle.clear();
-    }
-    StoreFixture(const StoreFixture &) = delete;
-    StoreFixture &operator=(const StoreFixture &) = delete;
 
     static void emptyStores()
     {
@@ -74,42 +81,14 @@ protected:
     /// The summary of a run.
     static QString summary(const char *title, int errors, int correct)
     {
-        return QStringLiteral("%1\r\n  %2 errors occurred\r\n  %3 records processed correctly.")
-            .arg(QString::fromLatin1(title))
-            .arg(errors)
-            .arg(correct);
-    }
-
-    /// Makes the database refuse rows of this name, whatever statement touches them.
-    void refuse(const QString &table, const QString &name)
-    {
-        for (const QString &event :
-             {QStringLiteral("INSERT"), QStringLiteral("UPDATE"), QStringLiteral("DELETE")}) {
-            const QString row =
-                event == QStringLiteral("INSERT") ? QStringLiteral("NEW") : QStringLiteral("OLD");
-            database.run(QStringLiteral("CREATE TRIGGER %1_%2 BEFORE %2 ON %1 WHEN %3.Name = '%4' "
-                                        "BEGIN SELECT RAISE(ABORT, 'refused'); END;")
-                             .arg(table, event, row, name));
-        }
-    }
-
-    void accept(const QString &table)
-    {
-        database.run(QStringLiteral("DROP TRIGGER %1_INSERT; DROP TRIGGER %1_UPDATE; DROP TRIGGER %1_DELETE;")
-                         .arg(table));
+        return QString::asprintf("%s\r\n  %d errors occurred\r\n  %d records processed correctly.", title,
+                                 errors, correct);
     }
 
     /// A field of line PID(0) with MsgIndex 1, with this key and position.
     static LabLineFldCfgRecord field(const QString &configuration, const QString &name, int position)
     {
-        LabLineFldCfgRecord record;
-        record.id = -1;
-        record.Configuration = configuration;
-        record.Name = name;
-        record.Line = QStringLiteral("PID");
-        record.Position = position;
-        record.MsgIndex = 1;
-        return record;
+        return {-1, configuration, name, 0, "PID", 0, position, 0, {}, {}, {}, {}, 1, 0, {}, 0, 0};
     }
 
     TestDatabase database{GetParam()};
