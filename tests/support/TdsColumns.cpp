@@ -7,39 +7,14 @@
 #include <QRegularExpression>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <sqlite3.h>
-#include <string_view>
 
 namespace varnow::test::tds {
 
 namespace {
 
 using Kind = ColumnType::Kind;
-using namespace std::string_view_literals;
-
-/// What code page 1252 has at 0x80 to 0x9F; 0 where it has nothing.
-constexpr std::u16string_view upperControls = u"€\0‚ƒ„…†‡ˆ‰Š‹Œ\0Ž\0\0‘’“”•–—˜™š›œ\0žŸ"sv;
-
-char toCodePage(QChar c)
-{
-    const char16_t unit = c.unicode();
-    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF))
-        return static_cast<char>(unit);
-    const auto place = upperControls.find(unit);
-    return place == std::u16string_view::npos ? '?' : static_cast<char>(0x80 + place);
-}
-
-bool isUtf16(Kind kind)
-{
-    return kind == Kind::NVarChar || kind == Kind::NChar || kind == Kind::NText;
-}
-
-bool isLob(Kind kind)
-{
-    return kind == Kind::Text || kind == Kind::NText;
-}
 
 QString textOf(sqlite3_stmt *row, int column)
 {
@@ -47,21 +22,12 @@ QString textOf(sqlite3_stmt *row, int column)
                              sqlite3_column_bytes(row, column));
 }
 
-QByteArray encoded(const ColumnType &type, QString text)
+void putTextValue(QByteArray &out, const ColumnType &type, const QString &text)
 {
-    if (type.kind == Kind::Char || type.kind == Kind::NChar)
-        text = text.leftJustified(isUtf16(type.kind) ? type.size / 2 : type.size);
-    if (isUtf16(type.kind))
-        return QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
-    QByteArray bytes;
-    for (const QChar c : text)
-        bytes.append(toCodePage(c));
-    return bytes;
-}
-
-void putTextValue(QByteArray &out, const ColumnType &type, const QByteArray &bytes)
-{
-    if (isLob(type.kind)) {
+    const QByteArray bytes = type.kind == Kind::NVarChar
+                                 ? QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size())
+                                 : text.toLatin1();
+    if (type.kind == Kind::Text) {
         put(out, quint8{16});
         out.append(16 + 8, '\x01'); // text pointer and time stamp, which no client looks into
         put(out, static_cast<quint32>(bytes.size()));
@@ -106,51 +72,27 @@ void putNull(QByteArray &out, const ColumnType &type)
 
 } // namespace
 
-ColumnType columnType(const QString &declaration)
-{
-    static const QHash<QString, ColumnType> plain{{"int", {Kind::Integer, 4}},
-                                                  {"smallint", {Kind::Integer, 2}},
-                                                  {"bigint", {Kind::Integer, 8}},
-                                                  {"tinyint", {Kind::Integer, 1}},
-                                                  {"real", {Kind::Float, 4}},
-                                                  {"float", {Kind::Float, 8}},
-                                                  {"datetime", {Kind::DateTime, 8}},
-                                                  {"text", {Kind::Text}},
-                                                  {"ntext", {Kind::NText}},
-                                                  {"decimal", {Kind::Decimal}},
-                                                  {"numeric", {Kind::Decimal}},
-                                                  {"varchar", {Kind::VarChar}},
-                                                  {"char", {Kind::Char}},
-                                                  {"nvarchar", {Kind::NVarChar}},
-                                                  {"nchar", {Kind::NChar}}};
-    static const QRegularExpression form(R"((\w+)\s*(?:\(\s*(\w+)\s*(?:,\s*(\d+)\s*)?\))?)");
-
-    const auto match = form.match(declaration.toLower());
-    ColumnType type = plain.value(match.captured(1), ColumnType{Kind::NVarChar});
-    const QString length = match.captured(2);
-    if (type.kind == Kind::Decimal) {
-        type.size = 17;
-        type.precision = length.isEmpty() ? 18 : length.toInt();
-        type.scale = match.captured(3).toInt();
-    } else if (type.kind >= Kind::VarChar) {
-        type.size =
-            length == u"max" ? ColumnType::unlimited : qMax(1, length.toInt()) * (isUtf16(type.kind) ? 2 : 1);
-    }
-    return type;
-}
-
 ColumnType columnType(sqlite3_stmt *row, int column)
 {
-    if (const char *declaration = sqlite3_column_decltype(row, column))
-        return columnType(QString::fromUtf8(declaration));
-    switch (sqlite3_column_type(row, column)) {
-    case SQLITE_FLOAT:
-        return {Kind::Float, 8};
-    case SQLITE_TEXT:
-        return {Kind::NVarChar, ColumnType::unlimited};
-    default: // the integer that MAX(id) is, also over no row
-        return {Kind::Integer, 4};
+    static const QHash<QString, ColumnType> plain = {
+        {"int", {Kind::Integer, 4}},    {"bigint", {Kind::Integer, 8}},   {"tinyint", {Kind::Integer, 1}},
+        {"real", {Kind::Float, 4}},     {"float", {Kind::Float, 8}},      {"datetime", {Kind::DateTime, 8}},
+        {"text", {Kind::Text}},         {"decimal", {Kind::Decimal, 17}}, {"varchar", {Kind::VarChar}},
+        {"nvarchar", {Kind::NVarChar}},
+    };
+    static const QRegularExpression form(R"((\w+)\s*(?:\(\s*(\w+)\s*(?:,\s*(\d+)\s*)?\))?)");
+
+    const auto match = form.match(QString::fromUtf8(sqlite3_column_decltype(row, column)).toLower());
+    ColumnType type = plain.value(match.captured(1));
+    const QString length = match.captured(2);
+    if (type.kind == Kind::Decimal) {
+        type.precision = length.toInt();
+        type.scale = match.captured(3).toInt();
+    } else if (type.kind >= Kind::VarChar) {
+        type.size = length == u"max" ? ColumnType::unlimited
+                                     : qMax(1, length.toInt()) * (type.kind == Kind::NVarChar ? 2 : 1);
     }
+    return type;
 }
 
 void putColumn(QByteArray &out, const ColumnType &type, const QString &name)
@@ -158,7 +100,7 @@ void putColumn(QByteArray &out, const ColumnType &type, const QString &name)
     put(out, quint32{0}); // user type
     put(out, quint16{9}); // can be Null, can be updated
     put(out, static_cast<quint8>(type.kind));
-    if (isLob(type.kind))
+    if (type.kind == Kind::Text)
         put(out, quint32{std::numeric_limits<qint32>::max()});
     else if (type.kind >= Kind::VarChar)
         put(out, static_cast<quint16>(type.size));
@@ -168,9 +110,9 @@ void putColumn(QByteArray &out, const ColumnType &type, const QString &name)
         put(out, static_cast<quint8>(type.precision));
         put(out, static_cast<quint8>(type.scale));
     }
-    if (isLob(type.kind) || type.kind >= Kind::VarChar)
-        out += collation();
-    if (isLob(type.kind)) {
+    if (type.kind == Kind::Text || type.kind >= Kind::VarChar)
+        out.append("\x09\x04\xD0\x00\x34", 5); // collation: US English, code page 1252
+    if (type.kind == Kind::Text) {
         put(out, quint8{1}); // a table name of one part
         putText<quint16>(out, QStringLiteral("t"));
     }
@@ -207,17 +149,8 @@ void putValue(QByteArray &out, const ColumnType &type, sqlite3_stmt *row, int co
         putDateTime(out, textOf(row, column));
         break;
     default:
-        putTextValue(out, type, encoded(type, textOf(row, column)));
+        putTextValue(out, type, textOf(row, column));
     }
-}
-
-QString throughCodePage(const QString &text)
-{
-    QString result = text;
-    for (QChar &c : result)
-        if (c.unicode() >= 0x80 && toCodePage(c) == '?')
-            c = u'?';
-    return result;
 }
 
 } // namespace varnow::test::tds

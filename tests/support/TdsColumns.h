@@ -18,11 +18,8 @@ struct ColumnType
         Decimal = 0x6C,
         DateTime = 0x6F,
         Text = 0x23,
-        NText = 0x63,
         VarChar = 0xA7,
-        Char = 0xAF,
-        NVarChar = 0xE7,
-        NChar = 0xEF
+        NVarChar = 0xE7
     };
     static constexpr int unlimited = 0xFFFF;
 
@@ -32,10 +29,7 @@ struct ColumnType
     int scale = 0;
 };
 
-/// The type that a declaration such as "nvarchar(50)" means.
-ColumnType columnType(const QString &declaration);
-
-/// The type of a result column: as its table declares it, else what its value in the current row suggests.
+/// The type of a result column: as its table declares it, else a number.
 ColumnType columnType(sqlite3_stmt *row, int column);
 
 /// Appends a column's description to the column metadata.
@@ -43,8 +37,5 @@ void putColumn(QByteArray &out, const ColumnType &type, const QString &name);
 
 /// Appends a column's value in the current row.
 void putValue(QByteArray &out, const ColumnType &type, sqlite3_stmt *row, int column);
-
-/// The text with every character that code page 1252 lacks turned into "?".
-QString throughCodePage(const QString &text);
 
 } // namespace varnow::test::tds

@@ -3,7 +3,6 @@
 #include "support/TdsColumns.h"
 #include "support/TdsProtocol.h"
 
-#include <QMap>
 #include <QRegularExpression>
 
 #include <sqlite3.h>
@@ -14,14 +13,8 @@ namespace varnow::test::tds {
 
 namespace {
 
-struct FinalizeStatement
-{
-    void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
-};
-using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
-
 /// The same batch in SQLite's words. A backslash drops the line break behind it, as SQL Server continues a
-/// literal on the next line; literals without the N prefix lose what the code page lacks.
+/// literal on the next line; literals without the N prefix lose what the code page (here Latin-1) lacks.
 QString translated(const QString &batch)
 {
     static const QRegularExpression literal("(N?)('(?:[^']++|'')*+')");
@@ -34,7 +27,7 @@ QString translated(const QString &batch)
         const auto match = all.next();
         sql += batch.mid(copied, match.capturedStart() - copied);
         const QString text = match.captured(2).remove(continuation);
-        sql += match.captured(1).isEmpty() ? throughCodePage(text) : text;
+        sql += match.captured(1).isEmpty() ? QString::fromLatin1(text.toLatin1()) : text;
         copied = match.capturedEnd();
     }
     sql += batch.mid(copied);
@@ -43,44 +36,15 @@ QString translated(const QString &batch)
 
 int errorNumber(int code, const QString &message)
 {
-    switch (code) {
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_ROWID:
+    if (const int raised = message.toInt()) // by a trigger of guardColumns()
+        return raised;
+    if (code == SQLITE_CONSTRAINT)
         return 2627;
-    case SQLITE_CONSTRAINT_NOTNULL:
-        return 515;
-    case SQLITE_CONSTRAINT_CHECK:
-    case SQLITE_CONSTRAINT_FOREIGNKEY:
-        return 547;
-    case SQLITE_CONSTRAINT_TRIGGER: // the triggers of guardColumns() speak in numbers
-        return message.toInt() ? message.toInt() : 50000;
-    case SQLITE_READONLY:
-        return 3906;
-    case SQLITE_MISMATCH:
-        return 245;
-    default:
-        break;
-    }
     if (message.startsWith(u"no such table"))
         return 208;
     if (message.startsWith(u"no such column") || message.contains(u"has no column named"))
         return 207;
     return code == SQLITE_ERROR ? 102 : 50000;
-}
-
-/// A trigger's condition and the error that SQL Server raises for a value which SQLite would store.
-QString refusal(const QString &column, const QString &declaration)
-{
-    const ColumnType type = columnType(declaration);
-    if (type.kind == ColumnType::Kind::Integer)
-        return QStringLiteral("SELECT RAISE(ABORT, '245') WHERE typeof(NEW.%1) NOT IN ('integer', 'null');")
-            .arg(column);
-    if (type.kind < ColumnType::Kind::VarChar || type.size == ColumnType::unlimited)
-        return QString();
-    static const QRegularExpression length("\\d+");
-    return QStringLiteral("SELECT RAISE(ABORT, '8152') WHERE length(NEW.%1) > %2;")
-        .arg(column, length.match(declaration).captured());
 }
 
 } // namespace
@@ -126,7 +90,7 @@ QByteArray Database::runStatement(const char *&sql)
     sqlite3_stmt *raw = nullptr;
     const char *const start = sql;
     const int prepared = sqlite3_prepare_v2(m_file, start, -1, &raw, &sql);
-    const Statement statement(raw);
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt *)> statement(raw, sqlite3_finalize);
     if (prepared != SQLITE_OK) {
         sql = ""; // the rest of the batch does not run
         return errorAnswer();
@@ -145,9 +109,7 @@ QByteArray Database::runStatement(const char *&sql)
         put(answer, static_cast<quint16>(columns));
         for (int i = 0; i < columns; ++i) {
             types.push_back(columnType(raw, i));
-            const bool named = sqlite3_column_decltype(raw, i) != nullptr;
-            putColumn(answer, types.back(),
-                      named ? QString::fromUtf8(sqlite3_column_name(raw, i)) : QString());
+            putColumn(answer, types.back(), QString::fromUtf8(sqlite3_column_name(raw, i)));
         }
     }
     qint64 rows = 0;
@@ -164,37 +126,28 @@ QByteArray Database::runStatement(const char *&sql)
 QByteArray Database::errorAnswer() const
 {
     const QString message = QString::fromUtf8(sqlite3_errmsg(m_file));
-    return errorToken(errorNumber(sqlite3_extended_errcode(m_file), message), message) +
+    return errorToken(errorNumber(sqlite3_errcode(m_file), message), message) +
            doneToken(DoneMore | DoneError);
 }
 
-/// SQLite stores any value in any column; temporary triggers of this client refuse what SQL Server refuses.
+/// SQLite stores a text of any length in any column; temporary triggers of this client refuse with SQL
+/// Server's number what is longer than its column.
 void Database::guardColumns()
 {
     if (std::exchange(m_columnsGuarded, true))
         return;
-    sqlite3_stmt *raw = nullptr;
-    sqlite3_prepare_v2(m_file,
-                       "SELECT t.name, c.name, c.type FROM sqlite_master t, pragma_table_info(t.name) c "
-                       "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite_%'",
-                       -1, &raw, nullptr);
-    const Statement columns(raw);
-    const auto text = [raw](int i) {
-        return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(raw, i)));
-    };
-    QMap<QString, QString> refusals;
-    while (sqlite3_step(raw) == SQLITE_ROW)
-        refusals[text(0)] += refusal(text(1), text(2));
-    for (auto it = refusals.cbegin(); it != refusals.cend(); ++it)
-        for (const char *event : {"INSERT", "UPDATE"})
-            if (!it.value().isEmpty())
-                sqlite3_exec(
-                    m_file,
-                    QStringLiteral("CREATE TEMP TRIGGER \"%1 %2\" AFTER %2 ON main.\"%1\" BEGIN %3 END")
-                        .arg(it.key(), QLatin1String(event), it.value())
-                        .toUtf8()
-                        .constData(),
-                    nullptr, nullptr, nullptr);
+    const char *triggers = R"(
+        SELECT group_concat(printf('CREATE TEMP TRIGGER "%s %s %s" AFTER %s ON main."%s" WHEN length(NEW."%s") > %d
+                                    BEGIN SELECT RAISE(ABORT, ''8152''); END;', t.name, c.name, e.word, e.word, t.name,
+                                   c.name, substr(c.type, instr(c.type, '(') + 1)), ' ')
+        FROM sqlite_master t, pragma_table_info(t.name) c, (SELECT 'INSERT' word UNION SELECT 'UPDATE') e
+        WHERE t.type = 'table' AND c.type LIKE '%char(%' AND c.type NOT LIKE '%(max)')";
+    sqlite3_exec(
+        m_file, triggers,
+        [](void *file, int, char **sql, char **) {
+            return *sql ? sqlite3_exec(static_cast<sqlite3 *>(file), *sql, nullptr, nullptr, nullptr) : 0;
+        },
+        m_file, nullptr);
 }
 
 } // namespace varnow::test::tds

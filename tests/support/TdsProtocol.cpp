@@ -13,25 +13,17 @@ namespace {
 constexpr int headerSize = 8;
 constexpr char endOfMessage = 1;
 
-enum Token : quint8 { Error = 0xAA, LoginAck = 0xAD, EnvironmentChange = 0xE3, Done = 0xFD };
-enum EnvironmentType : quint8 { Database = 1, PacketSize = 4, SqlCollation = 7 };
+enum Token : quint8 { Error = 0xAA, LoginAck = 0xAD, Done = 0xFD };
 
 bool receiveExactly(int socket, QByteArray &bytes)
 {
-    qsizetype got = 0;
-    while (got < bytes.size()) {
-        const auto n = recv(socket, bytes.data() + got, static_cast<size_t>(bytes.size() - got), 0);
-        if (n <= 0)
-            return false;
-        got += n;
-    }
-    return true;
+    const auto size = static_cast<size_t>(bytes.size());
+    return size == 0 || recv(socket, bytes.data(), size, MSG_WAITALL) == bytes.size();
 }
 
 template <class Number> Number littleEndian(const QByteArray &bytes, qsizetype at)
 {
-    return at + qsizetype(sizeof(Number)) <= bytes.size() ? qFromLittleEndian<Number>(bytes.data() + at)
-                                                          : Number{};
+    return qFromLittleEndian<Number>(bytes.data() + at);
 }
 
 QString utf16(const QByteArray &bytes)
@@ -48,15 +40,6 @@ QByteArray token(Token type, const QByteArray &body)
     put(out, static_cast<quint8>(type));
     put(out, static_cast<quint16>(body.size()));
     return out + body;
-}
-
-QByteArray environmentChange(EnvironmentType type, const QString &value)
-{
-    QByteArray body;
-    put(body, static_cast<quint8>(type));
-    putText<quint8>(body, value);
-    putText<quint8>(body, QString());
-    return token(EnvironmentChange, body);
 }
 
 } // namespace
@@ -121,11 +104,8 @@ QByteArray preLoginAnswer()
     return QByteArray(answer, sizeof answer - 1);
 }
 
-std::optional<Login> parseLogin(const QByteArray &record)
+Login parseLogin(const QByteArray &record)
 {
-    constexpr int fixedPart = 94;
-    if (record.size() < fixedPart)
-        return std::nullopt;
     // The fixed part ends with pairs of offset and length (in characters) of the texts behind it.
     const auto bytes = [&record](int entry) {
         return record.mid(littleEndian<quint16>(record, entry), 2 * littleEndian<quint16>(record, entry + 2));
@@ -135,8 +115,7 @@ std::optional<Login> parseLogin(const QByteArray &record)
         const auto byte = static_cast<quint8>(static_cast<quint8>(c) ^ 0xA5u);
         c = static_cast<char>((byte << 4 | byte >> 4) & 0xFF);
     }
-    return Login{utf16(bytes(36)), utf16(bytes(40)), utf16(password),
-                 utf16(bytes(48)), utf16(bytes(52)), utf16(bytes(68))};
+    return {utf16(bytes(40)), utf16(password), utf16(bytes(48)), utf16(bytes(68))};
 }
 
 QString batchText(const QByteArray &body)
@@ -144,27 +123,15 @@ QString batchText(const QByteArray &body)
     return utf16(body.mid(littleEndian<quint32>(body, 0))); // behind headers, whose size comes first
 }
 
-QByteArray collation()
+QByteArray loginAccepted()
 {
-    return QByteArray("\x09\x04\xD0\x00\x34", 5);
-}
-
-QByteArray loginAccepted(const QString &database)
-{
-    QByteArray collationChange;
-    put(collationChange, static_cast<quint8>(SqlCollation));
-    put(collationChange, static_cast<quint8>(collation().size()));
-    collationChange += collation() + '\0';
-
     QByteArray acknowledgement;
     put(acknowledgement, quint8{1}); // speaks T-SQL
     acknowledgement.append(QByteArray("\x74\x00\x00\x04", 4));
     putText<quint8>(acknowledgement, QStringLiteral("Microsoft SQL Server"));
     acknowledgement.append(QByteArray("\x0F\x00\x07\xD0", 4));
 
-    return environmentChange(Database, database) + token(EnvironmentChange, collationChange) +
-           token(LoginAck, acknowledgement) + environmentChange(PacketSize, QStringLiteral("4096")) +
-           doneToken(DoneFinal);
+    return token(LoginAck, acknowledgement) + doneToken(DoneFinal);
 }
 
 QByteArray errorToken(int number, const QString &message)

@@ -13,11 +13,9 @@ namespace varnow::test {
 /// What a client said about itself when it logged in.
 struct Login
 {
-    QString hostName;
     QString userName;
     QString password;
     QString appName;
-    QString serverName;
     QString database;
 };
 
@@ -45,8 +43,8 @@ QByteArray packets(const QByteArray &answer, int payload);
 /// The answer to a pre-login message: a server that cannot encrypt.
 QByteArray preLoginAnswer();
 
-/// Takes a log-in record apart. Nothing when it is not well formed.
-std::optional<Login> parseLogin(const QByteArray &record);
+/// Takes a log-in record apart.
+Login parseLogin(const QByteArray &record);
 
 /// Text of an SQL batch.
 QString batchText(const QByteArray &body);
@@ -65,11 +63,8 @@ template <class Length> void putText(QByteArray &out, const QString &text)
     out.append(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
 }
 
-/// The five bytes of the collation of every column: US English, code page 1252.
-QByteArray collation();
-
 /// Tokens that accept a log-in.
-QByteArray loginAccepted(const QString &database);
+QByteArray loginAccepted();
 
 /// Token of an error message.
 QByteArray errorToken(int number, const QString &message);

@@ -23,7 +23,7 @@ class Database;
 struct Fault
 {
     enum Kind {
-        Error,    ///< the error `number` with `message` is the answer
+        Error,    ///< the error `number` is the answer
         NoAnswer, ///< nothing comes until the client cancels, as behind a long row lock
         Hang,     ///< nothing comes, whatever the client does
         CutOff,   ///< the connection closes after `bytes` bytes of the answer
@@ -31,7 +31,6 @@ struct Fault
     };
     Kind kind = Error;
     int number = 0;
-    QString message = QStringLiteral("as the test wants it");
     qsizetype bytes = 0;
 };
 
