@@ -65,7 +65,6 @@ TEST(ConnectionString, TakesServerNamesAsSqlServersToolsWriteThem)
     const QString vendor = "Driver={SQL Server};Server=%1UID={u};PWD={p}}};Database={d};APP={varnow};";
     const QStringList cases[] = {
         {" host ", "{host};TDS_Version=7.4;Port=1433;", "{host,1433};"},
-        {"host, 1500", "{host};TDS_Version=7.4;Port=1500;", "{host,1500};"},
         {"host\\inst,1500", "{host};TDS_Version=7.4;Port=1500;", "{host,1500};"},
         {"(LOCAL)\\inst", "{localhost\\inst};TDS_Version=7.4;", "{localhost\\inst};"},
         {"a;UID=b", "{a;UID=b};TDS_Version=7.4;Port=1433;", "{a;UID=b,1433};"},

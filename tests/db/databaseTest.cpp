@@ -43,7 +43,6 @@ TEST_P(DatabaseTest, WalksTheRowsOfAResultForward)
         EXPECT_EQ(errorOf([&] { rows->value(missing); }), errors::NoSuchColumn);
     rows->moveNext();
     EXPECT_TRUE(rows->value(1).isNull());
-    EXPECT_FALSE(rows->atEnd());
     rows->moveNext();
     EXPECT_TRUE(rows->atEnd());
     EXPECT_EQ(errorOf([&] { rows->value(0); }), errors::NoCurrentRow);
@@ -112,7 +111,7 @@ TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
     ASSERT_EQ(back->recordCount(), texts.size());
     for (int i = 0; i < texts.size(); ++i, back->moveNext()) {
         EXPECT_TRUE(back->value(0).toString() == texts[i]) << i << ' ' << qPrintable(texts[i].left(20));
-        EXPECT_TRUE(tables.value(QStringLiteral("SELECT t FROM texts WHERE id = %1").arg(i)) == texts[i]);
+        EXPECT_TRUE(tables.value(QString("SELECT t FROM texts WHERE id = %1").arg(i)) == texts[i]);
     }
 }
 
@@ -140,7 +139,6 @@ TEST_P(DatabaseTest, LeavesUsableObjectsBehindWhateverHappens)
               errors::NoObject);
     EXPECT_EQ(ExecuteCommand(command), errors::NoObject);
     EXPECT_EQ(ExecuteCommand(nullptr), errors::NoObject);
-    EXPECT_EQ(errorOf([&] { rows->recordCount(); }), errors::ResultSetClosed);
 
     ASSERT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, connectionTimeout), 0);
     const ConnectionPtr first = connection;

@@ -132,12 +132,10 @@ TEST_F(TdsFaults, StatementsTimeOut)
         });
     };
     database.run("BEGIN EXCLUSIVE");
-    auto unanswered = later("DELETE data_extractor_config WHERE config_name = '';");
-    auto hanging = later("DELETE Misc_upload_constants WHERE DefaultConfigName = '';");
-    auto locked = later(update);
-    EXPECT_EQ(locked.get(), codes::TimeOut);
-    EXPECT_EQ(unanswered.get(), codes::TimeOut);
-    EXPECT_EQ(hanging.get(), codes::TimeOut);
+    std::future<int> waits[] = {later("DELETE data_extractor_config;"),
+                                later("DELETE Misc_upload_constants;"), later(update)};
+    for (auto &wait : waits)
+        EXPECT_EQ(wait.get(), codes::TimeOut);
     database.run("ROLLBACK");
     EXPECT_EQ(command(update), 0);
 }

@@ -38,7 +38,6 @@ TEST_F(TdsValues, EveryColumnTypeAndNull)
         {"decimal(10,3)", "-1234.567", QStringLiteral("-1234.567")},
         {"datetime", "'2024-02-29 13:14:15.123'", moment},
         {"varchar(20)", "'é ß'", QStringLiteral("é ß")},
-        {"nvarchar(20)", "'日本 😀'", QStringLiteral("日本 😀")},
         {"nvarchar(max)", "'日本 😀'", QStringLiteral("日本 😀")},
         {"text", "'é ß'", QStringLiteral("é ß")},
         {"varchar(20)", "''", QStringLiteral("")},
