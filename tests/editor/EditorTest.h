@@ -9,11 +9,8 @@
 #include "lines/modLabLineCfg.h"
 #include "startup/modConfigurations.h"
 #include "startup/modGlobals.h"
-#include "ui/MessageBox.h"
 
 #include <gtest/gtest.h>
-
-#include <QStringList>
 
 #include <optional>
 
@@ -68,14 +65,12 @@ protected:
         user.emplace(*editor);
     }
 
-    /// Lines of a configuration as "Name(NameIndex)=MsgIndex", in table order.
-    static QStringList lines(const QString &configuration = "Standard")
+    /// All lines as "Name(NameIndex)=MsgIndex", in table order.
+    static QStringList lines()
     {
         QStringList found;
-        for (const LabLineConfigRecord &line : LabLineTable) {
-            if (line.Configuration == configuration)
-                found += QStringLiteral("%1(%2)=%3").arg(line.Name).arg(line.NameIndex).arg(line.MsgIndex);
-        }
+        for (const LabLineConfigRecord &line : LabLineTable)
+            found += QStringLiteral("%1(%2)=%3").arg(line.Name).arg(line.NameIndex).arg(line.MsgIndex);
         return found;
     }
 
@@ -99,8 +94,6 @@ protected:
 
     /// The boxes shown since they were looked at last.
     void expectBoxes(const std::vector<Box> &expected) { EXPECT_EQ(messages.take(), expected); }
-
-    static QString joined(const QStringList &lines) { return lines.join("\r\n"); }
 
     MessageLog messages;
     TestDatabase database{GetParam()};

@@ -10,20 +10,6 @@
 
 namespace varnow::test {
 
-namespace {
-
-/// The progress window while there is one.
-QWidget *progressWindow()
-{
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "frmProgress" && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
-
-} // namespace
-
 /// A slow server makes a run last longer than a second.
 class ProgressTest : public EditorTest
 {
@@ -35,8 +21,9 @@ protected:
         addField("L1", 0, 1, 1, "Only");
         open();
         watch.callOnTimeout([this] {
-            if (QWidget *window = progressWindow())
-                whenShown(window);
+            for (QWidget *window : QApplication::topLevelWidgets())
+                if (window->objectName() == "frmProgress" && window->isVisible())
+                    whenShown(window);
         });
         watch.start(20);
     }
@@ -51,10 +38,9 @@ protected:
 
 TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
 {
-    QString configuration = "Standard";
+    QString chosen = "Standard";
     for (int i = 1; i <= 40; ++i)
-        StoreDataInLabLineConfigRecordArray(0, configuration, QStringLiteral("L%1").arg(i), 0, -i, 0, "", "",
-                                            {});
+        StoreDataInLabLineConfigRecordArray(0, chosen, QStringLiteral("L%1").arg(i), 0, -i, 0, "", "", {});
     whenShown = [this](QWidget *window) {
         EXPECT_EQ(window->findChild<QLabel *>("lblWhat")->text(), "Saving the lines");
         EXPECT_TRUE(window->findChild<QLabel *>("lblCount")->text().endsWith(" of 40"));
@@ -72,7 +58,7 @@ TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
     const QString summary = "%1\r\n  %2 errors occurred\r\n  %3 records processed correctly.";
     expectBoxes({{summary.arg("SaveAllLabLineCfg complete").arg(40 - written).arg(written)},
                  {summary.arg("SaveAllLabLineFldsCfg Complete.").arg(1).arg(0)}});
-    EXPECT_EQ(progressWindow(), nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_TRUE(leavingAsks()); // what was not written is not forgotten
 
     whenShown = [](QWidget *) {};
