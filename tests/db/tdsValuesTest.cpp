@@ -24,7 +24,7 @@ protected:
 // A column type that the driver hands over as another, a value that loses digits or letters, a lost Null.
 TEST_F(TdsValues, EveryColumnTypeAndNull)
 {
-    const QDateTime moment(QDate(2024, 2, 29), QTime(13, 14, 15, 123));
+    const QDateTime moment(QDate(2024, 2, 29), QTime(13, 14, 15, 123), Qt::UTC);
     const struct
     {
         QString type, literal;
@@ -37,6 +37,8 @@ TEST_F(TdsValues, EveryColumnTypeAndNull)
         {"float", "0.1", 0.1},
         {"decimal(10,3)", "-1234.567", QStringLiteral("-1234.567")},
         {"datetime", "'2024-02-29 13:14:15.123'", moment},
+        {"smallint", "-32768", -32768LL},
+        {"char(4)", "'ab'", QStringLiteral("ab  ")},
         {"varchar(20)", "'é ß'", QStringLiteral("é ß")},
         {"nvarchar(max)", "'日本 😀'", QStringLiteral("日本 😀")},
         {"text", "'é ß'", QStringLiteral("é ß")},

@@ -24,9 +24,11 @@ QString textOf(sqlite3_stmt *row, int column)
 
 void putTextValue(QByteArray &out, const ColumnType &type, const QString &text)
 {
-    const QByteArray bytes = type.kind == Kind::NVarChar
-                                 ? QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size())
-                                 : text.toLatin1();
+    QByteArray bytes = type.kind == Kind::NVarChar
+                           ? QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size())
+                           : text.toLatin1();
+    if (type.kind == Kind::Char)
+        bytes = bytes.leftJustified(type.size);
     if (type.kind == Kind::Text) {
         put(out, quint8{16});
         out.append(16 + 8, '\x01'); // text pointer and time stamp, which no client looks into
@@ -75,10 +77,12 @@ void putNull(QByteArray &out, const ColumnType &type)
 ColumnType columnType(sqlite3_stmt *row, int column)
 {
     static const QHash<QString, ColumnType> plain = {
-        {"int", {Kind::Integer, 4}},    {"bigint", {Kind::Integer, 8}},   {"tinyint", {Kind::Integer, 1}},
-        {"real", {Kind::Float, 4}},     {"float", {Kind::Float, 8}},      {"datetime", {Kind::DateTime, 8}},
-        {"text", {Kind::Text}},         {"decimal", {Kind::Decimal, 17}}, {"varchar", {Kind::VarChar}},
-        {"nvarchar", {Kind::NVarChar}},
+        {"int", {Kind::Integer, 4}},      {"bigint", {Kind::Integer, 8}},
+        {"smallint", {Kind::Integer, 2}}, {"tinyint", {Kind::Integer, 1}},
+        {"char", {Kind::Char}},           {"real", {Kind::Float, 4}},
+        {"float", {Kind::Float, 8}},      {"datetime", {Kind::DateTime, 8}},
+        {"text", {Kind::Text}},           {"decimal", {Kind::Decimal, 17}},
+        {"varchar", {Kind::VarChar}},     {"nvarchar", {Kind::NVarChar}},
     };
     static const QRegularExpression form(R"((\w+)\s*(?:\(\s*(\w+)\s*(?:,\s*(\d+)\s*)?\))?)");
 

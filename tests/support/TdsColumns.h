@@ -19,6 +19,7 @@ struct ColumnType
         DateTime = 0x6F,
         Text = 0x23,
         VarChar = 0xA7,
+        Char = 0xAF,
         NVarChar = 0xE7
     };
     static constexpr int unlimited = 0xFFFF;
