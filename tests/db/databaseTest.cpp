@@ -75,6 +75,7 @@ TEST_P(DatabaseTest, NamesTheReasonWhyAStatementFailed)
     const std::pair<QString, int> cases[] = {
         {"SELECT id FROM Nowhere;", codes::MissingTable},
         {"INSERT INTO LabLineConfig (id) VALUES (1);", codes::Constraint},
+        {"INSERT INTO LabLineConfig (id) VALUES (NULL);", codes::Constraint},
         {"UPDATE LabLineConfig SET nothing = 1;", codes::Syntax},
         {"SELECTED id;", codes::Syntax},
         {"UPDATE LabLineConfig SET Name = 'open;", codes::Syntax},
