@@ -63,19 +63,9 @@ void Control::setFocus()
     m_widget->setFocus(Qt::OtherFocusReason);
 }
 
-bool Control::hasFocus() const
-{
-    return m_widget->hasFocus();
-}
-
 void Control::setTabStop(bool stop)
 {
     m_widget->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
-}
-
-bool Control::isTabStop() const
-{
-    return (m_widget->focusPolicy() & Qt::TabFocus) != 0;
 }
 
 void Control::setAccessibleName(const QString &name)

@@ -60,10 +60,8 @@ public:
     void setEnabled(bool enabled);
 
     void setFocus();
-    bool hasFocus() const;
     /// Whether Tab stops at the control.
     void setTabStop(bool stop);
-    bool isTabStop() const;
 
     /// What a screen reader calls the control; its caption when nothing is set.
     void setAccessibleName(const QString &name);
