@@ -133,12 +133,3 @@ TEST_P(HostileTexts, comeBackEqualOrAreCounted)
         EXPECT_EQ(textsOf(LabLineFldTable[index]), textsOf(fieldFullOf(text))) << qPrintable(text);
     }
 }
-
-// Fault: a text that SQL Server would cut, or that is refused without being counted.
-TEST_P(HostileTexts, longerThanTheirColumnAreCounted)
-{
-    const QStringList tooLong{QString(201, u'x'), QString(201, u'\'')};
-    const bool refused = GetParam() == Engine::SqlServer; // SQLite's columns have no end
-    save(QStringList(QString(200, u'\'')) + (refused ? QStringList() : tooLong),
-         refused ? tooLong : QStringList());
-}

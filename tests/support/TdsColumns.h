@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+
+#include <vector>
 
 struct sqlite3_stmt;
-
-// How a column of an SQLite table looks as a column of SQL Server.
 
 namespace varnow::test::tds {
 
@@ -18,25 +17,23 @@ struct ColumnType
         Decimal = 0x6C,
         DateTime = 0x6F,
         Text = 0x23,
+        NText = 0x63,
         VarChar = 0xA7,
         Char = 0xAF,
         NVarChar = 0xE7
     };
-    static constexpr int unlimited = 0xFFFF;
 
     Kind kind = Kind::Integer;
-    int size = 4; ///< in bytes; `unlimited` for the (max) types
+    int size = 4; ///< in bytes
     int precision = 0;
     int scale = 0;
 };
 
-/// The type of a result column: as its table declares it, else a number.
-ColumnType columnType(sqlite3_stmt *row, int column);
+/// Appends the description of a result's columns, and returns their types: as the tables declare them, else
+/// whole numbers.
+std::vector<ColumnType> putColumns(QByteArray &out, sqlite3_stmt *result);
 
-/// Appends a column's description to the column metadata.
-void putColumn(QByteArray &out, const ColumnType &type, const QString &name);
-
-/// Appends a column's value in the current row.
-void putValue(QByteArray &out, const ColumnType &type, sqlite3_stmt *row, int column);
+/// Appends the current row of a result.
+void putRow(QByteArray &out, const std::vector<ColumnType> &types, sqlite3_stmt *result);
 
 } // namespace varnow::test::tds

@@ -5,9 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <memory>
 #include <sqlite3.h>
-#include <utility>
-#include <vector>
 
 namespace varnow::test::tds {
 
@@ -23,8 +22,7 @@ QString translated(const QString &batch)
                                                       QRegularExpression::CaseInsensitiveOption);
     QString sql;
     qsizetype copied = 0;
-    for (auto all = literal.globalMatch(batch); all.hasNext();) {
-        const auto match = all.next();
+    for (const QRegularExpressionMatch &match : literal.globalMatch(batch)) {
         sql += batch.mid(copied, match.capturedStart() - copied);
         const QString text = match.captured(2).remove(continuation);
         sql += match.captured(1).isEmpty() ? QString::fromLatin1(text.toLatin1()) : text;
@@ -36,8 +34,6 @@ QString translated(const QString &batch)
 
 int errorNumber(int code, const QString &message)
 {
-    if (const int raised = message.toInt()) // by a trigger of guardColumns()
-        return raised;
     if (code == SQLITE_CONSTRAINT)
         return 2627;
     if (message.startsWith(u"no such table"))
@@ -55,14 +51,11 @@ bool isSessionOption(const QString &batch)
     return option.match(batch).hasMatch();
 }
 
-Database::Database(const QString &file, std::function<bool()> interrupted)
-    : m_interrupted(std::move(interrupted))
+Database::Database(const QString &file)
 {
-    sqlite3_open_v2(file.toUtf8().constData(), &m_file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    sqlite3_open_v2(file.toUtf8(), &m_file, SQLITE_OPEN_READWRITE, nullptr);
     sqlite3_db_config(m_file, SQLITE_DBCONFIG_DQS_DML, 0, nullptr); // "x" names a column, never a text
     sqlite3_exec(m_file, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
-    sqlite3_busy_handler(
-        m_file, [](void *self, int) { return static_cast<Database *>(self)->m_interrupted() ? 0 : 1; }, this);
 }
 
 Database::~Database()
@@ -77,10 +70,9 @@ QByteArray Database::run(const QString &batch)
     const QByteArray sql = translated(batch).toUtf8();
     QByteArray answer;
     for (const char *rest = sql.constData(); *rest;) {
-        const QByteArray one = runStatement(rest);
+        answer += runStatement(rest);
         if (sqlite3_errcode(m_file) == SQLITE_BUSY)
             return QByteArray();
-        answer += one;
     }
     return answer + doneToken(DoneFinal);
 }
@@ -98,29 +90,15 @@ QByteArray Database::runStatement(const char *&sql)
     if (!raw)
         return QByteArray(); // nothing but blanks behind the last semicolon
 
-    if (!sqlite3_stmt_readonly(raw))
-        guardColumns();
     QByteArray answer;
     int step = sqlite3_step(raw);
-    const int columns = sqlite3_column_count(raw);
-    std::vector<ColumnType> types;
-    if (columns > 0 && (step == SQLITE_ROW || step == SQLITE_DONE)) {
-        put(answer, quint8{0x81}); // column metadata
-        put(answer, static_cast<quint16>(columns));
-        for (int i = 0; i < columns; ++i) {
-            types.push_back(columnType(raw, i));
-            putColumn(answer, types.back(), QString::fromUtf8(sqlite3_column_name(raw, i)));
-        }
-    }
+    if (sqlite3_column_count(raw) == 0)
+        return step == SQLITE_DONE ? doneToken(DoneMore | DoneCount, sqlite3_changes(m_file)) : errorAnswer();
+    const auto types = putColumns(answer, raw);
     qint64 rows = 0;
-    for (; step == SQLITE_ROW; step = sqlite3_step(raw), ++rows) {
-        put(answer, quint8{0xD1}); // row
-        for (int i = 0; i < columns; ++i)
-            putValue(answer, types[static_cast<std::size_t>(i)], raw, i);
-    }
-    if (step != SQLITE_DONE)
-        return errorAnswer();
-    return answer + doneToken(DoneMore | DoneCount, columns > 0 ? rows : sqlite3_changes(m_file));
+    for (; step == SQLITE_ROW; step = sqlite3_step(raw), ++rows)
+        putRow(answer, types, raw);
+    return step == SQLITE_DONE ? answer + doneToken(DoneMore | DoneCount, rows) : errorAnswer();
 }
 
 QByteArray Database::errorAnswer() const
@@ -128,26 +106,6 @@ QByteArray Database::errorAnswer() const
     const QString message = QString::fromUtf8(sqlite3_errmsg(m_file));
     return errorToken(errorNumber(sqlite3_errcode(m_file), message), message) +
            doneToken(DoneMore | DoneError);
-}
-
-/// SQLite stores a text of any length in any column; temporary triggers of this client refuse with SQL
-/// Server's number what is longer than its column.
-void Database::guardColumns()
-{
-    if (std::exchange(m_columnsGuarded, true))
-        return;
-    const char *triggers = R"(
-        SELECT group_concat(printf('CREATE TEMP TRIGGER "%s %s %s" AFTER %s ON main."%s" WHEN length(NEW."%s") > %d
-                                    BEGIN SELECT RAISE(ABORT, ''8152''); END;', t.name, c.name, e.word, e.word, t.name,
-                                   c.name, substr(c.type, instr(c.type, '(') + 1)), ' ')
-        FROM sqlite_master t, pragma_table_info(t.name) c, (SELECT 'INSERT' word UNION SELECT 'UPDATE') e
-        WHERE t.type = 'table' AND c.type LIKE '%char(%' AND c.type NOT LIKE '%(max)')";
-    sqlite3_exec(
-        m_file, triggers,
-        [](void *file, int, char **sql, char **) {
-            return *sql ? sqlite3_exec(static_cast<sqlite3 *>(file), *sql, nullptr, nullptr, nullptr) : 0;
-        },
-        m_file, nullptr);
 }
 
 } // namespace varnow::test::tds

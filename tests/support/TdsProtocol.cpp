@@ -2,10 +2,6 @@
 
 #include <QtEndian>
 
-#include <algorithm>
-#include <sys/socket.h>
-#include <thread>
-
 namespace varnow::test::tds {
 
 namespace {
@@ -13,13 +9,7 @@ namespace {
 constexpr int headerSize = 8;
 constexpr char endOfMessage = 1;
 
-enum Token : quint8 { Error = 0xAA, LoginAck = 0xAD, Done = 0xFD };
-
-bool receiveExactly(int socket, QByteArray &bytes)
-{
-    const auto size = static_cast<size_t>(bytes.size());
-    return size == 0 || recv(socket, bytes.data(), size, MSG_WAITALL) == bytes.size();
-}
+enum Token : quint8 { Error = 0xAA, LoginAck = 0xAD, EnvironmentChange = 0xE3, Done = 0xFD };
 
 template <class Number> Number littleEndian(const QByteArray &bytes, qsizetype at)
 {
@@ -29,50 +19,37 @@ template <class Number> Number littleEndian(const QByteArray &bytes, qsizetype a
 QString utf16(const QByteArray &bytes)
 {
     QString text(bytes.size() / 2, Qt::Uninitialized);
-    std::copy_n(bytes.data(), 2 * text.size(), reinterpret_cast<char *>(text.data()));
+    qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
     return text;
 }
 
 /// A token with its two-byte length.
 QByteArray token(Token type, const QByteArray &body)
 {
-    QByteArray out;
-    put(out, static_cast<quint8>(type));
+    QByteArray out(1, static_cast<char>(type));
     put(out, static_cast<quint16>(body.size()));
     return out + body;
 }
 
 } // namespace
 
-std::optional<Message> receive(int socket)
+std::optional<Message> takeMessage(QByteArray &received)
 {
-    Message message{};
-    QByteArray header(headerSize, '\0');
-    do {
-        if (!receiveExactly(socket, header))
-            return std::nullopt;
-        QByteArray payload(qFromBigEndian<quint16>(header.data() + 2) - headerSize, '\0');
-        if (!receiveExactly(socket, payload))
-            return std::nullopt;
-        message.type = static_cast<Packet>(header[0]);
-        message.body += payload;
-    } while (!(header[1] & endOfMessage));
-    return message;
-}
-
-bool sendBytes(int socket, const QByteArray &bytes, int segment)
-{
-    for (qsizetype sent = 0; sent < bytes.size();) {
-        const qsizetype rest = bytes.size() - sent;
-        const auto size = static_cast<size_t>(segment ? std::min<qsizetype>(segment, rest) : rest);
-        const auto n = ::send(socket, bytes.data() + sent, size, MSG_NOSIGNAL);
-        if (n <= 0)
-            return false;
-        sent += n;
-        if (segment)
-            std::this_thread::yield(); // lets the client see the piece before the next one joins it
+    Message message;
+    for (qsizetype at = 0; at + headerSize <= received.size();) {
+        const qsizetype size = qFromBigEndian<quint16>(received.data() + at + 2);
+        if (size < headerSize || at + size > received.size())
+            break;
+        message.type = static_cast<Packet>(received[at]);
+        message.body += received.mid(at + headerSize, size - headerSize);
+        const bool isLast = received[at + 1] & endOfMessage;
+        at += size;
+        if (isLast) {
+            received.remove(0, at);
+            return message;
+        }
     }
-    return true;
+    return std::nullopt;
 }
 
 QByteArray packets(const QByteArray &answer, int payload)
@@ -123,23 +100,24 @@ QString batchText(const QByteArray &body)
     return utf16(body.mid(littleEndian<quint32>(body, 0))); // behind headers, whose size comes first
 }
 
-QByteArray loginAccepted()
+QByteArray loginAccepted(const QString &database)
 {
-    QByteArray acknowledgement;
-    put(acknowledgement, quint8{1}); // speaks T-SQL
-    acknowledgement.append(QByteArray("\x74\x00\x00\x04", 4));
-    putText<quint8>(acknowledgement, QStringLiteral("Microsoft SQL Server"));
-    acknowledgement.append(QByteArray("\x0F\x00\x07\xD0", 4));
+    QByteArray change(1, '\x01'); // of the database
+    putText<quint8>(change, database);
+    putText<quint8>(change, QStringLiteral("master"));
 
-    return token(LoginAck, acknowledgement) + doneToken(DoneFinal);
+    QByteArray acknowledgement("\x01\x74\x00\x00\x04", 5); // speaks T-SQL, version 7.4
+    putText<quint8>(acknowledgement, QStringLiteral("Microsoft SQL Server"));
+    acknowledgement.append("\x0F\x00\x07\xD0", 4);
+
+    return token(EnvironmentChange, change) + token(LoginAck, acknowledgement) + doneToken(DoneFinal);
 }
 
 QByteArray errorToken(int number, const QString &message)
 {
     QByteArray body;
     put(body, static_cast<qint32>(number));
-    put(body, quint8{1});  // state
-    put(body, quint8{16}); // severity
+    body.append("\x01\x10"); // state and severity
     putText<quint16>(body, message);
     putText<quint8>(body, QStringLiteral("loopback"));
     putText<quint8>(body, QString());
@@ -149,10 +127,8 @@ QByteArray errorToken(int number, const QString &message)
 
 QByteArray doneToken(int flags, qint64 rowCount)
 {
-    QByteArray out;
-    put(out, static_cast<quint8>(Done));
-    put(out, static_cast<quint16>(flags));
-    put(out, quint16{0});
+    QByteArray out(1, static_cast<char>(Done));
+    put(out, static_cast<quint32>(flags)); // two bytes, then two of the command that is done
     put(out, rowCount);
     return out;
 }

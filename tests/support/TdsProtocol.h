@@ -27,15 +27,12 @@ enum class Packet : quint8 { Batch = 1, Answer = 4, Attention = 6, Login = 16, P
 /// A whole message, put together from its packets.
 struct Message
 {
-    Packet type;
+    Packet type{};
     QByteArray body;
 };
 
-/// Reads one message; nothing when the other side has closed the connection.
-std::optional<Message> receive(int socket);
-
-/// Sends bytes, at most `segment` at a time unless it is 0. False when the other side is gone.
-bool sendBytes(int socket, const QByteArray &bytes, int segment);
+/// Takes the first message out of what has arrived; nothing while its end is missing.
+std::optional<Message> takeMessage(QByteArray &received);
 
 /// The packets of an answer, each with at most `payload` bytes of it.
 QByteArray packets(const QByteArray &answer, int payload);
@@ -63,8 +60,8 @@ template <class Length> void putText(QByteArray &out, const QString &text)
     out.append(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
 }
 
-/// Tokens that accept a log-in.
-QByteArray loginAccepted();
+/// Tokens that accept a log-in to a database.
+QByteArray loginAccepted(const QString &database);
 
 /// Token of an error message.
 QByteArray errorToken(int number, const QString &message);

@@ -1,210 +1,161 @@
 #include "support/TdsServer.h"
 
-#include "support/TdsDatabase.h"
-
-#include <algorithm>
-#include <arpa/inet.h>
-#include <cstdio>
-#include <cstdlib>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <QDeadlineTimer>
+#include <QTcpSocket>
+#include <QTimer>
 
 namespace varnow::test {
 
 using namespace tds;
 
-namespace {
-
-constexpr int packetPayload = 4096 - 8;
-
-/// A socket that listens on 127.0.0.1; port 0 picks a free one and receives its number.
-int listenOn(int &port)
+/// The conversation with one client. It lives in the server's thread and ends with its socket.
+class TdsServer::Session : public QObject
 {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const int yes = 1;
-    setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes); // to come back on the same port
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<in_port_t>(port));
-    auto *const plain = reinterpret_cast<sockaddr *>(&address);
-    socklen_t size = sizeof address;
-    if (bind(listener, plain, size) != 0 || listen(listener, SOMAXCONN) != 0 ||
-        getsockname(listener, plain, &size) != 0) {
-        perror("loopback server");
-        abort();
+public:
+    Session(TdsServer &server, QTcpSocket *socket) : QObject(socket), m_server(server), m_socket(*socket)
+    {
+        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        m_lockWait.setSingleShot(true);
+        connect(&m_lockWait, &QTimer::timeout, this, [this] { runBatch(); });
+        connect(socket, &QTcpSocket::readyRead, this, [this] { read(); });
+        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     }
-    port = ntohs(address.sin_port);
-    return listener;
-}
 
-} // namespace
+private:
+    void read()
+    {
+        m_received += m_socket.readAll();
+        while (const auto message = m_isDeaf ? std::nullopt : takeMessage(m_received))
+            answer(*message);
+    }
 
-TdsServer::TdsServer(const QString &sqliteFile) : m_file(sqliteFile)
+    void answer(const Message &message)
+    {
+        switch (message.type) {
+        case Packet::PreLogin:
+            m_socket.write(packets(preLoginAnswer(), packetPayload)); // never split by any server
+            break;
+        case Packet::Login:
+            m_server.m_logins.push_back(parseLogin(message.body));
+            answerWith(loginAccepted(m_server.m_logins.back().database), m_server.m_loginFault);
+            break;
+        case Packet::Batch:
+            m_batch = batchText(message.body);
+            m_fault = m_server.faultFor(m_batch);
+            runBatch();
+            break;
+        case Packet::Attention:
+            m_lockWait.stop();
+            send(doneToken(DoneAttention));
+            break;
+        default:
+            m_socket.abort();
+        }
+    }
+
+    void runBatch()
+    {
+        const bool runs = !m_fault || m_fault->kind == Fault::CutOff || m_fault->kind == Fault::Death;
+        const QByteArray tokens = runs ? m_server.m_database.run(m_batch) : "";
+        if (tokens.isNull())
+            m_lockWait.start(5);
+        else
+            answerWith(tokens, m_fault);
+    }
+
+    void answerWith(const QByteArray &tokens, const std::optional<Fault> &fault)
+    {
+        if (!fault)
+            return send(tokens);
+        switch (fault->kind) {
+        case Fault::Error:
+            return send(errorToken(fault->number, "as the test wants it") + doneToken(DoneError));
+        case Fault::NoAnswer:
+            return;
+        case Fault::Hang:
+            m_isDeaf = true;
+            return;
+        case Fault::CutOff:
+            m_socket.write(packets(tokens, packetPayload).left(fault->bytes));
+            return m_socket.disconnectFromHost();
+        case Fault::Death:
+            m_server.die();
+        }
+    }
+
+    void send(const QByteArray &tokens)
+    {
+        QTimer::singleShot(m_server.m_delay, Qt::PreciseTimer, this, [this, tokens] {
+            const int piece = m_server.m_pieces;
+            const QByteArray bytes = packets(tokens, piece ? piece : packetPayload);
+            for (qsizetype sent = 0; sent < bytes.size();) {
+                sent += m_socket.write(bytes.mid(sent, piece ? piece : -1));
+                m_socket.flush();
+                QThread::yieldCurrentThread(); // lets the client see the piece before the next one joins it
+            }
+        });
+    }
+
+    static constexpr int packetPayload = 4096 - 8;
+
+    TdsServer &m_server;
+    QTcpSocket &m_socket;
+    QByteArray m_received;
+    QString m_batch;
+    std::optional<Fault> m_fault; // of the batch
+    QTimer m_lockWait;
+    bool m_isDeaf = false;
+};
+
+TdsServer::TdsServer(const QString &sqliteFile) : m_database(sqliteFile)
 {
+    m_listener.moveToThread(&m_thread);
+    QObject::connect(&m_listener, &QTcpServer::newConnection, &m_listener, [this] {
+        while (QTcpSocket *client = m_listener.nextPendingConnection())
+            new Session(*this, client);
+    });
+    m_thread.start();
     start();
 }
 
 TdsServer::~TdsServer()
 {
     stop();
+    m_thread.quit();
+    m_thread.wait();
 }
 
 void TdsServer::start()
 {
-    stop();
-    m_stopping = false;
-    m_listener = listenOn(m_port);
-    m_acceptor = std::jthread([this] { acceptClients(); });
+    inThread([this] {
+        if (!m_listener.listen(QHostAddress::LocalHost, static_cast<quint16>(m_port)))
+            qFatal("loopback server: %s", qPrintable(m_listener.errorString()));
+        m_port = m_listener.serverPort();
+    });
 }
 
 void TdsServer::stop()
 {
-    if (!m_acceptor.joinable())
-        return;
-    shutdown(m_listener, SHUT_RDWR); // ends accept()
-    m_acceptor.join();
-    die(); // nobody comes any more
-    close(m_listener);
-
-    std::list<Session> ending; // joins the threads, which need the lock to end
-    const std::lock_guard lock(m_mutex);
-    ending.swap(m_sessions);
+    inThread([this] { die(); });
 }
 
-/// Ends every connection; the threads end by themselves.
+/// Runs work in the server's thread and waits for its end.
+void TdsServer::inThread(const std::function<void()> &work)
+{
+    QMetaObject::invokeMethod(&m_listener, work, Qt::BlockingQueuedConnection);
+}
+
 void TdsServer::die()
 {
-    shutdown(m_listener, SHUT_RDWR); // ends accept()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_stopping = true;
-        for (const Session &session : m_sessions)
-            if (!session.finished)
-                shutdown(session.socket, SHUT_RDWR); // ends recv() and send()
-    }
-    m_changed.notify_all();
-}
-
-void TdsServer::acceptClients()
-{
-    for (int client; (client = accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
-        const int yes = 1;
-        setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
-        const std::lock_guard lock(m_mutex);
-        m_sessions.remove_if([](const Session &session) { return session.finished; });
-        Session &session = m_sessions.emplace_back(client);
-        session.thread = std::jthread([this, &session] { serve(session); });
-    }
-}
-
-void TdsServer::serve(Session &session)
-{
-    talk(session.socket);
-    const std::lock_guard lock(m_mutex);
-    close(session.socket);
-    session.finished = true;
-    m_changed.notify_all();
-}
-
-void TdsServer::talk(int socket)
-{
-    Database database(m_file, [socket] { // interrupted when the client cancels or leaves
-        pollfd news{socket, POLLIN, 0};
-        return poll(&news, 1, 5) != 0;
-    });
-    for (bool on = true; on;) {
-        const auto message = receive(socket);
-        if (!message)
-            return;
-        switch (message->type) {
-        case Packet::PreLogin:
-            on = sendBytes(socket, packets(preLoginAnswer(), packetPayload), 0); // never split by any server
-            break;
-        case Packet::Login:
-            on = logIn(socket, message->body);
-            break;
-        case Packet::Batch:
-            on = runBatch(socket, database, batchText(message->body));
-            break;
-        case Packet::Attention:
-            on = send(socket, doneToken(DoneAttention));
-            break;
-        default:
-            on = false;
-        }
-    }
-}
-
-bool TdsServer::logIn(int socket, const QByteArray &record)
-{
-    const Login login = parseLogin(record);
-    std::optional<Fault> fault;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_logins.push_back(login);
-        fault = m_loginFault;
-    }
-    const QByteArray accepted = loginAccepted();
-    if (!fault)
-        return send(socket, accepted);
-    fail(socket, *fault, accepted);
-    return fault->kind == Fault::NoAnswer;
-}
-
-bool TdsServer::runBatch(int socket, Database &database, const QString &batch)
-{
-    const auto fault = faultFor(batch);
-    if (fault && fault->kind != Fault::CutOff && fault->kind != Fault::Death)
-        return fail(socket, *fault, QByteArray());
-    const QByteArray tokens = database.run(batch);
-    if (tokens.isNull())
-        return true; // interrupted: the client's cancel comes next
-    return fault ? fail(socket, *fault, tokens) : send(socket, tokens);
-}
-
-/// Lets an answer go wrong. False when the connection has to close.
-bool TdsServer::fail(int socket, const Fault &fault, const QByteArray &tokens)
-{
-    switch (fault.kind) {
-    case Fault::Error:
-        return send(socket, errorToken(fault.number, "as the test wants it") + doneToken(DoneError));
-    case Fault::NoAnswer:
-        return true;
-    case Fault::Hang:
-        while (receive(socket)) {
-        }
-        return false;
-    case Fault::Death:
-        die();
-        return false;
-    case Fault::CutOff:
-        send(socket, tokens, fault.bytes);
-        return false;
-    }
-    return false;
-}
-
-bool TdsServer::send(int socket, const QByteArray &tokens, std::optional<qsizetype> cutOff)
-{
-    int pieces = 0;
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_for(lock, m_delay, [this] { return m_stopping; });
-        pieces = m_pieces;
-    }
-    const QByteArray bytes = packets(tokens, pieces ? pieces : packetPayload);
-    return sendBytes(socket, cutOff ? bytes.left(*cutOff) : bytes, pieces);
+    m_listener.close();
+    for (QTcpSocket *client : m_listener.findChildren<QTcpSocket *>())
+        client->abort();
 }
 
 std::optional<Fault> TdsServer::faultFor(const QString &statement)
 {
     if (isSessionOption(statement))
         return std::nullopt;
-    const std::lock_guard lock(m_mutex);
     m_statements.append(statement);
     std::optional<Fault> found;
     for (StatementFault &candidate : m_statementFaults) {
@@ -217,56 +168,25 @@ std::optional<Fault> TdsServer::faultFor(const QString &statement)
     return found;
 }
 
-std::vector<Login> TdsServer::logins() const
+std::vector<Login> TdsServer::logins()
 {
-    const std::lock_guard lock(m_mutex);
-    return m_logins;
+    std::vector<Login> copy;
+    inThread([&] { copy = m_logins; });
+    return copy;
 }
 
-QStringList TdsServer::statements() const
+QStringList TdsServer::statements()
 {
-    const std::lock_guard lock(m_mutex);
-    return m_statements;
+    QStringList copy;
+    inThread([&] { copy = m_statements; });
+    return copy;
 }
 
 void TdsServer::waitUntilLeft()
 {
-    std::unique_lock lock(m_mutex);
-    const auto left = [](const Session &session) { return session.finished; };
-    m_changed.wait_for(lock, std::chrono::seconds(10),
-                       [&] { return std::all_of(m_sessions.begin(), m_sessions.end(), left); });
-    m_sessions.remove_if(left);
-}
-
-void TdsServer::failLogins(const Fault &fault)
-{
-    const std::lock_guard lock(m_mutex);
-    m_loginFault = fault;
-}
-
-void TdsServer::failStatements(const Fault &fault, const QString &containing, int nth)
-{
-    const std::lock_guard lock(m_mutex);
-    m_statementFaults.push_back({fault, containing, nth});
-}
-
-void TdsServer::clearFaults()
-{
-    const std::lock_guard lock(m_mutex);
-    m_loginFault.reset();
-    m_statementFaults.clear();
-}
-
-void TdsServer::setDelay(int milliseconds)
-{
-    const std::lock_guard lock(m_mutex);
-    m_delay = std::chrono::milliseconds(milliseconds);
-}
-
-void TdsServer::setPieces(int bytes)
-{
-    const std::lock_guard lock(m_mutex);
-    m_pieces = bytes;
+    const QDeadlineTimer deadline(10'000);
+    for (bool left = false; !left && !deadline.hasExpired(); QThread::yieldCurrentThread())
+        inThread([&] { left = m_listener.findChildren<QTcpSocket *>().isEmpty(); });
 }
 
 } // namespace varnow::test

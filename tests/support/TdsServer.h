@@ -1,23 +1,17 @@
 #pragma once
 
+#include "support/TdsDatabase.h"
 #include "support/TdsProtocol.h"
 
-#include <QString>
 #include <QStringList>
+#include <QTcpServer>
+#include <QThread>
 
-#include <chrono>
-#include <condition_variable>
-#include <list>
-#include <mutex>
+#include <functional>
 #include <optional>
-#include <thread>
 #include <vector>
 
 namespace varnow::test {
-
-namespace tds {
-class Database;
-}
 
 /// What goes wrong with an answer.
 struct Fault
@@ -42,8 +36,6 @@ public:
     /// Starts to listen on a free port.
     explicit TdsServer(const QString &sqliteFile);
     ~TdsServer();
-    TdsServer(const TdsServer &) = delete;
-    TdsServer &operator=(const TdsServer &) = delete;
 
     int port() const { return m_port; }
 
@@ -53,30 +45,40 @@ public:
     void start();
 
     /// What arrived so far: log-ins, and the statements other than the options that a driver sets.
-    std::vector<Login> logins() const;
-    QStringList statements() const;
+    std::vector<Login> logins();
+    QStringList statements();
     /// Waits until no client is connected, but not for ever on one that stays.
     void waitUntilLeft();
 
     /// The next log-ins fail: an error such as 18456 or 4060, or no proper answer.
-    void failLogins(const Fault &fault);
+    void failLogins(const Fault &fault)
+    {
+        inThread([&] { m_loginFault = fault; });
+    }
     /// Statements that contain the text fail: all of them, or the n-th counted from 1.
-    void failStatements(const Fault &fault, const QString &containing = QString(), int nth = 0);
+    void failStatements(const Fault &fault, const QString &containing = QString(), int nth = 0)
+    {
+        inThread([&] { m_statementFaults.push_back({fault, containing, nth}); });
+    }
     /// Ends all faults.
-    void clearFaults();
+    void clearFaults()
+    {
+        inThread([this] { m_loginFault.reset(), m_statementFaults.clear(); });
+    }
 
     /// Every answer comes that much later.
-    void setDelay(int milliseconds);
+    void setDelay(int milliseconds)
+    {
+        inThread([=, this] { m_delay = milliseconds; });
+    }
     /// Answers come in packets of that many bytes, written that many bytes at a time; 0 means whole.
-    void setPieces(int bytes);
+    void setPieces(int bytes)
+    {
+        inThread([=, this] { m_pieces = bytes; });
+    }
 
 private:
-    struct Session
-    {
-        int socket;
-        bool finished = false;
-        std::jthread thread{};
-    };
+    class Session;
     struct StatementFault
     {
         Fault fault;
@@ -85,31 +87,20 @@ private:
         int seen = 0;
     };
 
+    void inThread(const std::function<void()> &work);
     void die();
-    void acceptClients();
-    void serve(Session &session);
-    void talk(int socket);
-    bool logIn(int socket, const QByteArray &record);
-    bool runBatch(int socket, tds::Database &database, const QString &batch);
-    bool fail(int socket, const Fault &fault, const QByteArray &tokens);
-    bool send(int socket, const QByteArray &tokens, std::optional<qsizetype> cutOff = {});
     std::optional<Fault> faultFor(const QString &statement);
 
-    QString m_file;
     int m_port = 0;
-    int m_listener = -1;
-    std::jthread m_acceptor;
-
-    mutable std::mutex m_mutex; // guards all below
-    std::condition_variable_any m_changed;
-    std::list<Session> m_sessions;
+    QThread m_thread; // the only one that touches what follows
+    QTcpServer m_listener;
+    tds::Database m_database;
     std::vector<Login> m_logins;
     QStringList m_statements;
     std::optional<Fault> m_loginFault;
     std::vector<StatementFault> m_statementFaults;
-    std::chrono::milliseconds m_delay{0};
+    int m_delay = 0;
     int m_pieces = 0;
-    bool m_stopping = false;
 };
 
 } // namespace varnow::test
