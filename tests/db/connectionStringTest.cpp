@@ -2,7 +2,7 @@
 
 #include "db/ConfigADOUtilities.h"
 #include "db/errorCodes.h"
-#include "db/errorOf.h"
+#include "support/errorOf.h"
 #include "startup/modGlobals.h"
 
 #include <gtest/gtest.h>

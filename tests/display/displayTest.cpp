@@ -51,9 +51,8 @@ TEST_F(DisplayTest, TellsOfAnEmptyStore)
 {
     user.click("cmdLines");
     user.click("cmdFields");
-    EXPECT_EQ(messages.take(),
-              (std::vector<Box>{{"Error loading lines.\r\nError: 9\r\nSubscript out of range"},
-                                {"Error loading fields\r\nError: 9\r\nSubscript out of range"}}));
+    expectBoxes({{"Error loading lines.\r\nError: 9\r\nSubscript out of range"},
+                 {"Error loading fields\r\nError: 9\r\nSubscript out of range"}});
     EXPECT_TRUE(rows().isEmpty());
 }
 

@@ -1,62 +1,42 @@
 #pragma once
 
 #include "support/Driver.h"
-#include "support/MessageLog.h"
-#include "support/TestDatabase.h"
+#include "support/StoreFixture.h"
 
 #include "editor/frmLinesConfig.h"
-#include "fields/modLabLineFldCfg.h"
-#include "lines/modLabLineCfg.h"
-#include "startup/modConfigurations.h"
-#include "startup/modGlobals.h"
-
-#include <gtest/gtest.h>
 
 #include <optional>
 
 namespace varnow::test {
 
-inline std::string nameOfEngine(const testing::TestParamInfo<Engine> &info)
-{
-    return engineName(info.param);
-}
-
 /// A test of the whole editor on a database, on either engine.
-class EditorTest : public testing::TestWithParam<Engine>
+class EditorTest : public StoreTest
 {
 protected:
-    EditorTest()
-    {
-        gMsgTitle = "Configuration";
-        LabLineTable.clear();
-        LabLineFldTable.clear();
-        RemovedLabLineTable.clear();
-        RemovedLabLineFldTable.clear();
-    }
-
     /// Adds a line to the database, before the editor opens; texts as within quotes of SQL.
     void addLine(const QString &name, int nameIndex, int msgIndex, const QString &configuration = "Standard")
     {
-        insert("LabLineConfig (Configuration, Name, NameIndex, MsgIndex, id)",
-               QStringLiteral("'%1', '%2', %3, %4").arg(configuration, name).arg(nameIndex).arg(msgIndex));
+        database.run(QStringLiteral("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) "
+                                    "VALUES (%1, '%2', '%3', %4, %5)")
+                         .arg(QString::number(++lastId), configuration, name)
+                         .arg(nameIndex)
+                         .arg(msgIndex));
     }
 
     void addField(const QString &line, int lineIndex, int msgIndex, int position, const QString &name,
                   int nameIndex = 0)
     {
-        const QString place =
-            QStringLiteral("'%1', %2, %3, %4").arg(line).arg(lineIndex).arg(msgIndex).arg(position);
-        insert("LabLineFieldConfig (Line, LineIndex, MsgIndex, Position, Name, NameIndex, Configuration, "
-               "Constant, id)",
-               QStringLiteral("%1, '%2', %3, 'Standard', 'x'").arg(place, name).arg(nameIndex));
+        database.run(QStringLiteral("INSERT INTO LabLineFieldConfig (id, Line, Name, LineIndex, MsgIndex, "
+                                    "Position, NameIndex, Configuration, Constant) "
+                                    "VALUES (%1, '%2', '%3', %4, %5, %6, %7, 'Standard', 'x')")
+                         .arg(QString::number(++lastId), line, name)
+                         .arg(lineIndex)
+                         .arg(msgIndex)
+                         .arg(position)
+                         .arg(nameIndex));
     }
 
-    void insert(const QString &target, const QString &values)
-    {
-        database.run(QStringLiteral("INSERT INTO %1 VALUES (%2, %3)").arg(target, values).arg(++lastId));
-    }
-
-    /// Reads the catalogue and opens the editor as the program does.
+    /// Opens the editor on a catalogue.
     void open(const QStringList &configurations = {"Standard"}, const QString &defaultName = "Standard")
     {
         gConfigNames = configurations;
@@ -92,11 +72,6 @@ protected:
         return editor->isLoaded();
     }
 
-    /// The boxes shown since they were looked at last.
-    void expectBoxes(const std::vector<Box> &expected) { EXPECT_EQ(messages.take(), expected); }
-
-    MessageLog messages;
-    TestDatabase database{GetParam()};
     std::optional<frmLinesConfig> editor;
     std::optional<Driver> user;
     int lastId = 0;

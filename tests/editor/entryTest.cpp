@@ -97,7 +97,7 @@ TEST_P(EntryTest, UnderstandsEveryWayToWriteANumber)
     for (const auto &[typed, stored, isShown] : numbers) {
         changeLine("NTE", "9", typed);
         EXPECT_EQ(lines().last(), QStringLiteral("NTE(9)=%1").arg(stored)) << qPrintable(typed);
-        expectBoxes(isShown ? std::vector<Box>() : std::vector{notDisplayed});
+        expectBoxes(isShown ? Boxes() : Boxes{notDisplayed});
     }
 }
 
@@ -178,6 +178,6 @@ TEST_P(EntryTest, SaysWhenAStoredFieldHasNoNode)
     EXPECT_TRUE(leavingAsks());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, EntryTest, everyEngine(), nameOfEngine);
+ON_EVERY_ENGINE(EntryTest);
 
 } // namespace varnow::test

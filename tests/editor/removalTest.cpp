@@ -94,16 +94,13 @@ TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
     user->click("cmdAdd");
     messages.take();
     user->press(Qt::Key_S, Qt::AltModifier);
-    const QString counts = "\r\n  0 errors occurred\r\n  %1 records processed correctly.";
-    expectBoxes({{"DeleteRemovedLabLineConfigFromDatabase Complete" + counts.arg(1)},
-                 {"SaveAllLabLineCfg complete" + counts.arg(3)},
-                 {"DeleteRemovedLabLineFieldsFromDatabase Complete" + counts.arg(1)},
-                 {"SaveAllLabLineFldsCfg Complete." + counts.arg(2)}});
+    expectBoxes({summary(linesDeleted, 0, 1), summary(linesSaved, 0, 3), summary(fieldsDeleted, 0, 1),
+                 summary(fieldsSaved, 0, 2)});
     removeWith(ui::answer::Yes);
     user->click("cmdSave");
-    EXPECT_EQ(database.rows("SELECT Name, NameIndex, MsgIndex FROM LabLineConfig ORDER BY MsgIndex"),
+    EXPECT_EQ(database.run("SELECT Name, NameIndex, MsgIndex FROM LabLineConfig ORDER BY MsgIndex"),
               QStringList({"PID|0|1", "OBX|1|2"}));
-    EXPECT_EQ(database.rows("SELECT Name, MsgIndex, Position FROM LabLineFieldConfig ORDER BY Position"),
+    EXPECT_EQ(database.run("SELECT Name, MsgIndex, Position FROM LabLineFieldConfig ORDER BY Position"),
               QStringList({"Value|2|1", "Value|2|2"}));
     EXPECT_FALSE(leavingAsks());
 }
@@ -131,6 +128,6 @@ TEST_P(RemovalTest, ClearsAPageAndProposesWhatComesNext)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, RemovalTest, everyEngine(), nameOfEngine);
+ON_EVERY_ENGINE(RemovalTest);
 
 } // namespace varnow::test

@@ -80,6 +80,6 @@ TEST_P(TreeTest, WorksWithoutAMouse)
     EXPECT_EQ(ui::Window::loadedWindows().size(), 2U); // the data display
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, TreeTest, everyEngine(), nameOfEngine);
+ON_EVERY_ENGINE(TreeTest);
 
 } // namespace varnow::test

@@ -18,15 +18,13 @@ protected:
     static void storeBoth(int id, const QString &name, int place)
     {
         storeLine(id, "S", name, 1, place);
-        LabLineFldCfgRecord record = field("S", name, place);
-        record.id = id;
-        storeField(record);
+        storeField(field("S", name, place, id));
     }
 
     void expectRows(const QStringList &lineIds, const QStringList &fieldIds)
     {
-        EXPECT_EQ(database.rows("SELECT id FROM LabLineConfig ORDER BY id"), lineIds);
-        EXPECT_EQ(database.rows("SELECT id FROM LabLineFieldConfig ORDER BY id"), fieldIds);
+        EXPECT_EQ(database.run("SELECT id FROM LabLineConfig ORDER BY id"), lineIds);
+        EXPECT_EQ(database.run("SELECT id FROM LabLineFieldConfig ORDER BY id"), fieldIds);
     }
 };
 
@@ -71,7 +69,7 @@ TEST_P(BothStores, countRefusedRowsAndGoOn)
 TEST_P(BothStores, learnTheIdentifiersOfSavedRecords)
 {
     EXPECT_EQ(SaveAllLabLineData(), 0);
-    const QString nothing = "No records found to process.";
+    const Box nothing{"No records found to process."};
     expectBoxes({nothing, nothing});
     storeBoth(-1, "A", 1);
     storeBoth(77, "B", 2);
@@ -79,8 +77,8 @@ TEST_P(BothStores, learnTheIdentifiersOfSavedRecords)
     EXPECT_EQ(LabLineTable[0].id, -1);
     storeBoth(-1, "C", 3);
     AdoptLabLineDataIds();
-    EXPECT_EQ(columnOf(LabLineTable, &LabLineConfigRecord::id), (std::vector{1, 77, -1}));
-    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), (std::vector{1, 77, -1}));
+    EXPECT_EQ(columnOf(LabLineTable, &LabLineConfigRecord::id), (QList{1, 77, -1}));
+    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), (QList{1, 77, -1}));
     EXPECT_EQ(RemoveLabLineConfigRecordFromArray(0), 0);
     EXPECT_EQ(AddRecordToRemovedFields(0), 0);
     EXPECT_EQ(RemoveLabLineFldCfgRecordFromArray(0), 0);
@@ -97,12 +95,10 @@ TEST_P(BothStores, reportUnexpectedFailures)
     storeBoth(0, "A", 1);
     RemovedLabLineTable.resize(1);
     RemovedLabLineFldTable.resize(1);
-    QStringList prompts;
-    const auto recorder = ui::setMessageBoxHandler([&](const QString &prompt, int, const QString &) {
-        if (!prompt.startsWith("An unexpected error"))
-            throw RuntimeError(errors::Overflow);
-        prompts.append(prompt);
-        return ui::answer::Ok;
+    const auto recorder = ui::setMessageBoxHandler({});
+    ui::setMessageBoxHandler([&](const QString &prompt, int style, const QString &title) {
+        return prompt.startsWith("An unexpected error") ? recorder(prompt, style, title)
+                                                        : throw RuntimeError(errors::Overflow);
     });
     EXPECT_EQ(SaveAllLabLineData(), 6);
     EXPECT_EQ(RemovedLabLineTable.size(), 1U);
@@ -116,5 +112,5 @@ TEST_P(BothStores, reportUnexpectedFailures)
                              "Line\r\nconfiguration records.";
     const QString fieldSave = "An unexpected error occurred while saving \r\nthe Labeled Line Fields "
                               "configuration.\r\nError: 6\r\nOverflow";
-    EXPECT_EQ(prompts, QStringList({deletion, lineSave, deletion, fieldSave}));
+    expectBoxes({{deletion}, {lineSave}, {deletion}, {fieldSave}});
 }

@@ -22,7 +22,7 @@ protected:
                      values);
     }
 
-    QStringList rows() { return database.rows("SELECT * FROM LabLineFieldConfig ORDER BY id"); }
+    QStringList rows() { return database.run("SELECT * FROM LabLineFieldConfig ORDER BY id"); }
 };
 
 } // namespace
@@ -35,12 +35,12 @@ ON_EVERY_ENGINE(FieldPersistence);
 TEST_P(FieldPersistence, loadsAndSavesEveryColumn)
 {
     EXPECT_EQ(load(), 0);
-    expectBoxes({"No configuration data returned from database."});
+    expectBoxes({{"No configuration data returned from database."}});
     addRows("(1, ' S ', ' B ', ' PID ', 1, 7, NULL), (3, 'S', 'B', 'OBX', 2, 1, '  ')");
     database.run("INSERT INTO LabLineFieldConfig VALUES (2, 'S', ' A ', 3, ' PID ', 4, 1, 6, 5, ' String ', "
                  "' look ', ' f ', ' c ', ' 12 ', 7, ' ', -1)");
     EXPECT_EQ(load(), 0);
-    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), (std::vector{2, 3}));
+    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), (QList{2, 3}));
     const QString first = "1|S|A|3|PID|4|1|6|5|String|look|f|c|12|7| |-1";
     const QString second = "2|S|B|0|OBX|0|2|1|0|||||0|0||0";
     database.run("DELETE FROM LabLineFieldConfig");
@@ -58,7 +58,7 @@ TEST_P(FieldPersistence, loadsAndSavesEveryColumn)
     storeField(field("S", {}, 1));
     messages.take();
     EXPECT_EQ(SaveAllLabLineFldsCfg(), 0);
-    expectBoxes({summary("SaveAllLabLineFldsCfg Complete.", 0, 3)});
+    expectBoxes({summary(fieldsSaved, 0, 3)});
     EXPECT_EQ(rows(), QStringList({first, second, "3|S|B|0|NTE|0|2|1|0|||||0|0||0"}));
 }
 
@@ -85,8 +85,8 @@ TEST_P(FieldPersistence, stopsTheLoadAtABadRow)
     }
     database.run("DROP TABLE LabLineFieldConfig");
     EXPECT_EQ(load(), 0);
-    expectBoxes({"There was a problem retrieving the Line Field\r\n"
-                 "configuration records.  Return code: -2147217865"});
+    expectBoxes({{"There was a problem retrieving the Line Field\r\n"
+                  "configuration records.  Return code: -2147217865"}});
 }
 
 // Faults: fields loaded although the lines could not be, lines of an earlier load doubled, fields lost.

@@ -7,17 +7,14 @@ using namespace varnow::test;
 
 namespace {
 
-using Field = LabLineFldCfgRecord;
-
-/// A field of line PID(1).
-Field field(int id, const QString &configuration, int msgIndex, int position)
-{
-    const QString name = "F" + QString::number(id);
-    return {id, configuration, name, 0, "PID", 1, position, 0, {}, {}, {}, {}, msgIndex, 0, {}, 0, 0};
-}
-
 class FieldTable : public testing::Test, public StoreFixture
 {
+protected:
+    FieldTable()
+    {
+        for (const int id : {1, 2, 3})
+            storeField(field("S", "F" + QString::number(id), 2 * id, id));
+    }
 };
 
 } // namespace
@@ -25,6 +22,7 @@ class FieldTable : public testing::Test, public StoreFixture
 // Fault: the caller's texts trimmed before there is a record to compare them with.
 TEST_F(FieldTable, trimsTheKeyInPlaceOnceItHasRecords)
 {
+    emptyStores();
     QString configuration = " x ";
     QString name = " x ";
     for (const QString expected : {" x  x ", "xx"}) {
@@ -40,33 +38,30 @@ TEST_F(FieldTable, trimsTheKeyInPlaceOnceItHasRecords)
 // field that is lost.
 TEST_F(FieldTable, removesByIdentifierElseByName)
 {
-    QString configuration = " S ";
-    QString name = " F2 ";
-    QString empty = "  ";
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(1, configuration, name, 0), 9);
-    for (const Field &record : {field(1, "S", 1, 1), field(2, "S", 1, 2), field(3, "S", 1, 3)})
-        storeField(record);
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(1, configuration, name, 0), 0);
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(99, configuration, name, 0), 0);
-    EXPECT_EQ(configuration, "S");
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(-1, configuration, name, 0), 9);
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(-1, configuration, empty, 0), 9);
-    EXPECT_EQ(columnOf(LabLineFldTable, &Field::id), std::vector{3});
+    const auto remove = [](int id, QString configuration, QString name) {
+        const int result = RemoveLabLineFldCfgRecord(id, configuration, name, 0);
+        EXPECT_EQ(configuration, id == 1 ? " S " : "S") << "trimmed for a look-up by name alone";
+        return result;
+    };
+    EXPECT_EQ(remove(1, " S ", " F2 "), 0);
+    EXPECT_EQ(remove(99, " S ", " F2 "), 0);
+    EXPECT_EQ(remove(-1, " S ", " F2 "), 9);
+    EXPECT_EQ(remove(-1, " S ", "  "), 9);
+    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), QList{3});
     EXPECT_EQ(AddRecordToRemovedFields(1), 9);
     EXPECT_EQ(RemoveLabLineFldCfgRecordFromArray(1), 9);
-    EXPECT_EQ(RemoveLabLineFldCfgRecord(3, configuration, name, 0), 0);
-    EXPECT_EQ(columnOf(RemovedLabLineFldTable, &Field::id), (std::vector{1, 2, 3}));
+    EXPECT_EQ(remove(3, "S", ""), 0);
+    EXPECT_EQ(remove(3, "S", "F3"), 9);
+    EXPECT_EQ(columnOf(RemovedLabLineFldTable, &LabLineFldCfgRecord::id), (QList{1, 2, 3}));
 }
 
 TEST_F(FieldTable, givesTheNextPositionOfALine)
 {
+    storeField(field("T", "F4", 9));
+    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 0), 7);
+    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", -1), 7);
     EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 1), 1);
-    for (const Field &record : {field(1, "S", 1, 1), field(2, "S", 1, 5), field(3, "T", 1, 7)})
-        storeField(record);
-    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 1), 6);
-    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", -1), 6);
-    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 0), 1);
-    EXPECT_EQ(GetNextFieldPositionForLine("S", "pid", 1), 1);
-    storeField(field(4, "S", 1, std::numeric_limits<int>::max()));
-    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 1), 0);
+    EXPECT_EQ(GetNextFieldPositionForLine("S", "pid", 0), 1);
+    storeField(field("S", "F5", std::numeric_limits<int>::max()));
+    EXPECT_EQ(GetNextFieldPositionForLine("S", "PID", 0), 0);
 }

@@ -119,7 +119,7 @@ TEST_P(HostileTexts, comeBackEqualOrAreCounted)
     if (database.server())
         expectOnlyValues(database.server()->statements(), texts);
     for (const QString table : {"LabLineConfig", "LabLineFieldConfig"})
-        EXPECT_EQ(database.rows("SELECT 1 FROM " + table).size(), texts.size());
+        EXPECT_EQ(database.run("SELECT 1 FROM " + table).size(), texts.size());
 
     emptyStores();
     EXPECT_EQ(LoadAllLabLineData(), 0);

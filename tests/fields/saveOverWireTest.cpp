@@ -36,15 +36,14 @@ protected:
         expectBoxes({summary(linesSaved, errors, correct)});
     }
 
-    QStringList rows() { return database.rows("SELECT id, Name, MsgIndex FROM LabLineConfig ORDER BY id"); }
+    QStringList rows() { return database.run("SELECT id, Name, MsgIndex FROM LabLineConfig ORDER BY id"); }
 
     TdsServer &server = *database.server();
 };
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Engines, SaveOverWire, testing::Values(Engine::SqlServer),
-                         [](const auto &suite) { return engineName(suite.param); });
+ON_ENGINES(SaveOverWire, Engine::SqlServer);
 
 // Faults: a save that ends early, waits for a dead server record by record, or forgets what it could not
 // write; a row written twice because its answer was lost.
@@ -68,7 +67,7 @@ TEST_P(SaveOverWire, goesOnWhenTheServerDiesAndCompletesLater)
     expectBoxes({summary(linesSaved, 0, 100), summary(fieldsDeleted, 0, 1), summary(fieldsSaved, 0, 1)});
     EXPECT_EQ(rows().size(), 100);
     EXPECT_EQ(rows().last(), "100|L100|100");
-    EXPECT_EQ(database.rows("SELECT Name FROM LabLineFieldConfig"), QStringList("A"));
+    EXPECT_EQ(database.run("SELECT Name FROM LabLineFieldConfig"), QStringList("A"));
 }
 
 // Fault: an error that stops the run, is not counted, or keeps its record from the next save. A lock held too
@@ -86,7 +85,7 @@ TEST_P(SaveOverWire, countsEveryErrorOfOneRecordAndGoesOn)
             expectSave(1, 3);
             server.clearFaults();
             expectSave(0, 4);
-            EXPECT_EQ(database.rows("SELECT Name, MsgIndex FROM LabLineConfig ORDER BY Name"),
+            EXPECT_EQ(database.run("SELECT Name, MsgIndex FROM LabLineConfig ORDER BY Name"),
                       (QStringList{"L1|1", "L2|2", "L3|3", "L4|4"}))
                 << number << statement;
         }

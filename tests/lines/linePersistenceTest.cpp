@@ -59,9 +59,9 @@ TEST_P(LinePersistence, insertsAndUpdatesByKey)
     storeLine(41, "Standard", "OBX", -2, -3);
     EXPECT_EQ(SaveAllLabLineCfg(), 0);
     EXPECT_EQ(
-        database.rows("SELECT * FROM LabLineConfig ORDER BY id"),
+        database.run("SELECT * FROM LabLineConfig ORDER BY id"),
         QStringList({"41|Standard|PID|1|8|5|s|t|2024-01-01", "42|Standard|OBX|-2|-3|NULL|NULL|NULL|NULL"}));
-    EXPECT_EQ(columnOf(LabLineTable, &LabLineConfigRecord::id), (std::vector{3, 41}));
+    EXPECT_EQ(columnOf(LabLineTable, &LabLineConfigRecord::id), (QList{3, 41}));
     EXPECT_EQ(LabLineConfigExistsFor("Standard", "OBX", 1), 0);
     database.run("DROP TABLE LabLineConfig");
     EXPECT_EQ(LabLineConfigExistsFor("Standard", "OBX", -2), -1);

@@ -61,9 +61,9 @@ TEST_F(LineTable, storesInPlaceOrAtTheEnd)
     // Name index 0 takes the first PID whatever its name index, which is then overwritten.
     EXPECT_EQ(storeLine(0, "S", "PID", 0, 6), 0);
     EXPECT_EQ(storeLine(9, "S", "PID", 3, 7), 0);
-    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (std::vector{1, 2, 8, -1, 9}));
-    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (std::vector{6, 9, 5, 4, 7}));
-    EXPECT_EQ(columnOf(LabLineTable, &Line::NameIndex), (std::vector{0, 1, 1, 1, 3}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (QList{1, 2, 8, -1, 9}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (QList{6, 9, 5, 4, 7}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::NameIndex), (QList{0, 1, 1, 1, 3}));
     EXPECT_EQ(LabLineTable[1].Configuration, "S");
 }
 
@@ -78,11 +78,11 @@ TEST_F(LineTable, removesAndRenumbers)
     EXPECT_EQ(RemoveLabLineConfigRecordFromArray(3), 9);
     EXPECT_EQ(RemoveLabLineConfigRecordFromArray(-1), 9);
     EXPECT_EQ(RenumberLabLineMsgIndices(configuration), 0);
-    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (std::vector{1, 2, 4}));
-    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (std::vector{1, 1, 2}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (QList{1, 2, 4}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::MsgIndex), (QList{1, 1, 2}));
     while (!LabLineTable.isEmpty())
         ASSERT_EQ(RemoveLabLineConfigRecordFromArray(0), 0);
-    EXPECT_EQ(columnOf(RemovedLabLineTable, &Line::id), (std::vector{3, 1, 2, 4}));
+    EXPECT_EQ(columnOf(RemovedLabLineTable, &Line::id), (QList{3, 1, 2, 4}));
 }
 
 TEST_F(LineTable, givesTheNextMessageIndexOfAConfiguration)

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "support/Driver.h"
-#include "support/MessageLog.h"
+#include "support/StoreFixture.h"
 #include "support/TdsServer.h"
-#include "support/TestDatabase.h"
 
 #include "startup/Main.h"
 #include "startup/frmDatabaseInfo.h"
-#include "startup/modGlobals.h"
 #include "util/modForms.h"
 
 #include <QTimer>
@@ -15,31 +13,28 @@
 
 namespace varnow::test {
 
-using Boxes = QList<Box>;
 /// What the user does in a window; the actions happen one by one, each in the window then in front.
 using Action = std::function<void(const Driver &user)>;
-using Actions = std::deque<Action>;
+using Actions = QList<Action>;
 
 inline const QStringList nothing{"", "", "", ""};
 
 /// A test of the start on either engine. The database holds the sample rows; the program knows no connection
 /// value yet. Connection values are lists: server, database, user, password.
-class StartUpTest : public testing::TestWithParam<Engine>
+class StartUpTest : public StoreTest
 {
 protected:
-    StartUpTest() : valid(stored().mid(0, 4))
+    StartUpTest() : StoreTest(true), valid(stored().mid(0, 4))
     {
-        for (QString *value : {&gCfgServer, &gCfgDatabase, &gCfgUser, &gCfgPassword, &gVelmoraServer,
-                               &gVelmoraDatabase, &gVelmoraUser, &gVelmoraPassword})
+        for (QString *value : connectionValues())
             value->clear();
-        gMsgTitle = "Configuration";
     }
 
     /// Starts the program with these words behind its name.
     void expectStart(const QString &words, const Actions &actions, int exitCode, const Boxes &boxes)
     {
         acting(actions, [&] { EXPECT_EQ(startUp(words), exitCode); });
-        EXPECT_EQ(shown(), boxes);
+        expectBoxes(boxes);
     }
 
     /// Shows the dialog alone; `flags` are the initials of the state that it must leave.
@@ -47,14 +42,8 @@ protected:
     {
         LoginState::DatabaseMode = mode;
         acting(actions, [this] { dialog.showModal(); });
-        EXPECT_EQ(shown(), boxes);
+        expectBoxes(boxes);
         EXPECT_EQ(setFlags(), flags);
-    }
-
-    Boxes shown()
-    {
-        const auto boxes = messages.take();
-        return {boxes.begin(), boxes.end()};
     }
 
     static QString setFlags()
@@ -66,8 +55,10 @@ protected:
     /// The eight connection values as the program holds them.
     static QStringList stored()
     {
-        return {gCfgServer,     gCfgDatabase,     gCfgUser,     gCfgPassword,
-                gVelmoraServer, gVelmoraDatabase, gVelmoraUser, gVelmoraPassword};
+        QStringList values;
+        for (const QString *value : connectionValues())
+            values += *value;
+        return values;
     }
 
     static Action enter(const QStringList &entries)
@@ -87,8 +78,6 @@ protected:
     static void cancel(const Driver &user) { user.click("cmdCancel"); }
     static void close(const Driver &) { ui::Window::loadedWindows().back()->surface()->window()->close(); }
 
-    MessageLog messages;
-    TestDatabase database{GetParam(), true};
     frmDatabaseInfo dialog;
     const QStringList valid;
 
@@ -106,8 +95,7 @@ private:
                 LoginState::Canceled = true;
                 return UnloadAllForms();
             }
-            actions.front()(Driver(*ui::Window::loadedWindows().back()));
-            actions.pop_front();
+            actions.takeFirst()(Driver(*ui::Window::loadedWindows().back()));
             timer.start();
         });
         timer.start();

@@ -100,7 +100,7 @@ TEST_P(StartUpTest, CatalogueSurvivesAllButANullName)
         database.run(sql);
         EXPECT_EQ(load(), boxes == nullName ? errors::InvalidUseOfNull : 0);
         EXPECT_EQ(load == all ? gConfigNames : QStringList(gDefaultConfigName), names);
-        EXPECT_EQ(shown(), boxes);
+        expectBoxes(boxes);
     }
 }
 

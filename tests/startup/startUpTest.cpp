@@ -164,7 +164,6 @@ TEST(Program, BlanksItsWordsInTheProcessList)
     program.waitForFinished(-1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, StartUpTest, everyEngine(),
-                         [](const auto &engine) { return engineName(engine.param); });
+ON_EVERY_ENGINE(StartUpTest);
 
 } // namespace varnow::test

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 namespace varnow::test {
 
 void PrintTo(const Box &box, std::ostream *out)
@@ -24,24 +22,16 @@ MessageLog::~MessageLog()
     ui::setMessageBoxHandler(m_before);
 }
 
-std::vector<Box> MessageLog::take()
-{
-    return std::exchange(m_boxes, {});
-}
-
 int MessageLog::show(const Box &box)
 {
-    m_boxes.push_back(box);
+    m_boxes += box;
     constexpr int buttons = 15;
     if ((box.style & buttons) == ui::style::OkOnly)
         return ui::answer::Ok;
-    if (m_answers.empty()) {
-        ADD_FAILURE() << "Unexpected question: " << testing::PrintToString(box);
-        return ui::answer::Cancel;
-    }
-    const int answer = m_answers.front();
-    m_answers.pop_front();
-    return answer;
+    if (!m_answers.empty())
+        return m_answers.takeFirst();
+    ADD_FAILURE() << "Unexpected question: " << testing::PrintToString(box);
+    return ui::answer::Cancel;
 }
 
 } // namespace varnow::test

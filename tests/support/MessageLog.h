@@ -4,11 +4,8 @@
 
 #include "ui/MessageBox.h"
 
+#include <QList>
 #include <QString>
-
-#include <deque>
-#include <ostream>
-#include <vector>
 
 namespace varnow::test {
 
@@ -22,6 +19,8 @@ struct Box
     bool operator==(const Box &) const = default;
 };
 
+using Boxes = QList<Box>;
+
 void PrintTo(const Box &box, std::ostream *out);
 
 /// Records every message box while it lives, and answers in place of the user: questions as told, the rest
@@ -31,20 +30,18 @@ class MessageLog
 public:
     MessageLog();
     ~MessageLog();
-    MessageLog(const MessageLog &) = delete;
-    MessageLog &operator=(const MessageLog &) = delete;
 
     /// Answers the next question that has no answer yet.
-    void answerWith(int answer) { m_answers.push_back(answer); }
+    void answerWith(int answer) { m_answers += answer; }
 
     /// The boxes shown since the last call.
-    std::vector<Box> take();
+    Boxes take() { return std::exchange(m_boxes, {}); }
 
 private:
     int show(const Box &box);
 
-    std::vector<Box> m_boxes;
-    std::deque<int> m_answers;
+    Boxes m_boxes;
+    QList<int> m_answers;
     ui::MessageBoxHandler m_before;
 };
 

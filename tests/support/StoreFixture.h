@@ -8,13 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
-/// Runs a suite derived from StoreTest on every engine.
-#define ON_EVERY_ENGINE(Suite)                                                                               \
-    INSTANTIATE_TEST_SUITE_P(Engines, Suite, varnow::test::everyEngine(),                                    \
-                             [](const auto &suite) { return varnow::test::engineName(suite.param); })
-
 namespace varnow::test {
 
 inline constexpr const char *linesSaved = "SaveAllLabLineCfg complete";
@@ -22,12 +15,19 @@ inline constexpr const char *linesDeleted = "DeleteRemovedLabLineConfigFromDatab
 inline constexpr const char *fieldsSaved = "SaveAllLabLineFldsCfg Complete.";
 inline constexpr const char *fieldsDeleted = "DeleteRemovedLabLineFieldsFromDatabase Complete";
 
-/// One number of every record of a table, in table order.
-template <class Record> std::vector<int> columnOf(const auto &table, int Record::*number)
+/// The summary of a run.
+inline Box summary(const char *title, int errors, int correct)
 {
-    std::vector<int> column;
+    return {QString::asprintf("%s\r\n  %d errors occurred\r\n  %d records processed correctly.", title,
+                              errors, correct)};
+}
+
+/// One number of every record of a table, in table order.
+template <class Record> QList<int> columnOf(const auto &table, int Record::*number)
+{
+    QList<int> column;
     for (const Record &record : table)
-        column.push_back(record.*number);
+        column += record.*number;
     return column;
 }
 
@@ -62,6 +62,16 @@ struct StoreFixture
             field.Constant, field.FixedLength, field.PadChar, field.PadDirection, field.FieldPosition);
     }
 
+    /// A field of line PID(0) with MsgIndex 1, with this key and position.
+    static LabLineFldCfgRecord field(const QString &configuration, const QString &name, int position,
+                                     int id = -1)
+    {
+        return {id, configuration, name, 0, "PID", 0, position, 0, {}, {}, {}, {}, 1, 0, {}, 0, 0};
+    }
+
+    /// The boxes shown since they were looked at last.
+    void expectBoxes(const Boxes &expected) { EXPECT_EQ(messages.take(), expected); }
+
     MessageLog messages;
 };
 
@@ -69,29 +79,9 @@ struct StoreFixture
 class StoreTest : public testing::TestWithParam<Engine>, public StoreFixture
 {
 protected:
-    /// Expects exactly these plain boxes since the last call.
-    void expectBoxes(const QStringList &prompts)
-    {
-        std::vector<Box> expected;
-        for (const QString &prompt : prompts)
-            expected.push_back({prompt});
-        EXPECT_EQ(messages.take(), expected);
-    }
+    explicit StoreTest(bool sample = false) : database(GetParam(), sample) {}
 
-    /// The summary of a run.
-    static QString summary(const char *title, int errors, int correct)
-    {
-        return QString::asprintf("%s\r\n  %d errors occurred\r\n  %d records processed correctly.", title,
-                                 errors, correct);
-    }
-
-    /// A field of line PID(0) with MsgIndex 1, with this key and position.
-    static LabLineFldCfgRecord field(const QString &configuration, const QString &name, int position)
-    {
-        return {-1, configuration, name, 0, "PID", 0, position, 0, {}, {}, {}, {}, 1, 0, {}, 0, 0};
-    }
-
-    TestDatabase database{GetParam()};
+    TestDatabase database;
 };
 
 } // namespace varnow::test

@@ -1,12 +1,22 @@
 #pragma once
 
-#include <QString>
+#include <QList>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
+
+struct sqlite3;
+
+/// Runs a suite on these engines.
+#define ON_ENGINES(Suite, ...)                                                                               \
+    INSTANTIATE_TEST_SUITE_P(Engines, Suite, testing::Values(__VA_ARGS__), testing::PrintToStringParamName())
+
+/// Runs a suite on every engine, as every test of the program's behaviour on a database does.
+#define ON_EVERY_ENGINE(Suite)                                                                               \
+    ON_ENGINES(Suite, varnow::test::Engine::Sqlite, varnow::test::Engine::SqlServer)
 
 namespace varnow::test {
 
@@ -15,14 +25,14 @@ class TdsServer;
 /// Where a test keeps its tables: in the embedded engine, or behind SQL Server's protocol on loopback.
 enum class Engine { Sqlite, SqlServer };
 
-/// Name of an engine for parameterised tests.
-std::string engineName(Engine engine);
-
-/// The engines that every test of the program's behaviour runs on.
-inline auto everyEngine()
+inline void PrintTo(Engine engine, std::ostream *out)
 {
-    return testing::Values(Engine::Sqlite, Engine::SqlServer);
+    *out << (engine == Engine::Sqlite ? "Sqlite" : "SqlServer");
 }
+
+/// The program's connection values: server, database, user, password of the configuration database, then of
+/// the main application's.
+QList<QString *> connectionValues();
 
 /// A database made from sql/schema.sql in a folder of its own, gone with this object.
 /// While it lives, gCfg… and gVelmora… lead to it.
@@ -33,21 +43,21 @@ public:
     explicit TestDatabase(Engine engine = Engine::Sqlite, bool sample = false);
     ~TestDatabase();
 
-    /// Runs statements on the tables directly, past the program. Fails the test on an error.
-    void run(const QString &sql);
-    /// First value of the first row as text; "NULL" for Null, empty without a row.
-    QString value(const QString &sql);
-    /// Every row as its values joined by "|".
-    QStringList rows(const QString &sql);
+    /// Runs statements on the tables directly, past the program, and returns every row as its values joined
+    /// by "|", with "NULL" for Null. Fails the test on an error.
+    QStringList run(const QString &sql);
 
     /// Path of the file that holds the tables, on either engine.
-    QString file() const;
+    QString file() const { return m_folder.filePath("tables.db"); }
     /// The server in front of the tables, which fails on demand; nullptr on the embedded engine.
-    TdsServer *server();
+    TdsServer *server() { return m_server.get(); }
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    void runFile(const QString &name);
+
+    QTemporaryDir m_folder;
+    sqlite3 *m_connection = nullptr;
+    std::unique_ptr<TdsServer> m_server;
 };
 
 } // namespace varnow::test

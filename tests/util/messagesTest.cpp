@@ -26,14 +26,14 @@ TEST(Messages, ChooseTheTitleAndTheResult)
             EXPECT_EQ(ShowMessage("text", 36, title, wantAnswer), wantAnswer ? 7 : 0);
             EXPECT_EQ(title, shown);
         }
-        EXPECT_EQ(messages.take(), std::vector<Box>(2, {"text", 36, shown}));
+        EXPECT_EQ(messages.take(), Boxes(2, {"text", 36, shown}));
     }
     MessageLog messages;
     for (const auto ask : {AskYesNo, AskYesNoCancel}) {
         QString prompt;
         messages.answerWith(ui::answer::No);
         EXPECT_EQ(ask(prompt, "Sure"), 7);
-        EXPECT_EQ(messages.take(), (std::vector<Box>{{"", ask == AskYesNo ? 36 : 547, "Sure"}}));
+        EXPECT_EQ(messages.take(), (Boxes{{"", ask == AskYesNo ? 36 : 547, "Sure"}}));
     }
 }
 

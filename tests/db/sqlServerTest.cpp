@@ -1,0 +1,231 @@
+// What the database layer makes of SQL Server, well or failing, over a real driver and a real socket.
+
+#include "db/ConfigADOUtilities.h"
+#include "db/errorCodes.h"
+#include "startup/modGlobals.h"
+#include "support/TdsServer.h"
+#include "support/TestDatabase.h"
+#include "support/errorOf.h"
+
+#include <QDateTime>
+
+#include <future>
+
+namespace varnow::test {
+
+using namespace db;
+
+namespace {
+
+const QString select = QStringLiteral("SELECT id, Name FROM LabLineConfig;");
+const QString update = QStringLiteral("UPDATE LabLineConfig SET MsgIndex = 7 WHERE id = 1;");
+
+/// The code of a query; one that failed must not leave rows behind.
+int query(const QString &sql, int expectedRows = 0)
+{
+    RecordsetPtr rows;
+    const int code = RetrieveRecordset(GetConfigConnectString(), sql, rows);
+    if (code == 0)
+        EXPECT_EQ(rows->recordCount(), expectedRows);
+    else
+        EXPECT_TRUE(!rows || errorOf([&] { rows->recordCount(); }) == errors::ResultSetClosed);
+    return code;
+}
+
+int command(const QString &sql = "SELECT 1;")
+{
+    return CompleteCommand(GetConfigConnectString(), sql);
+}
+
+/// The same with a connection made before, which may not wait longer than a second.
+std::function<int()> connectedCommand(const QString &sql)
+{
+    ConnectionPtr connection;
+    EXPECT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 1), 0);
+    return [=] { return ExecuteCommand(std::make_shared<Command>(Command{connection, sql})); };
+}
+
+class SqlServer : public testing::Test
+{
+protected:
+    TestDatabase database{Engine::SqlServer};
+    TdsServer &server = *database.server();
+};
+
+} // namespace
+
+// A number mapped to the wrong code, or an error that is lost because the driver reports it late.
+TEST_F(SqlServer, NumbersHaveTheirCodes)
+{
+    const std::pair<int, int> codesOfNumbers[] = {
+        {102, codes::Syntax},     {207, codes::Syntax},      {208, codes::MissingTable},
+        {229, codes::Permission}, {515, codes::Constraint},  {547, codes::Constraint},
+        {1205, codes::Failure},   {2627, codes::Constraint}, {8152, codes::DataOverflow},
+        {245, codes::Conversion},
+    };
+    for (const auto &[number, code] : codesOfNumbers) {
+        server.failStatements({.number = number});
+        EXPECT_EQ(query(select), code) << number;
+        EXPECT_EQ(command(update), code) << number;
+        EXPECT_EQ(GetNextRecordID(GetConfigConnectString(), "LabLineConfig", "id"), -1) << number;
+        server.clearFaults();
+    }
+    EXPECT_EQ(query(select), 0);
+}
+
+// A log-in that fails with a code of its own, or that waits for ever.
+TEST_F(SqlServer, EveryFailedLogInIsOneCode)
+{
+    for (const Fault &fault : {Fault{.number = 18456}, Fault{.number = 4060}, Fault{.kind = Fault::CutOff},
+                               Fault{.kind = Fault::CutOff, .bytes = 20}, Fault{.kind = Fault::NoAnswer},
+                               Fault{.kind = Fault::Hang}}) {
+        server.failLogins(fault);
+        ConnectionPtr connection;
+        EXPECT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 1), codes::Failure)
+            << fault.kind << fault.number;
+    }
+    server.clearFaults();
+    server.stop();
+    EXPECT_EQ(query(select), codes::Failure);
+    server.start();
+    EXPECT_EQ(query(select), 0);
+}
+
+// A connection lost on the way to the statement, behind it, or with the server's death in between.
+TEST_F(SqlServer, LostConnection)
+{
+    server.failStatements({.kind = Fault::CutOff}, "UPDATE");
+    EXPECT_EQ(command(update), codes::Failure);
+    const auto lost = connectedCommand(select);
+    server.stop();
+    EXPECT_EQ(lost(), codes::Failure);
+    server.start();
+    EXPECT_EQ(query(select), 0);
+}
+
+// The worst: a result cut short that passes for a whole one.
+TEST_F(SqlServer, TruncatedResultIsNeverWhole)
+{
+    constexpr int rowCount = 50;
+    database.run(
+        "INSERT INTO LabLineConfig (id, Name) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+        "FROM n WHERE i < 50) SELECT i, printf('%040d', i) FROM n");
+    qsizetype bytes = 0;
+    // Every byte where columns, the first rows and the second packet are; in between some are enough.
+    for (;; bytes += bytes < 300 || bytes > 4000 ? 1 : 13) {
+        server.failStatements({.kind = Fault::CutOff, .bytes = bytes});
+        const int code = query(select, rowCount);
+        server.clearFaults();
+        if (code == 0)
+            break;
+        ASSERT_EQ(code, codes::Failure) << bytes;
+    }
+    EXPECT_GT(bytes, 4096 + rowCount);
+}
+
+// A wait without end. The three waits run at once.
+TEST_F(SqlServer, StatementsTimeOut)
+{
+    server.failStatements({.kind = Fault::NoAnswer}, "data_extractor_config");
+    server.failStatements({.kind = Fault::Hang}, "Misc_upload_constants");
+    database.run("BEGIN EXCLUSIVE");
+    QList<std::shared_future<int>> waits;
+    for (const QString &sql :
+         {QString("DELETE data_extractor_config;"), QString("DELETE Misc_upload_constants;"), update})
+        waits += std::async(std::launch::async, connectedCommand(sql)).share();
+    for (const auto &wait : waits)
+        EXPECT_EQ(wait.get(), codes::TimeOut);
+    database.run("ROLLBACK");
+    EXPECT_EQ(command(update), 0);
+}
+
+// A column type that the driver hands over as another, a value that loses digits or letters, a lost Null.
+TEST_F(SqlServer, EveryColumnTypeAndNull)
+{
+    const QDateTime moment(QDate(2024, 2, 29), QTime(13, 14, 15, 123), Qt::UTC);
+    const std::tuple<QString, QString, QVariant> columns[] = {
+        {"int", "-2147483648", -2147483648LL},
+        {"tinyint", "255", 255LL},
+        {"bigint", "9223372036854775807", 9223372036854775807LL},
+        {"real", "0.5", 0.5},
+        {"float", "0.1", 0.1},
+        {"decimal(10,3)", "-1234.567", "-1234.567"},
+        {"datetime", "'2024-02-29 13:14:15.123'", moment},
+        {"smallint", "-32768", -32768LL},
+        {"char(4)", "'ab'", "ab  "},
+        {"varchar(20)", "'é ß'", "é ß"},
+        {"nvarchar(20)", "'日本 😀'", "日本 😀"},
+        {"text", "'é ß'", "é ß"},
+        {"ntext", "'日本 😀'", "日本 😀"},
+        {"varchar(20)", "''", ""},
+    };
+    for (const auto &[type, literal, value] : columns) {
+        database.run("CREATE TABLE types (id int, v " + type + "); INSERT INTO types VALUES (1, " + literal +
+                     "), (2, NULL), (3, " + literal + ")");
+        RecordsetPtr rows;
+        ASSERT_EQ(RetrieveRecordset(GetConfigConnectString(), "SELECT v FROM types ORDER BY id;", rows), 0);
+        for (const QVariant &expected : {value, QVariant(), value}) {
+            EXPECT_EQ(rows->value(0), expected) << qPrintable(type);
+            rows->moveNext();
+        }
+        database.run("DROP TABLE types");
+    }
+}
+
+// A client that counts on a packet or a read holding a certain piece of the answer.
+TEST_F(SqlServer, AnswersInPiecesOfAnySize)
+{
+    database.run("INSERT INTO LabLineConfig VALUES (1, 'S', 'MSH', 0, 1, NULL, 'ł', 'é', '2024-02-29'),"
+                 "(2, 'S', 'PID', 0, 2, 7, NULL, NULL, NULL)");
+    for (int size = 1; size <= 64; ++size) {
+        server.setPieces(size);
+        RecordsetPtr rows;
+        ASSERT_EQ(RetrieveRecordset(GetConfigConnectString(), "SELECT * FROM LabLineConfig;", rows), 0);
+        ASSERT_EQ(rows->recordCount(), 2) << size;
+        EXPECT_EQ(rows->value("text1"), QStringLiteral("é"));
+        EXPECT_EQ(rows->value("date1"), QDateTime(QDate(2024, 2, 29), QTime(0, 0)));
+    }
+}
+
+// A connection value that becomes another keyword, or that arrives changed.
+TEST_F(SqlServer, ConnectionValuesArriveAsTyped)
+{
+    for (const QString value : {"a;b", "a=b", "{ab", "ab}", "{ab}", "a}}b", "a}b=c", "'\"`", "a;PWD=x",
+                                "x;App=y", ";Encryption=off", "%s,*", "łó 日本", "😀", "ab;", "}", "{"}) {
+        gCfgUser = "u" + value, gCfgPassword = value, gCfgDatabase = "d" + value + "b";
+        EXPECT_EQ(command(), 0) << qPrintable(value);
+        const Login login = server.logins().back();
+        EXPECT_EQ((QStringList{login.userName, login.password, login.database, login.appName}),
+                  (QStringList{gCfgUser, gCfgPassword, gCfgDatabase, "varnow"}));
+    }
+}
+
+// A value that cannot be written whole, sent all the same; a server's name that carries keywords.
+TEST_F(SqlServer, ConnectionValuesThatCannotArriveSendNothing)
+{
+    const QString port = gCfgServer.section(',', 1);
+    QList<std::pair<QString *, QString>> refused{{&gCfgUser, QChar(0xD800)}};
+    for (const QString value : {"};APP={sa", "x};SERVER=127.0.0.1", "a}DRIVER=x", "a}\nDsn={x"})
+        for (QString *target : {&gCfgUser, &gCfgPassword, &gCfgDatabase})
+            refused += {target, value};
+    for (const QString value : {"};APP={sa", ";UID=sa", "}", ";Port=1"})
+        refused += {&gCfgServer, "127.0.0.1" + value + ',' + port};
+    for (const auto &[target, value] : refused) {
+        const QString before = std::exchange(*target, value);
+        EXPECT_EQ(command(), codes::Failure) << qPrintable(value);
+        *target = before;
+    }
+    EXPECT_TRUE(server.logins().empty());
+}
+
+// A spelling of the server's name that SQL Server's own tools know and the driver does not.
+TEST_F(SqlServer, ServerSpellings)
+{
+    for (const char *form : {"127.0.0.1,%1", "tcp:127.0.0.1,%1", " 127.0.0.1 , %1 ", "localhost,%1", ".,%1",
+                             "(local),%1", "TCP:(LOCAL),%1", "127.0.0.1\\instance,%1"}) {
+        gCfgServer = QString(form).arg(server.port());
+        EXPECT_EQ(command(), 0) << form;
+    }
+}
+
+} // namespace varnow::test
