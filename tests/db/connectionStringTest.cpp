@@ -2,8 +2,8 @@
 
 #include "db/ConfigADOUtilities.h"
 #include "db/errorCodes.h"
-#include "support/errorOf.h"
 #include "startup/modGlobals.h"
+#include "support/errorOf.h"
 
 #include <gtest/gtest.h>
 

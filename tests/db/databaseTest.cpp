@@ -14,9 +14,8 @@ using test::TestDatabase;
 
 namespace {
 
-class DatabaseTest : public testing::TestWithParam<Engine>
+struct DatabaseTest : testing::TestWithParam<Engine>
 {
-protected:
     RecordsetPtr query(const QString &sql)
     {
         RecordsetPtr recordset;
@@ -59,12 +58,11 @@ TEST_P(DatabaseTest, TellsAnEmptyResultFromAClosedOne)
     EXPECT_NE(RetrieveRecordset(GetConfigConnectString(), "SELECT nothing;", failed), 0);
     const RecordsetPtr withoutResult = query("DELETE LabLineConfig WHERE id = 1;");
     for (const RecordsetPtr &closed : {empty, failed, withoutResult}) {
-        EXPECT_EQ(errorOf([&] { closed->recordCount(); }), errors::ResultSetClosed);
-        EXPECT_EQ(errorOf([&] { closed->atEnd(); }), errors::ResultSetClosed);
-        EXPECT_EQ(errorOf([&] { closed->moveNext(); }), errors::ResultSetClosed);
-        EXPECT_EQ(errorOf([&] { closed->column("id"); }), errors::ResultSetClosed);
-        EXPECT_EQ(errorOf([&] { closed->value(0); }), errors::ResultSetClosed);
-        EXPECT_EQ(errorOf([&] { closed->close(); }), errors::ResultSetClosed);
+        const std::function<void()> uses[] = {[&] { closed->recordCount(); }, [&] { closed->atEnd(); },
+                                              [&] { closed->moveNext(); },    [&] { closed->column("id"); },
+                                              [&] { closed->value(0); },      [&] { closed->close(); }};
+        for (const auto &use : uses)
+            EXPECT_EQ(errorOf(use), errors::ResultSetClosed);
     }
 }
 
@@ -95,12 +93,7 @@ TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
     QString everything;
     for (ushort c = 1; c < 0x3000; ++c)
         everything += QChar(c);
-    QStringList texts =
-        QString("| |'|''; DROP TABLE LabLineConfig; --|{fn now()} {ts '2020-01-01 00:00:00'} {call p(?)} {|"
-                "? ?1 :name @name $name %s %n 100%|\\\n \\\r\n \\\\\n\n\\|/* open -- \\ \\' \\\\|"
-                "DELETE t|it's ü|Ω'|'é")
-            .split('|');
-    texts << everything;
+    QStringList texts{"", "DELETE t", "{fn now()} {ts '2020-01-01'} {call p(?)}", everything};
     for (const int size : {4000, 4096, 8191, 8192, 10'000, 1'000'000})
         texts << QString(size, u'x') << 'x' + QString(size, u'ł') << 'x' + QString("😀").repeated(size / 2);
 

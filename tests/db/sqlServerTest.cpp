@@ -45,9 +45,8 @@ std::function<int()> connectedCommand(const QString &sql)
     return [=] { return ExecuteCommand(std::make_shared<Command>(Command{connection, sql})); };
 }
 
-class SqlServer : public testing::Test
+struct SqlServer : testing::Test
 {
-protected:
     TestDatabase database{Engine::SqlServer};
     TdsServer &server = *database.server();
 };

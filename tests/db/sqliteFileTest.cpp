@@ -17,9 +17,8 @@ const QString countLines = QStringLiteral("SELECT COUNT(*) FROM LabLineConfig;")
 const QString insertLine = QStringLiteral("INSERT INTO LabLineConfig (id) VALUES (99);");
 
 /// What can happen to the file that the server name "(sqlite)" asks for.
-class SqliteFile : public testing::Test
+struct SqliteFile : testing::Test
 {
-protected:
     /// Path of a new file beside the tables.
     QString write(const QString &name, const QByteArray &contents)
     {

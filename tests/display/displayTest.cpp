@@ -10,9 +10,8 @@ namespace varnow::test {
 
 namespace {
 
-class DisplayTest : public testing::Test, public StoreFixture
+struct DisplayTest : testing::Test, StoreFixture
 {
-protected:
     QStringList rows() const
     {
         QCoreApplication::processEvents();

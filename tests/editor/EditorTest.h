@@ -10,17 +10,17 @@
 namespace varnow::test {
 
 /// A test of the whole editor on a database, on either engine.
-class EditorTest : public StoreTest
+struct EditorTest : StoreTest
 {
-protected:
     /// Adds a line to the database, before the editor opens; texts as within quotes of SQL.
     void addLine(const QString &name, int nameIndex, int msgIndex, const QString &configuration = "Standard")
     {
-        database.run(QStringLiteral("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) "
-                                    "VALUES (%1, '%2', '%3', %4, %5)")
-                         .arg(QString::number(++lastId), configuration, name)
-                         .arg(nameIndex)
-                         .arg(msgIndex));
+        database.run(
+            QStringLiteral("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) "
+                           "VALUES (%1, '%2', '%3', %4, %5)")
+                .arg(QString::number(++lastId), configuration, name)
+                .arg(nameIndex)
+                .arg(msgIndex));
     }
 
     void addField(const QString &line, int lineIndex, int msgIndex, int position, const QString &name,

@@ -13,9 +13,8 @@ const Box saveChanges{
 
 } // namespace
 
-class ConfigurationTest : public EditorTest
+struct ConfigurationTest : EditorTest
 {
-protected:
     ConfigurationTest()
     {
         addLine("PID", 1, 1);
@@ -75,9 +74,9 @@ TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
     messages.take();
     user->showPage(1);
     // The first that begins with the shown line's name.
-    EXPECT_EQ(user->text("Combo2(0)") + user->text("Text2(2)"), "PID(1)1");
+    EXPECT_EQ(user->texts({"Combo2(0)", "Text2(2)"}), "PID(1)|1");
     QTest::keyClick(user->control("Combo2(0)"), Qt::Key_Down);
-    EXPECT_EQ(user->text("Combo2(0)") + user->text("Text2(2)"), "OBR2");
+    EXPECT_EQ(user->texts({"Combo2(0)", "Text2(2)"}), "OBR|2");
     user->type("Combo2(0)", "obx(7)");
     user->click("cmdClear"); // looks the typed text up, with and without its index
     EXPECT_EQ(user->text("Text2(2)"), "3");

@@ -19,9 +19,8 @@ const Box notDisplayed{
 
 } // namespace
 
-class EntryTest : public EditorTest
+struct EntryTest : EditorTest
 {
-protected:
     EntryTest()
     {
         addLine("PID", 0, 3);
@@ -56,17 +55,14 @@ protected:
 TEST_P(EntryTest, CollectsWhatIsWrongWithALine)
 {
     const QStringList numbersWrong{"The Line Index must be numeric.", "The Message Index nust be a number."};
-    for (const auto &[name, index, msgIndex, complaints] :
-         std::vector<std::tuple<QString, QString, QString, QStringList>>{
-             {"PID", "x", "3x", numbersWrong},
-             {"PID", "2147483648", "-2147483649", numbersWrong},
-             {"PID", "1e400", "0x10", numbersWrong},
-             {"PID", "１２", "1,5", numbersWrong},
-             {"", "", "", {"The Line name is empty.", "The Message Index is empty."}},
-         }) {
-        changeLine(name, index, msgIndex);
-        expectBoxes({dataChecking("line", complaints)});
+    const std::pair<const char *, const char *> wrong[] = {
+        {"x", "3x"}, {"2147483648", "-2147483649"}, {"1e400", "0x10"}, {"１２", "1,5"}};
+    for (const auto &[index, msgIndex] : wrong) {
+        changeLine("PID", index, msgIndex);
+        expectBoxes({dataChecking("line", numbersWrong)});
     }
+    changeLine("", "", "");
+    expectBoxes({dataChecking("line", {"The Line name is empty.", "The Message Index is empty."})});
     EXPECT_EQ(lines(), QStringList("PID(0)=3"));
     EXPECT_EQ(user->text("Text1(1)"), "0");
 }
@@ -91,7 +87,7 @@ TEST_P(EntryTest, AddsAndChangesLinesInPlace)
 TEST_P(EntryTest, UnderstandsEveryWayToWriteANumber)
 {
     // Only what is written as the tree writes it leads to the node afterwards.
-    const std::vector<std::tuple<QString, int, bool>> numbers{
+    const std::tuple<QString, int, bool> numbers[] = {
         {"+7", 7, false},   {"-0", 0, false},  {"13.", 13, false}, {".5", 0, false}, {"1e2", 100, false},
         {"014", 14, false}, {"2.5", 2, false}, {"4.50", 4, false}, {" 8 ", 8, true}, {"-5", -5, true}};
     for (const auto &[typed, stored, isShown] : numbers) {
@@ -106,30 +102,30 @@ TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
     const QString nothing =
         "Both the Lookup String and the Constant value are empty,\r\n\t\tyou must supply one or the other.";
     const QString fixed = "A Fixed Length was indicated, however, the ";
-    for (const auto &[field, complaints] : std::vector<std::pair<Field, QStringList>>{
-             {{.name = "", .index = "x"},
-              {"The Field name is empty.", "The Field Name Index must be numeric."}},
-             {{.index = "99999999999"}, {"The Field Name Index must be numeric."}},
-             {{.line = ""}, {"The Line Name and Index field is empty."}},
-             {{.line = "PID(x"}, {"The Line Name or Index field is invalid."}},
-             {{.line = "(1)"}, {"The Line Name is empty."}},
-             {{.line = "PID()"}, {"The Line Name Index is invalid."}},
-             {{.line = " (a)"}, {"The Line Name is empty.", "The Line Name Index is invalid."}},
-             {{.lookup = ""}, {nothing}},
-             {{.position = ""}, {"The Position Field is empty."}},
-             {{.position = "1,5"}, {"The Position Field nust be a number."}},
-             {{.msgIndex = "3000000000"}, {"The Message Index nust be a number."}},
-             {{.length = "", .characterPosition = ""}, {fixed + "length and position were not specified."}},
-             {{.length = "", .characterPosition = "1"}, {fixed + "length was not specified."}},
-             {{.length = "10", .characterPosition = ""}, {fixed + "position was not specified."}},
-             {{.length = "x", .characterPosition = "y"}, {fixed + "length and position are not numeric."}},
-             {{.length = "1e400", .characterPosition = "1"}, {fixed + "length is not a number."}},
-             {{.length = "1", .characterPosition = "y"}, {fixed + "position is not a number."}},
-             {{.name = "", .line = "", .lookup = "", .position = ""},
-              {"The Field name is empty.", "The Line Name and Index field is empty.", nothing,
-               "The Position Field is empty."}},
-             {{.length = "99999999999"}, {fixed + "length is not a number."}},
-         }) {
+    const std::pair<Field, QStringList> cases[] = {
+        {{.name = "", .index = "x"}, {"The Field name is empty.", "The Field Name Index must be numeric."}},
+        {{.index = "99999999999"}, {"The Field Name Index must be numeric."}},
+        {{.line = ""}, {"The Line Name and Index field is empty."}},
+        {{.line = "PID(x"}, {"The Line Name or Index field is invalid."}},
+        {{.line = "(1)"}, {"The Line Name is empty."}},
+        {{.line = "PID()"}, {"The Line Name Index is invalid."}},
+        {{.line = " (a)"}, {"The Line Name is empty.", "The Line Name Index is invalid."}},
+        {{.lookup = ""}, {nothing}},
+        {{.position = ""}, {"The Position Field is empty."}},
+        {{.position = "1,5"}, {"The Position Field nust be a number."}},
+        {{.msgIndex = "3000000000"}, {"The Message Index nust be a number."}},
+        {{.length = "", .characterPosition = ""}, {fixed + "length and position were not specified."}},
+        {{.length = "", .characterPosition = "1"}, {fixed + "length was not specified."}},
+        {{.length = "10", .characterPosition = ""}, {fixed + "position was not specified."}},
+        {{.length = "x", .characterPosition = "y"}, {fixed + "length and position are not numeric."}},
+        {{.length = "1e400", .characterPosition = "1"}, {fixed + "length is not a number."}},
+        {{.length = "1", .characterPosition = "y"}, {fixed + "position is not a number."}},
+        {{.name = "", .line = "", .lookup = "", .position = ""},
+         {"The Field name is empty.", "The Line Name and Index field is empty.", nothing,
+          "The Position Field is empty."}},
+        {{.length = "99999999999"}, {fixed + "length is not a number."}},
+    };
+    for (const auto &[field, complaints] : cases) {
         changeField(field);
         expectBoxes({dataChecking("line field", complaints)});
     }
@@ -148,23 +144,21 @@ TEST_P(EntryTest, StoresAFieldWithItsSettings)
     user->click("cmdAdd");
     EXPECT_EQ(user->focused(), "Text2(0)");
     expectBoxes({});
-    ASSERT_EQ(LabLineFldTable.size(), 2);
-    const LabLineFldCfgRecord &made = LabLineFldTable[1];
-    EXPECT_EQ(std::tuple(made.Name, made.NameIndex, made.Line, made.LineIndex, made.id, made.DataType,
-                         made.LookupString),
-              std::tuple("Sex", 0, "PID", 2, -1, "String", "sex"));
-    const auto layout = [] {
+    const auto expectLayout = [](int length, int fixedLength, int padDirection, auto padChar, int position) {
         const LabLineFldCfgRecord &f = LabLineFldTable[1];
-        return std::tuple(f.Length, f.FixedLength, f.PadDirection, f.PadChar, f.FieldPosition);
+        EXPECT_EQ(std::tie(f.Name, f.NameIndex, f.Line, f.LineIndex, f.id, f.DataType, f.LookupString),
+                  std::tuple("Sex", 0, "PID", 2, -1, "String", "sex"));
+        EXPECT_EQ(std::tie(f.Length, f.FixedLength, f.PadDirection, f.PadChar, f.FieldPosition),
+                  std::tuple(length, fixedLength, padDirection, padChar, position));
     };
-    EXPECT_EQ(layout(), std::tuple(10, 1, -1, "0", 21));
+    expectLayout(10, 1, -1, "0", 21);
     user->click("optAlign(0)");
     user->click("optPad(0)");
     user->click("cmdAdd");
-    EXPECT_EQ(layout(), std::tuple(10, 1, 1, " ", 21));
+    expectLayout(10, 1, 1, " ", 21);
     user->click("ckFixedLength");
     user->click("cmdAdd");
-    EXPECT_EQ(layout(), std::tuple(10, 0, 0, "", 0));
+    expectLayout(10, 0, 0, "", 0);
     EXPECT_EQ(user->tree(), QStringList({"3 PID", "  3.1 Set ID", "  3.8 Sex"}));
 }
 

@@ -11,9 +11,8 @@
 namespace varnow::test {
 
 /// A slow server makes a run last longer than a second.
-class ProgressTest : public EditorTest
+struct ProgressTest : EditorTest
 {
-protected:
     ProgressTest()
     {
         for (int i = 1; i <= 40; ++i)
@@ -71,10 +70,9 @@ TEST_P(ProgressTest, StoppedLoadLeavesTheLinesAsTheyAre)
     database.run("UPDATE LabLineConfig SET Name = 'Other'");
     database.server()->setDelay(500); // of each step that leads to the first row
     whenShown = [](QWidget *window) { window->close(); };
-    db::RecordsetPtr recordset;
-    EXPECT_EQ(GetLabLineConfig(recordset), 18);
+    EXPECT_EQ(GetLabLineConfig(result), 18);
     EXPECT_EQ(LabLineTable[0].Name, "L1");
-    EXPECT_EQ(GetAllLabLineFieldsConfig(recordset), 0);
+    EXPECT_EQ(GetAllLabLineFieldsConfig(result), 0);
     expectBoxes({{"There was a problem retrieving the Line Field\r\n"
                   "configuration records.  Return code: 18"}});
 }

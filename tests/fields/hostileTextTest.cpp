@@ -64,9 +64,8 @@ QStringList textsOf(const LabLineFldCfgRecord &field)
             field.FormatString, field.Constant, field.PadChar};
 }
 
-class HostileTexts : public StoreTest
+struct HostileTexts : StoreTest
 {
-protected:
     /// Saves a line and a field for every text, and expects that those in `refused` count as errors.
     void save(const QStringList &texts, const QStringList &refused)
     {

@@ -19,9 +19,8 @@ namespace {
 
 const QString standard = QStringLiteral("Standard");
 
-class SaveOverWire : public StoreTest
+struct SaveOverWire : StoreTest
 {
-protected:
     /// Lines L1 to Ln.
     static void storeLines(int count)
     {

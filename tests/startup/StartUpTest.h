@@ -21,9 +21,8 @@ inline const QStringList nothing{"", "", "", ""};
 
 /// A test of the start on either engine. The database holds the sample rows; the program knows no connection
 /// value yet. Connection values are lists: server, database, user, password.
-class StartUpTest : public StoreTest
+struct StartUpTest : StoreTest
 {
-protected:
     StartUpTest() : StoreTest(true), valid(stored().mid(0, 4))
     {
         for (QString *value : connectionValues())

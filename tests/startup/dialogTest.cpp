@@ -10,10 +10,7 @@ namespace varnow::test {
 
 namespace {
 
-QStringList texts(const Driver &user)
-{
-    return {user.text("Text1(0)"), user.text("Text1(1)"), user.text("Text1(2)"), user.text("Text1(3)")};
-}
+const QStringList allEntries{"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)"};
 
 Action pressIn(const QString &name, int key)
 {
@@ -40,7 +37,7 @@ TEST_P(StartUpTest, DialogAsksForEveryBlankEntryAndStaysOpen)
                 expected += {complaints[i], ui::style::Critical, "ERROR"};
         }
         const Action stillThere = [&](const Driver &user) {
-            EXPECT_EQ(texts(user), entries);
+            EXPECT_EQ(user.texts(allEntries), entries.join(u'|'));
             EXPECT_EQ(setFlags(), "B");
             expectBoxes(expected);
         };
@@ -54,16 +51,16 @@ TEST_P(StartUpTest, DialogAsksForEveryBlankEntryAndStaysOpen)
 // changes another value of the log-in; a dialog that remembers the last entries.
 TEST_P(StartUpTest, DialogStoresTheEntriesAsTypedWhereTheyBelong)
 {
-    const Action isEmpty = [](const Driver &user) { EXPECT_EQ(texts(user), nothing); };
+    const Action isEmpty = [](const Driver &user) { EXPECT_EQ(user.texts(allEntries), "|||"); };
     QStringList others = nothing;
     for (const QString password : {" }{;uid=sa;{\"a\" 'b'", ";database=other;", "  ", ""}) {
         const QStringList typed{' ' + valid[0] + "  ", "  " + valid[1] + ' ', " tester ", password};
-        expectDialog(0, {isEmpty, enter(typed), close}, exact);
-        EXPECT_EQ(stored(), typed + others);
-        EXPECT_EQ(gConnectString, db::GetConfigConnectString());
-        expectDialog(1, {isEmpty, enter(typed), close}, exact);
-        EXPECT_EQ(stored(), typed + typed);
-        EXPECT_EQ(gConnectString, db::GetVelmoraConnectString());
+        for (const int mode : {0, 1}) {
+            expectDialog(mode, {isEmpty, enter(typed), close}, exact);
+            EXPECT_EQ(stored(), typed + (mode == 0 ? others : typed));
+            EXPECT_EQ(gConnectString,
+                      mode == 0 ? db::GetConfigConnectString() : db::GetVelmoraConnectString());
+        }
         EXPECT_EQ(dialog.surface()->findChild<QLineEdit *>("Text1(3)")->text(), "");
         if (TdsServer *server = database.server()) {
             const auto login = server->logins().back();

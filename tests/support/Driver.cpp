@@ -3,14 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTabBar>
 #include <QTest>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace varnow::test {
@@ -32,12 +31,16 @@ QWidget *Driver::control(const QString &name) const
 
 QString Driver::text(const QString &name) const
 {
-    QWidget *found = control(name);
-    if (const auto *edit = qobject_cast<QLineEdit *>(found))
-        return edit->text();
-    if (const auto *box = qobject_cast<QComboBox *>(found))
-        return box->currentText();
-    return qobject_cast<QLabel *>(found)->text();
+    const QWidget *found = control(name);
+    return found->property(found->inherits("QComboBox") ? "currentText" : "text").toString();
+}
+
+QString Driver::texts(const QStringList &names) const
+{
+    QStringList found;
+    for (const QString &name : names)
+        found += text(name);
+    return found.join(u'|');
 }
 
 void Driver::type(const QString &name, const QString &text) const
@@ -48,10 +51,8 @@ void Driver::type(const QString &name, const QString &text) const
     QTest::mouseClick(edit, Qt::LeftButton);
     QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(edit, Qt::Key_Delete);
-    const bool isOnTheKeyboard = text.size() < 100 && std::all_of(text.begin(), text.end(), [](QChar c) {
-                                     return c >= u' ' && c < u'\x7f';
-                                 });
-    if (isOnTheKeyboard)
+    static const QRegularExpression onTheKeyboard("\\A[ -~]*\\z");
+    if (onTheKeyboard.match(text).hasMatch())
         QTest::keyClicks(edit, text);
     else
         edit->insert(text); // as pasting does
@@ -66,10 +67,8 @@ void Driver::fill(std::initializer_list<std::pair<QString, QString>> entries) co
 void Driver::click(const QString &name) const
 {
     QWidget *found = control(name);
-    // The indicator of check boxes and option buttons stands at the left.
-    const bool isPushButton = found->inherits("QPushButton");
-    QTest::mouseClick(found, Qt::LeftButton, {},
-                      isPushButton ? QPoint() : QPoint(found->height() / 2, found->height() / 2));
+    const QPoint indicator(found->height() / 2, found->height() / 2); // of a check box or option button
+    QTest::mouseClick(found, Qt::LeftButton, {}, found->inherits("QPushButton") ? QPoint() : indicator);
 }
 
 void Driver::press(int key, Qt::KeyboardModifiers modifiers) const

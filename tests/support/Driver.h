@@ -25,6 +25,8 @@ public:
 
     /// Text of an entry, a combo box, or a label.
     QString text(const QString &name) const;
+    /// The same for several, joined by "|".
+    QString texts(const QStringList &names) const;
     /// Clicks into an entry or combo box, replaces its text by typing, and stays there.
     void type(const QString &name, const QString &text) const;
     /// The same for several, one after the other: names and texts.

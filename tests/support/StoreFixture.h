@@ -76,12 +76,12 @@ struct StoreFixture
 };
 
 /// The stores on a database of their own, once per engine.
-class StoreTest : public testing::TestWithParam<Engine>, public StoreFixture
+struct StoreTest : testing::TestWithParam<Engine>, StoreFixture
 {
-protected:
     explicit StoreTest(bool sample = false) : database(GetParam(), sample) {}
 
     TestDatabase database;
+    db::RecordsetPtr result; ///< of a load
 };
 
 } // namespace varnow::test

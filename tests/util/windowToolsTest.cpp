@@ -16,9 +16,8 @@
 
 namespace varnow::test {
 
-class WindowTools : public testing::Test
+struct WindowTools : testing::Test
 {
-protected:
     WindowTools()
     {
         for (const char *item : {"Alpha", " beta ", "ALPHABET", "alpha", "\u00c4rger"}) {

@@ -1,3 +1,6 @@
+// The lines in memory, and their way to the database and back.
+
+#include "lines/modLabLineCfgDatabase.h"
 #include "support/StoreFixture.h"
 
 #include <limits>
@@ -14,11 +17,17 @@ Line line(int id, const QString &configuration, const QString &name, int nameInd
     return {id, configuration, name, nameIndex, msgIndex, 0, {}, {}, {}};
 }
 
-class LineTable : public testing::Test, public StoreFixture
+struct LineTable : testing::Test, StoreFixture
+{
+};
+
+struct LinePersistence : StoreTest
 {
 };
 
 } // namespace
+
+ON_EVERY_ENGINE(LinePersistence);
 
 // Fault: a search finding another line, for duplicates, for case and blanks that only one side has,
 // for start indexes and directions. Each case is worked out by hand.
@@ -87,12 +96,58 @@ TEST_F(LineTable, removesAndRenumbers)
 
 TEST_F(LineTable, givesTheNextMessageIndexOfAConfiguration)
 {
+    constexpr int greatest = std::numeric_limits<int>::max();
     EXPECT_EQ(GetNextMsgIndexNumber("S"), 1);
-    LabLineTable.assign({line(1, "S", "A", 1, -5), line(2, "T", "A", 1, 90)});
-    EXPECT_EQ(GetNextMsgIndexNumber("S"), 1);
-    LabLineTable.append(line(3, "S", "B", 1, 7));
-    LabLineTable.append(line(4, "S", "C", 1, 3));
-    EXPECT_EQ(GetNextMsgIndexNumber("S"), 8);
-    LabLineTable.append(line(5, "S", "D", 1, std::numeric_limits<int>::max()));
+    for (const auto &[msgIndex, next] : {std::pair{-5, 1}, {7, 8}, {3, 8}}) {
+        LabLineTable.append(line(0, "S", "A", 1, msgIndex));
+        LabLineTable.append(line(0, "T", "A", 1, 90));
+        EXPECT_EQ(GetNextMsgIndexNumber("S"), next);
+    }
+    LabLineTable.append(line(0, "S", "A", 1, greatest));
     EXPECT_GT(GetNextMsgIndexNumber("S"), 0);
+}
+
+// Faults: Null taken for something else, another order, untrimmed names, spare columns mixed up.
+TEST_P(LinePersistence, loadsEveryColumn)
+{
+    EXPECT_EQ(GetLabLineConfig(result), 0);
+    database.run("INSERT INTO LabLineConfig VALUES "
+                 "(7, 'T ', ' PID ', 2, 1, 5, ' s ', ' t ', '2024-02-29 13:14:15'), "
+                 "(8, 'S', NULL, NULL, NULL, NULL, NULL, NULL, NULL)");
+    EXPECT_EQ(GetLabLineConfig(result), 0);
+    const auto expectLines = [] {
+        ASSERT_EQ(LabLineTable.size(), 2);
+        const auto values = [](const Line &l) {
+            return std::tuple(l.id, l.Configuration, l.Name, l.NameIndex, l.MsgIndex, l.number1, l.string1,
+                              l.text1, l.date1.toString(Qt::ISODate));
+        };
+        EXPECT_EQ(values(LabLineTable[0]), std::tuple(8, "S", "", 0, 0, 0, "", "", "1900-01-01T00:00:00Z"));
+        EXPECT_EQ(values(LabLineTable[1]),
+                  std::tuple(7, "T", "PID", 2, 1, 5, "s", "t", "2024-02-29T13:14:15Z"));
+    };
+    expectLines();
+    database.run("DELETE FROM LabLineConfig");
+    EXPECT_EQ(GetLabLineConfig(result), 0);
+    expectLines(); // a load without rows leaves the table alone, as one that fails does
+    database.run("DROP TABLE LabLineConfig");
+    EXPECT_EQ(GetLabLineConfig(result), -2147217865);
+    expectLines();
+    expectBoxes({});
+}
+
+// Faults: a row found by the id in memory, an id that changes, columns that the program does not own being
+// overwritten, memory changed by the save, a failed look-up taken for a row that is missing.
+TEST_P(LinePersistence, insertsAndUpdatesByKey)
+{
+    database.run("INSERT INTO LabLineConfig VALUES (41, 'Standard', 'PID', 1, 1, 5, 's', 't', '2024-01-01')");
+    storeLine(3, "Standard", "PID", 1, 8);
+    storeLine(41, "Standard", "OBX", -2, -3);
+    EXPECT_EQ(SaveAllLabLineCfg(), 0);
+    EXPECT_EQ(
+        database.run("SELECT * FROM LabLineConfig ORDER BY id"),
+        QStringList({"41|Standard|PID|1|8|5|s|t|2024-01-01", "42|Standard|OBX|-2|-3|NULL|NULL|NULL|NULL"}));
+    EXPECT_EQ(columnOf(LabLineTable, &Line::id), (QList{3, 41}));
+    EXPECT_EQ(LabLineConfigExistsFor("Standard", "OBX", 1), 0);
+    database.run("DROP TABLE LabLineConfig");
+    EXPECT_EQ(LabLineConfigExistsFor("Standard", "OBX", -2), -1);
 }
