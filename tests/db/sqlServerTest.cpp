@@ -72,8 +72,8 @@ TEST_F(SqlServer, NumbersHaveTheirCodes)
     EXPECT_EQ(query(select), 0);
 }
 
-// A log-in that fails with a code of its own, or that waits for ever.
-TEST_F(SqlServer, EveryFailedLogInIsOneCode)
+// A connection that fails with a code of its own or that waits for ever, at the log-in or behind it.
+TEST_F(SqlServer, EveryLostConnectionIsOneCode)
 {
     for (const Fault &fault : {Fault{.number = 18456}, Fault{.number = 4060}, Fault{.kind = Fault::CutOff},
                                Fault{.kind = Fault::CutOff, .bytes = 20}, Fault{.kind = Fault::NoAnswer},
@@ -84,20 +84,12 @@ TEST_F(SqlServer, EveryFailedLogInIsOneCode)
             << fault.kind << fault.number;
     }
     server.clearFaults();
-    server.stop();
-    EXPECT_EQ(query(select), codes::Failure);
-    server.start();
-    EXPECT_EQ(query(select), 0);
-}
-
-// A connection lost on the way to the statement, behind it, or with the server's death in between.
-TEST_F(SqlServer, LostConnection)
-{
     server.failStatements({.kind = Fault::CutOff}, "UPDATE");
     EXPECT_EQ(command(update), codes::Failure);
     const auto lost = connectedCommand(select);
     server.stop();
     EXPECT_EQ(lost(), codes::Failure);
+    EXPECT_EQ(query(select), codes::Failure);
     server.start();
     EXPECT_EQ(query(select), 0);
 }

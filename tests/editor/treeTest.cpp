@@ -2,9 +2,7 @@
 
 namespace varnow::test {
 
-struct TreeTest : EditorTest
-{
-};
+using TreeTest = EditorTest;
 
 TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
 {

@@ -21,9 +21,7 @@ struct LineTable : testing::Test, StoreFixture
 {
 };
 
-struct LinePersistence : StoreTest
-{
-};
+using LinePersistence = StoreTest;
 
 } // namespace
 

@@ -168,20 +168,6 @@ std::optional<Fault> TdsServer::faultFor(const QString &statement)
     return found;
 }
 
-std::vector<Login> TdsServer::logins()
-{
-    std::vector<Login> copy;
-    inThread([&] { copy = m_logins; });
-    return copy;
-}
-
-QStringList TdsServer::statements()
-{
-    QStringList copy;
-    inThread([&] { copy = m_statements; });
-    return copy;
-}
-
 void TdsServer::waitUntilLeft()
 {
     const QDeadlineTimer deadline(10'000);

@@ -45,8 +45,8 @@ public:
     void start();
 
     /// What arrived so far: log-ins, and the statements other than the options that a driver sets.
-    std::vector<Login> logins();
-    QStringList statements();
+    std::vector<Login> logins() { return copyOf(m_logins); }
+    QStringList statements() { return copyOf(m_statements); }
     /// Waits until no client is connected, but not for ever on one that stays.
     void waitUntilLeft();
 
@@ -88,6 +88,12 @@ private:
     };
 
     void inThread(const std::function<void()> &work);
+    template <class Value> Value copyOf(const Value &value)
+    {
+        Value copy;
+        inThread([&] { copy = value; });
+        return copy;
+    }
     void die();
     std::optional<Fault> faultFor(const QString &statement);
 
