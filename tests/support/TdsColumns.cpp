@@ -10,10 +10,32 @@
 #include <cmath>
 #include <limits>
 #include <sqlite3.h>
+#include <vector>
 
 namespace varnow::test::tds {
 
 namespace {
+
+/// A column's type as the wire knows it.
+struct ColumnType
+{
+    enum class Kind : quint8 { // the type bytes of the protocol, all of the forms that can be Null
+        Integer = 0x26,
+        Float = 0x6D,
+        Decimal = 0x6C,
+        DateTime = 0x6F,
+        Text = 0x23,
+        NText = 0x63,
+        VarChar = 0xA7,
+        Char = 0xAF,
+        NVarChar = 0xE7
+    };
+
+    Kind kind = Kind::Integer;
+    int size = 4; ///< in bytes
+    int precision = 0;
+    int scale = 0;
+};
 
 using Kind = ColumnType::Kind;
 
@@ -27,6 +49,7 @@ bool hasText(const ColumnType &type)
     return isLong(type) || type.kind >= Kind::VarChar;
 }
 
+/// The type of a column as its table declares it, else a whole number.
 ColumnType typeOf(const QString &declared)
 {
     static const QHash<QString, ColumnType> plain = {
@@ -124,7 +147,7 @@ void putValue(QByteArray &out, const ColumnType &type, sqlite3_stmt *row, int co
 
 } // namespace
 
-std::vector<ColumnType> putColumns(QByteArray &out, sqlite3_stmt *result)
+qint64 putResult(QByteArray &out, sqlite3_stmt *result, int &step)
 {
     std::vector<ColumnType> types;
     const int count = sqlite3_column_count(result);
@@ -134,15 +157,14 @@ std::vector<ColumnType> putColumns(QByteArray &out, sqlite3_stmt *result)
         types.push_back(typeOf(QString::fromUtf8(sqlite3_column_decltype(result, i)).toLower()));
         putColumn(out, types.back(), QString::fromUtf8(sqlite3_column_name(result, i)));
     }
-    return types;
-}
-
-void putRow(QByteArray &out, const std::vector<ColumnType> &types, sqlite3_stmt *result)
-{
-    put(out, quint8{0xD1});
-    int column = 0;
-    for (const ColumnType &type : types)
-        putValue(out, type, result, column++);
+    qint64 rows = 0;
+    for (; step == SQLITE_ROW; step = sqlite3_step(result), ++rows) {
+        put(out, quint8{0xD1});
+        int column = 0;
+        for (const ColumnType &type : types)
+            putValue(out, type, result, column++);
+    }
+    return rows;
 }
 
 } // namespace varnow::test::tds

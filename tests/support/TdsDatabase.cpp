@@ -92,12 +92,8 @@ QByteArray Database::runStatement(const char *&sql)
 
     QByteArray answer;
     int step = sqlite3_step(raw);
-    if (sqlite3_column_count(raw) == 0)
-        return step == SQLITE_DONE ? doneToken(DoneMore | DoneCount, sqlite3_changes(m_file)) : errorAnswer();
-    const auto types = putColumns(answer, raw);
-    qint64 rows = 0;
-    for (; step == SQLITE_ROW; step = sqlite3_step(raw), ++rows)
-        putRow(answer, types, raw);
+    const qint64 rows =
+        sqlite3_column_count(raw) > 0 ? putResult(answer, raw, step) : sqlite3_changes(m_file);
     return step == SQLITE_DONE ? answer + doneToken(DoneMore | DoneCount, rows) : errorAnswer();
 }
 
