@@ -33,7 +33,13 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {
-        followText();
+        switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            followText(); // with no other key, for it takes the selection and the undo history away
+        }
         QComboBox::keyPressEvent(event);
     }
 

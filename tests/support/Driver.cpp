@@ -49,11 +49,11 @@ void Driver::type(const QString &name, const QString &text) const
     auto *box = qobject_cast<QComboBox *>(found);
     auto *edit = box != nullptr ? box->lineEdit() : qobject_cast<QLineEdit *>(found);
     QTest::mouseClick(edit, Qt::LeftButton);
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(edit, Qt::Key_Delete);
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
     static const QRegularExpression onTheKeyboard("\\A[ -~]*\\z");
     if (onTheKeyboard.match(text).hasMatch())
-        QTest::keyClicks(edit, text);
+        QTest::keyClicks(QApplication::focusWidget(), text); // the box of a combo box has the focus itself
     else
         edit->insert(text); // as pasting does
 }

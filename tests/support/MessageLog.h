@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 
+#include <gtest/gtest.h>
+
 namespace varnow::test {
 
 /// One message box as the user would have seen it.
@@ -21,15 +23,28 @@ struct Box
 
 using Boxes = QList<Box>;
 
-void PrintTo(const Box &box, std::ostream *out);
+inline void PrintTo(const Box &box, std::ostream *out)
+{
+    *out << "[" << qPrintable(box.title) << ", style " << box.style << "] " << qPrintable(box.prompt);
+}
 
 /// Records every message box while it lives, and answers in place of the user: questions as told, the rest
 /// with OK. A question without an answer told fails the test.
 class MessageLog
 {
 public:
-    MessageLog();
-    ~MessageLog();
+    MessageLog()
+        : m_before(ui::setMessageBoxHandler([this](const QString &prompt, int style, const QString &title) {
+            return show({prompt, style, title});
+        }))
+    {
+    }
+
+    ~MessageLog()
+    {
+        EXPECT_TRUE(m_answers.empty()) << "A question that the test expects was not asked.";
+        ui::setMessageBoxHandler(m_before);
+    }
 
     /// Answers the next question that has no answer yet.
     void answerWith(int answer) { m_answers += answer; }
@@ -38,7 +53,17 @@ public:
     Boxes take() { return std::exchange(m_boxes, {}); }
 
 private:
-    int show(const Box &box);
+    int show(const Box &box)
+    {
+        m_boxes += box;
+        constexpr int buttons = 15;
+        if ((box.style & buttons) == ui::style::OkOnly)
+            return ui::answer::Ok;
+        if (!m_answers.empty())
+            return m_answers.takeFirst();
+        ADD_FAILURE() << "Unexpected question: " << testing::PrintToString(box);
+        return ui::answer::Cancel;
+    }
 
     Boxes m_boxes;
     QList<int> m_answers;
