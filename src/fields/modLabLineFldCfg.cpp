@@ -119,7 +119,7 @@ int storeField(LabLineFldCfgRecord field)
 
 int retrieveFields(db::RecordsetPtr &recordset)
 {
-    const Progress progress("Reading the fields");
+    Progress progress("Reading the fields");
     return db::RetrieveRecordset(db::GetConfigConnectString(), selectFields, recordset);
 }
 

@@ -108,7 +108,7 @@ bool isComplete(const Field &field)
 
 int SaveAllLabLineData()
 {
-    const Progress whole("Saving"); // stopping one of the runs stops those that follow
+    Progress whole("Saving"); // stopping one of the runs stops those that follow
     DeleteRemovedLabLineConfigFromDatabase();
     if (const int code = SaveAllLabLineCfg())
         return code;
@@ -144,7 +144,7 @@ int SaveAllLabLineFldsCfg()
 int DeleteRemovedLabLineFieldsFromDatabase()
 {
     const auto remove = [] {
-        deleteAll(RemovedLabLineFldTable,
+        deleteAll(RemovedLabLineFldTable, LabLineFldTable,
                   {"Deleting the removed fields", "DeleteRemovedLabLineFieldsFromDatabase Complete"},
                   [](const Field &field) { return DeleteLabLineFlds(field.id); });
         return 0;

@@ -83,7 +83,7 @@ int findLine(const QString &configuration, const QString &name, int nameIndex, i
 int GetLabLineConfig(db::RecordsetPtr &recordset)
 {
     const auto load = [&] {
-        const Progress progress("Reading the lines");
+        Progress progress("Reading the lines");
         if (const int code = db::RetrieveRecordset(db::GetConfigConnectString(), selectLines, recordset))
             return code;
         const int count = recordset->recordCount();

@@ -48,7 +48,7 @@ int DeleteRemovedLabLineConfigFromDatabase()
 {
     const auto remove = [] {
         deleteAll(
-            RemovedLabLineTable,
+            RemovedLabLineTable, LabLineTable,
             {"Deleting the removed lines", "DeleteRemovedLabLineConfigFromDatabase Complete"},
             [](const LabLineConfigRecord &line) { return line.id > -1 ? DeleteLabLineConfig(line.id) : 0; });
         return 0;

@@ -1,9 +1,14 @@
 #pragma once
 
+#include "lines/RecordTable.h"
 #include "util/modMsgbox.h"
 #include "util/modProgress.h"
 
+#include <QSet>
 #include <QString>
+
+#include <utility>
+#include <vector>
 
 // The runs over all records that both stores share: saving, deleting, learning identifiers.
 
@@ -40,19 +45,27 @@ template <class Records, class Step> int runOver(Records &records, const RunText
     return errorCount;
 }
 
-/// The deletion run: does nothing without records, and forgets them when all went well. Otherwise all stay
-/// for the next run, but a deleted row's identifier is forgotten at once, for another row may get it
-/// meanwhile.
-template <class Records, class Step> void deleteAll(Records &removed, const RunTexts &texts, Step step)
+/// The deletion run: does nothing without removed records, and forgets them when all went well. Otherwise
+/// all stay for the next run. A deleted row's identifier is forgotten at once, by the removed record and by
+/// one that a reload has put back into the table, for another row may get it next.
+template <class Record, class Step>
+void deleteAll(std::vector<Record> &removed, RecordTable<Record> &table, const RunTexts &texts, Step step)
 {
-    const auto forgetId = [&](auto &record) {
+    if (removed.empty())
+        return;
+    QSet<int> deleted;
+    const auto deleteOne = [&](Record &record) {
         const int result = step(record);
         if (result == 0)
-            record.id = -1;
+            deleted.insert(std::exchange(record.id, -1));
         return result;
     };
-    if (!removed.empty() && runOver(removed, texts, forgetId) == 0)
+    if (runOver(removed, texts, deleteOne) == 0)
         removed.clear();
+    table.changeEach([&](Record &record) {
+        if (deleted.contains(record.id))
+            record.id = -1;
+    });
 }
 
 /// The save run: without records it only says so.

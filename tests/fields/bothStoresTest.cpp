@@ -87,6 +87,21 @@ TEST_P(BothStores, learnTheIdentifiersOfSavedRecords)
     expectRows({"2", "3"}, {"2", "3"});
 }
 
+// Fault: a record that was removed and came back by a reload keeps the identifier of its deleted row, and its
+// next removal deletes the row that has got it meanwhile.
+TEST_P(BothStores, forgetTheIdentifiersOfDeletedRows)
+{
+    storeBoth(2, "A", 1);
+    storeBoth(1, "B", 2);
+    RemovedLabLineTable.assign(LabLineTable.begin(), LabLineTable.end());
+    RemovedLabLineFldTable.assign(LabLineFldTable.begin(), LabLineFldTable.end());
+    EXPECT_EQ(SaveAllLabLineData(), 0);
+    messages.take();
+    AdoptLabLineDataIds();
+    EXPECT_EQ(columnOf(LabLineTable, &LabLineConfigRecord::id), (QList{1, 2}));
+    EXPECT_EQ(columnOf(LabLineFldTable, &LabLineFldCfgRecord::id), (QList{1, 2}));
+}
+
 // Faults: an error outside the statements that ends in silence or in an exception, fields saved although the
 // lines could not be.
 TEST_P(BothStores, reportUnexpectedFailures)
