@@ -96,6 +96,7 @@ TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
     expectBoxes({summary(linesDeleted, 0, 1), summary(linesSaved, 0, 3), summary(fieldsDeleted, 0, 1),
                  summary(fieldsSaved, 0, 2)});
     removeWith(ui::answer::Yes);
+    EXPECT_TRUE(leavingAsks());
     user->click("cmdSave");
     EXPECT_EQ(database.run("SELECT Name, NameIndex, MsgIndex FROM LabLineConfig ORDER BY MsgIndex"),
               QStringList({"PID|0|1", "OBX|1|2"}));

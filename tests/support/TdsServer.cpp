@@ -86,10 +86,11 @@ private:
     void send(const QByteArray &tokens)
     {
         QTimer::singleShot(m_server.m_delay, Qt::PreciseTimer, this, [this, tokens] {
-            const int piece = m_server.m_pieces;
-            const QByteArray bytes = packets(tokens, piece ? piece : packetPayload);
-            for (qsizetype sent = 0; sent < bytes.size();) {
-                sent += m_socket.write(bytes.mid(sent, piece ? piece : -1));
+            const int pieces = m_server.m_pieces;
+            const QByteArray bytes = packets(tokens, pieces ? pieces : packetPayload);
+            const qsizetype piece = pieces ? pieces : bytes.size();
+            for (qsizetype at = 0; at < bytes.size(); at += piece) {
+                m_socket.write(bytes.mid(at, piece));
                 m_socket.flush();
                 QThread::yieldCurrentThread(); // lets the client see the piece before the next one joins it
             }
