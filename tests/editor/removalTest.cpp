@@ -51,11 +51,13 @@ TEST_P(RemovalTest, RemovesALineAndRenumbersTheRest)
 TEST_P(RemovalTest, RefusesALineThatHasFields)
 {
     const Box noSuchLine{notRemoved.arg("line")};
-    const std::pair<QString, Box> refusals[] = {
-        {"1", hasFields}, {"0", hasFields}, // index 0 owns the fields of every index
-        {"", hasFields},  {"x", hasFields}, {"2", noSuchLine}, {"99999999999", noSuchLine}};
-    for (const auto &[typedIndex, refusal] : refusals) {
-        user->fill({{"Text1(0)", "OBX"}, {"Text1(1)", typedIndex}});
+    const std::tuple<QString, QString, Box> refusals[] = {
+        {"OBX", "1", hasFields},  {"OBX", "0", hasFields}, // index 0 owns the fields of every index
+        {"OBX", "", hasFields},   {"OBX", "x", hasFields},
+        {"OBX", "2", noSuchLine}, {"OBX", "99999999999", noSuchLine},
+        {"MSH", "1", noSuchLine}};
+    for (const auto &[name, typedIndex, refusal] : refusals) {
+        user->fill({{"Text1(0)", name}, {"Text1(1)", typedIndex}});
         removeWith(ui::answer::Yes);
         expectBoxes({confirmLine, refusal});
     }
