@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace varnow::test {
 
 /// One message box as the user would have seen it.
