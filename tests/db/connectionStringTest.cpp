@@ -3,6 +3,7 @@
 #include "db/ConfigADOUtilities.h"
 #include "db/errorCodes.h"
 #include "startup/modGlobals.h"
+#include "support/TestDatabase.h"
 #include "support/errorOf.h"
 
 #include <gtest/gtest.h>
@@ -27,8 +28,8 @@ TEST(ConnectionString, IsBuiltFromTheGlobalValues)
     }
     gVelmoraServer = "v", gVelmoraUser = "u", gVelmoraPassword = "p;=", gVelmoraDatabase = "d";
     EXPECT_EQ(GetVelmoraConnectString(), "Provider=sqloledb;server=v;uid=u;pwd=p;=;database=d");
-    gCfgServer = gCfgUser = gCfgDatabase = QString();
-    gVelmoraServer = gVelmoraUser = gVelmoraPassword = gVelmoraDatabase = QString();
+    for (QString *value : test::connectionValues())
+        value->clear();
 }
 
 TEST(ConnectionString, ComesApartWhereThePasswordLooksLikeKeys)

@@ -195,7 +195,8 @@ TEST_F(SqlServer, ConnectionValuesArriveAsTyped)
 TEST_F(SqlServer, ConnectionValuesThatCannotArriveSendNothing)
 {
     const QString port = gCfgServer.section(',', 1);
-    QList<std::pair<QString *, QString>> refused{{&gCfgUser, QChar(0xD800)}};
+    QList<std::pair<QString *, QString>> refused{{&gCfgUser, QChar(0xD800)},
+                                                 {&gCfgServer, "{127.0.0.1}," + port}};
     for (const QString value : {"};APP={sa", "x};SERVER=127.0.0.1", "a}DRIVER=x", "a}\nDsn={x"})
         for (QString *target : {&gCfgUser, &gCfgPassword, &gCfgDatabase})
             refused += {target, value};

@@ -47,6 +47,7 @@ public:
         EXPECT_TRUE(m_answers.empty()) << "A question that the test expects was not asked.";
         ui::setMessageBoxHandler(m_before);
     }
+    Q_DISABLE_COPY(MessageLog)
 
     /// Answers the next question that has no answer yet.
     void answerWith(int answer) { m_answers += answer; }
