@@ -1,8 +1,7 @@
 #include "BenchDatabase.h"
 
-#include "fields/modLabLineFldCfg.h"
-#include "lines/modLabLineCfg.h"
-#include "startup/modGlobals.h"
+#include "editor/RunWindow.h"
+#include "storage/load.h"
 
 #include <QFile>
 
@@ -59,30 +58,16 @@ BenchDatabase::BenchDatabase(Size size)
         std::abort();
     }
     sqlite3_close(connection);
-    use();
 }
 
-BenchDatabase::~BenchDatabase()
+void load(const db::ConnectionSettings &settings, Model &model)
 {
-    emptyStores();
-}
-
-void BenchDatabase::use() const
-{
-    emptyStores();
-    gMsgTitle = QStringLiteral("Configuration");
-    gCfgServer = gVelmoraServer = QStringLiteral("(sqlite)");
-    gCfgDatabase = gVelmoraDatabase = file();
-    gCfgUser = gVelmoraUser = QStringLiteral("admin");
-    gCfgPassword = gVelmoraPassword = QString();
-}
-
-void emptyStores()
-{
-    LabLineTable.clear();
-    RemovedLabLineTable.clear();
-    LabLineFldTable.clear();
-    RemovedLabLineFldTable.clear();
+    RunWindow run;
+    const int result = loadAll(settings, model, run);
+    if (result != 0 || model.fields.isEmpty()) {
+        qCritical("loading failed with %d", result);
+        std::abort();
+    }
 }
 
 double heapInUse()

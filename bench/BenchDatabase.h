@@ -1,5 +1,8 @@
 #pragma once
 
+#include "db/ConnectionSettings.h"
+#include "model/Model.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -21,18 +24,17 @@ class BenchDatabase
 {
 public:
     explicit BenchDatabase(Size size);
-    ~BenchDatabase();
 
     QString file() const { return m_folder.filePath(QStringLiteral("tables.db")); }
-    /// Lets the program's global state lead to this database, and empties the stores.
-    void use() const;
+    /// What leads the program to it.
+    db::ConnectionSettings settings() const { return {QStringLiteral("(sqlite)"), file(), "admin", {}}; }
 
 private:
     QTemporaryDir m_folder;
 };
 
-/// Forgets every record in memory.
-void emptyStores();
+/// Loads all records as the editor does. Ends the program on an error.
+void load(const db::ConnectionSettings &settings, Model &model);
 
 /// Heap in use, in bytes.
 double heapInUse();

@@ -1,7 +1,7 @@
 #include "bareOdbc.h"
 
-#include "db/ConfigADOUtilities.h"
-#include "db/connectionString.h"
+#include "db/Connection.h"
+#include "db/odbcConnectionString.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -53,12 +53,11 @@ void fetchEverything(SQLHSTMT statement)
 
 } // namespace
 
-std::string odbcConnectionString()
+std::string odbcConnectionString(const db::ConnectionSettings &settings)
 {
-    const auto values = db::parseConnectionString(db::GetConfigConnectString() + ";App=varnow");
-    const QString text = values.dialect() == db::Dialect::Sqlite
-                             ? db::sqliteConnectionString(values, db::connectionTimeout)
-                             : db::sqlServerConnectionString(values, QStringLiteral("FreeTDS"));
+    const QString text = settings.dialect() == db::Dialect::Sqlite
+                             ? db::sqliteConnectionString(settings, db::connectionTimeout)
+                             : db::sqlServerConnectionString(settings, QStringLiteral("FreeTDS"));
     return text.toStdString();
 }
 

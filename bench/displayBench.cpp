@@ -5,8 +5,7 @@
 #include "secondsUntilShown.h"
 #include "support/Driver.h"
 
-#include "display/frmTest.h"
-#include "fields/modLabLineFldCfg.h"
+#include "listing/ListingWindow.h"
 
 #include <QFile>
 #include <QWidget>
@@ -31,10 +30,11 @@ double residentBytes()
 template <class Measure> void display(benchmark::State &state, double allowance, Measure measure)
 {
     const BenchDatabase database(size);
-    LoadAllLabLineData();
-    frmTest window;
+    Model model;
+    load(database.settings(), model);
+    ListingWindow window(model);
     const test::Driver user(window);
-    const auto list = [&] { return secondsUntilShown([&] { user.click("cmdFields"); }); };
+    const auto list = [&] { return secondsUntilShown([&] { user.click("fields"); }); };
     sideBySide(
         state, 1, [&] { return measure(list); }, [&] { return allowance; });
     window.surface()->hide();

@@ -6,12 +6,14 @@
 #include "sideBySide.h"
 #include "support/Driver.h"
 
-#include "editor/frmLinesConfig.h"
-#include "startup/modGlobals.h"
+#include "db/Connection.h"
+#include "editor/EditorWindow.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QTreeWidget>
+
+#include <cstdlib>
 
 namespace varnow::bench {
 
@@ -20,16 +22,28 @@ namespace {
 constexpr Size oneConfiguration{1, 1000, 20};
 constexpr Size manyConfigurations{20, 500, 10};
 
+/// The editor's own tree, the one that its buttons rebuild. A second one on the same records would take turns
+/// with it in the caches, which hides a part of what a button costs beside the rebuild.
+RecordTree &treeOf(const ui::Window &window)
+{
+    for (ui::Control *control : window.controls())
+        if (auto *tree = dynamic_cast<RecordTree *>(control))
+            return *tree;
+    std::abort();
+}
+
 /// The editor, open on a configuration of a database.
 class OpenEditor
 {
 public:
-    explicit OpenEditor(Size size) : m_database(size), m_user((catalogue(), m_editor)) {}
+    explicit OpenEditor(Size size) : m_database(size) {}
     ~OpenEditor() { m_editor.surface()->hide(); }
+
+    const Session &session() const { return m_session; }
 
     double rebuild()
     {
-        return secondsUntilShown([this] { m_editor.RebuildTree(); });
+        return secondsUntilShown([this] { m_tree.rebuild(m_session.defaultConfiguration); });
     }
 
     double click(const char *button)
@@ -52,35 +66,26 @@ public:
     void typeNewLine()
     {
         m_user.showPage(0);
-        m_user.type("Text1(0)", "Comment");
-        m_user.type("Text1(1)", "1");
-        m_user.type("Text1(2)", "1001");
+        m_user.fill({{"lineName", "Comment"}, {"lineIndex", "1"}, {"lineMessageIndex", "1001"}});
     }
 
     /// Types a field that does not exist yet, the last one of a line in the middle.
     void typeNewField()
     {
         m_user.showPage(1);
-        m_user.type("Text2(0)", "Comment");
-        m_user.type("Text2(1)", "1");
-        m_user.type("Combo2(0)", "Segment 300(0)");
-        m_user.type("Text2(2)", "300");
-        m_user.type("Text2(4)", "constant");
-        m_user.type("Text2(5)", "99");
+        m_user.fill({{"fieldName", "Comment"}, {"fieldIndex", "1"}, {"fieldLine", "Segment 300(0)"}});
+        m_user.fill({{"fieldMessageIndex", "300"}, {"constant", "constant"}, {"position", "99"}});
     }
 
-    const QTreeWidget &tree() const { return *m_user.treeWidget(); }
+    const QTreeWidget &treeWidget() const { return *m_user.treeWidget(); }
 
 private:
-    static void catalogue()
-    {
-        gConfigNames = QStringList{QStringLiteral("Configuration 1")};
-        gDefaultConfigName = gConfigNames.first();
-    }
-
     BenchDatabase m_database;
-    frmLinesConfig m_editor;
-    test::Driver m_user;
+    Session m_session{m_database.settings(), m_database.settings(), {"Configuration 1"}, "Configuration 1"};
+    Model m_model;
+    EditorWindow m_editor{m_session, m_model};
+    RecordTree &m_tree = treeOf(m_editor);
+    test::Driver m_user{m_editor};
 };
 
 /// A line of a tree with its fields.
@@ -120,11 +125,11 @@ void fill(QTreeWidget &tree, const std::vector<Branch> &branches)
 void rebuildBesideBareTree(benchmark::State &state)
 {
     OpenEditor editor(oneConfiguration);
-    const std::vector<Branch> branches = branchesOf(editor.tree());
+    const std::vector<Branch> branches = branchesOf(editor.treeWidget());
     QTreeWidget bare;
     bare.setHeaderHidden(true);
     bare.setUniformRowHeights(true);
-    bare.resize(editor.tree().size());
+    bare.resize(editor.treeWidget().size());
     bare.show();
     sideBySide(
         state, 1.5, [&] { return editor.rebuild(); },
@@ -134,18 +139,14 @@ void rebuildBesideBareTree(benchmark::State &state)
 void switchBesideRebuildAndQuery(benchmark::State &state)
 {
     OpenEditor editor(oneConfiguration);
-    const auto query = [] {
-        db::RecordsetPtr names;
-        db::RetrieveRecordset(db::GetConfigConnectString(),
-                              QStringLiteral("SELECT config_name, field_name "
-                                             "FROM data_extractor_fields_config WHERE "
-                                             "LTRIM(RTRIM(config_name)) = 'Configuration 1' "
-                                             "ORDER BY field_name;"),
-                              names);
+    const auto query = [&] {
+        db::executeOnce(editor.session().configurationDatabase,
+                        "SELECT config_name, field_name FROM data_extractor_fields_config WHERE "
+                        "LTRIM(RTRIM(config_name)) = 'Configuration 1' ORDER BY field_name;");
     };
     // A refresh switches to no configuration, which does nothing, and then to the first.
     sideBySide(
-        state, 1.2, [&] { return editor.click("cmdRefresh"); },
+        state, 1.2, [&] { return editor.click("refresh"); },
         [&] { return editor.rebuild() + seconds(query); });
 }
 
@@ -156,8 +157,8 @@ void entryBesideRebuild(benchmark::State &state, Size size, void (OpenEditor::*t
     OpenEditor editor(size);
     (editor.*type)();
     const auto addAndRemove = [&] {
-        const double change = editor.click("cmdAdd");
-        const double remove = editor.click("cmdDelete");
+        const double change = editor.click("change");
+        const double remove = editor.click("delete");
         return measuresChange ? change : remove;
     };
     sideBySide(state, atMost, addAndRemove, [&] { return editor.rebuild(); });

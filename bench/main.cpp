@@ -1,11 +1,10 @@
+#include "OffscreenPlatform.h"
 #include "rows.h"
 
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QtGlobal>
 
 #include <cstdio>
 
@@ -53,14 +52,14 @@ private:
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
+    const varnow::bench::OffscreenPlatform platform;
     const varnow::ui::Application application(argc, argv);
-    varnow::ui::setMessageBoxHandler([](const QString &, int style, const QString &) {
-        const bool isQuestion = (style & varnow::ui::style::YesNo) != 0;
-        return isQuestion ? varnow::ui::answer::Yes : varnow::ui::answer::Ok;
+    varnow::ui::setMessageBoxHandler([](const varnow::ui::MessageBox &box) {
+        const bool isQuestion = box.buttons == varnow::ui::Buttons::YesNo;
+        return isQuestion ? varnow::ui::Answer::Yes : varnow::ui::Answer::Ok;
     });
     varnow::bench::addStoreRows();
     varnow::bench::addEditorRows();

@@ -5,7 +5,7 @@
 #include "rows.h"
 #include "sideBySide.h"
 
-#include "fields/modLabLineFldCfg.h"
+#include "storage/statements.h"
 
 #include <algorithm>
 #include <random>
@@ -17,44 +17,39 @@ namespace {
 constexpr Size large{20, 500, 10};
 constexpr Size small{20, 50, 10};
 
-double load()
+// The records of one measurement stay until right before the next. Freed earlier, their memory would go to
+// the floor or back to the system, and getting it anew would count as loading.
+
+double secondsToLoad(const BenchDatabase &database, Model &model)
 {
-    emptyStores();
-    return seconds([] { LoadAllLabLineData(); });
+    model = Model();
+    return seconds([&] { load(database.settings(), model); });
 }
 
 void loadBesideBareFetch(benchmark::State &state)
 {
     const BenchDatabase database(large);
-    const std::string connection = odbcConnectionString();
+    Model model;
+    const std::string connection = odbcConnectionString(database.settings());
     const auto bareFetch = [&] {
-        return seconds([&] {
-            runBare(connection,
-                    "SELECT id, Configuration, Name, NameIndex, MsgIndex, number1, string1, text1, date1 "
-                    "FROM LabLineConfig ORDER BY Configuration, MsgIndex;");
-            runBare(connection,
-                    "SELECT id, Configuration, Name, NameIndex, Line, LineIndex, MsgIndex, Position, Length, "
-                    "DataType, LookupString, FormatString, Constant, ValidationString, FixedLength, PadChar, "
-                    "PadDirection FROM LabLineFieldConfig ORDER BY MsgIndex, Position;");
-        });
+        runBare(connection, selectAllRows<Line>().toStdString());
+        runBare(connection, selectAllRows<Field>().toStdString());
     };
-    sideBySide(state, 1.5, load, bareFetch);
+    sideBySide(
+        state, 1.5, [&] { return secondsToLoad(database, model); }, [&] { return seconds(bareFetch); });
 }
 
 void loadBesideTenth(benchmark::State &state)
 {
     const BenchDatabase tenth(small);
     const BenchDatabase whole(large);
-    const auto loadFrom = [](const BenchDatabase &database) {
-        database.use();
-        return load();
-    };
+    Model model;
     sideBySide(
-        state, 12, [&] { return loadFrom(whole); }, [&] { return loadFrom(tenth); });
+        state, 12, [&] { return secondsToLoad(whole, model); }, [&] { return secondsToLoad(tenth, model); });
 }
 
-/// Stores that many new fields of one configuration, in random order of their places.
-double storeFields(int count)
+/// Stores that many new fields of one configuration into the emptied table, in random order of their places.
+double secondsToStore(FieldTable &fields, int count)
 {
     std::vector<int> places(static_cast<std::size_t>(count));
     std::ranges::generate(places, [place = 0]() mutable { return place++; });
@@ -62,35 +57,42 @@ double storeFields(int count)
     std::vector<QString> names;
     for (const int place : places)
         names.push_back(QStringLiteral("Observation Value %1").arg(place));
-    emptyStores();
-    QString configuration = QStringLiteral("Standard");
+    Field field;
+    field.id = -1;
+    field.configuration = "Standard";
+    field.line = "OBX";
+    field.dataType = "String";
+    fields.clear();
     return seconds([&] {
-        for (std::size_t i = 0; i < places.size(); ++i)
-            StoreDataInLabLineFldCfgArray(configuration, names[i], QStringLiteral("OBX"), places[i] % 20 + 1,
-                                          places[i] / 20 + 1, 0, 0, -1, 0, QStringLiteral("String"), names[i],
-                                          QString(), QString(), 0, QString(), 0, 0);
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            field.name = field.lookup = names[i];
+            field.messageIndex = places[i] / 20 + 1;
+            field.position = places[i] % 20 + 1;
+            fields.store(field);
+        }
     });
 }
 
 void storeBesideTenth(benchmark::State &state)
 {
+    FieldTable fields;
     sideBySide(
-        state, 13, [] { return storeFields(100'000); }, [] { return storeFields(10'000); });
-    emptyStores();
+        state, 13, [&] { return secondsToStore(fields, 100'000); },
+        [&] { return secondsToStore(fields, 10'000); });
 }
 
 void memoryPerField(benchmark::State &state)
 {
     const BenchDatabase database(large);
-    const auto load = [] {
-        emptyStores();
+    Model model;
+    load(database.settings(), model);
+    const auto bytesPerField = [&] {
+        model.fields.clear(); // the lines stay, so that only the fields count
         const double before = heapInUse();
-        auto rows = std::make_shared<db::Recordset>();
-        GetAllLabLineFieldsConfig(rows);
-        rows.reset();
+        load(database.settings(), model);
         return (heapInUse() - before) / large.fields();
     };
-    sideBySide(state, 1, load, [] { return 1024.0; });
+    sideBySide(state, 1, bytesPerField, [] { return 1024.0; });
 }
 
 } // namespace

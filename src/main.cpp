@@ -1,6 +1,6 @@
-#include "startup/Main.h"
+#include "app/start.h"
 
 int main(int argc, char **argv)
 {
-    return varnow::Main(argc, argv);
+    return varnow::runProgram(argc, argv);
 }

@@ -9,14 +9,14 @@ QString standardDescription(int number)
     switch (number) {
     case errors::Overflow:
         return QStringLiteral("Overflow");
+    case errors::OutOfMemory:
+        return QStringLiteral("Out of memory");
     case errors::SubscriptOutOfRange:
         return QStringLiteral("Subscript out of range");
     case errors::TypeMismatch:
         return QStringLiteral("Type mismatch");
     case errors::UserInterrupt:
         return QStringLiteral("User interrupt occurred");
-    case errors::NoObject:
-        return QStringLiteral("Object variable not set");
     case errors::InvalidUseOfNull:
         return QStringLiteral("Invalid use of Null");
     case errors::NoCurrentRow:
@@ -27,12 +27,6 @@ QString standardDescription(int number)
         return QStringLiteral("The result set is closed");
     case errors::ElementNotFound:
         return QStringLiteral("Element not found");
-    case errors::LineNotFound:
-        return QStringLiteral("The line was not found");
-    case errors::FieldNotSaved:
-        return QStringLiteral("The field could not be saved");
-    case errors::LineNotSaved:
-        return QStringLiteral("The line could not be saved");
     default:
         return QStringLiteral("Error %1").arg(number);
     }

@@ -1,25 +1,25 @@
 #include "db/Connection.h"
 
-#include "db/connectionString.h"
-#include "db/errorCodes.h"
+#include "base/RuntimeError.h"
+#include "db/codes.h"
 #include "db/odbc.h"
+#include "db/odbcConnectionString.h"
 
 #include <sql.h>
 #include <sqlext.h>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace varnow::db {
 
 namespace {
 
-constexpr int longestWait = 30; // for a statement, in seconds
-
 /// An integer travels to ODBC in the place of a pointer.
 SQLPOINTER asPointer(int number)
 {
-    return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(number));
+    return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(number)); // NOLINT(performance-no-int-to-ptr)
 }
 
 SQLWCHAR *utf16(const QString &text)
@@ -37,20 +37,28 @@ SQLCHAR *utf8(QByteArray &text)
 
 SQLRETURN connect(const Handle &connection, const QString &text, Dialect dialect)
 {
-    if (dialect == Dialect::SqlServer)
+    switch (dialect) {
+    case Dialect::SqlServer:
         return SQLDriverConnectW(connection.get(), nullptr, utf16(text), SQL_NTS, nullptr, 0, nullptr,
                                  SQL_DRIVER_NOPROMPT);
-    QByteArray bytes = text.toUtf8();
-    return SQLDriverConnect(connection.get(), nullptr, utf8(bytes), SQL_NTS, nullptr, 0, nullptr,
-                            SQL_DRIVER_NOPROMPT);
+    case Dialect::Sqlite:
+        QByteArray bytes = text.toUtf8();
+        return SQLDriverConnect(connection.get(), nullptr, utf8(bytes), SQL_NTS, nullptr, 0, nullptr,
+                                SQL_DRIVER_NOPROMPT);
+    }
+    Q_UNREACHABLE();
 }
 
 SQLRETURN run(const Handle &statement, const QString &sql, Dialect dialect)
 {
-    if (dialect == Dialect::SqlServer)
+    switch (dialect) {
+    case Dialect::SqlServer:
         return SQLExecDirectW(statement.get(), utf16(sql), static_cast<SQLINTEGER>(sql.size()));
-    QByteArray bytes = sql.toUtf8();
-    return SQLExecDirect(statement.get(), utf8(bytes), static_cast<SQLINTEGER>(bytes.size()));
+    case Dialect::Sqlite:
+        QByteArray bytes = sql.toUtf8();
+        return SQLExecDirect(statement.get(), utf8(bytes), static_cast<SQLINTEGER>(bytes.size()));
+    }
+    Q_UNREACHABLE();
 }
 
 SQLHENV environment()
@@ -71,13 +79,24 @@ QString sqlServerDriver()
     while (SQL_SUCCEEDED(SQLDriversW(environment(), direction, reinterpret_cast<SQLWCHAR *>(name.data()),
                                      SQLSMALLINT(name.size()), nullptr, nullptr, 0, nullptr))) {
         direction = SQL_FETCH_NEXT;
-        const QString driver = QString::fromUtf16(name.data());
+        QString driver = QString::fromUtf16(name.data());
         if (driver == u"FreeTDS")
             return driver;
         if (driver.contains(u"SQL Server"))
-            found = driver;
+            found = std::move(driver);
     }
     return found;
+}
+
+QString odbcConnectionString(const ConnectionSettings &settings, Dialect dialect, int timeout)
+{
+    switch (dialect) {
+    case Dialect::SqlServer:
+        return sqlServerConnectionString(settings, sqlServerDriver());
+    case Dialect::Sqlite:
+        return sqliteConnectionString(settings, timeout);
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace
@@ -95,19 +114,16 @@ struct Connection::Handles
     const int timeout; // of a statement, in seconds
 };
 
-Connection::Connection() = default;
-Connection::~Connection() = default;
-
-void Connection::open(const QString &connectionString, int timeout)
+Connection::Connection(const ConnectionSettings &settings, int timeout)
 {
-    m_handles.reset();
-    const ConnectionValues values = parseConnectionString(connectionString);
-    const Dialect dialect = values.dialect();
-    const QString text = dialect == Dialect::Sqlite ? sqliteConnectionString(values, timeout)
-                                                    : sqlServerConnectionString(values, sqlServerDriver());
+    const QString everything = settings.server + settings.database + settings.user + settings.password;
+    if (!settings.isComplete() || everything.contains(QChar(u'\0')) || !everything.isValidUtf16())
+        throw RuntimeError(codes::Failure, QStringLiteral("The connection settings are incomplete"));
+    const Dialect dialect = settings.dialect();
+    const QString text = odbcConnectionString(settings, dialect, timeout);
 
     // Never 0, which would mean to wait for ever.
-    auto handles = std::make_unique<Handles>(dialect, std::clamp(timeout, 1, longestWait));
+    auto handles = std::make_unique<Handles>(dialect, std::clamp(timeout, 1, connectionTimeout));
     const Handle &connection = handles->connection;
     SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(timeout), 0);
     if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
@@ -115,10 +131,12 @@ void Connection::open(const QString &connectionString, int timeout)
     m_handles = std::move(handles);
 }
 
-Recordset Connection::execute(const QString &sql)
+Connection::~Connection() = default;
+Connection::Connection(Connection &&) noexcept = default;
+Connection &Connection::operator=(Connection &&) noexcept = default;
+
+ResultSet Connection::execute(const QString &sql, const RowObserver &onRow)
 {
-    if (!m_handles)
-        throw RuntimeError(errors::ResultSetClosed, QStringLiteral("The connection is closed"));
     const Dialect dialect = m_handles->dialect;
     const QString text = inDialect(sql, dialect);
 
@@ -127,7 +145,17 @@ Recordset Connection::execute(const QString &sql)
     const SQLRETURN result = run(statement, text, dialect);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) // which says that no row was touched
         throw statement.error(dialect);
-    return fetchAll(statement, dialect);
+    return fetchAll(statement, dialect, onRow);
+}
+
+ResultSet executeOnce(const ConnectionSettings &settings, const QString &sql, const RowObserver &onRow)
+{
+    return Connection(settings).execute(sql, onRow);
+}
+
+QString quoted(const QString &text)
+{
+    return u'\'' + QString(text).replace(u'\'', QLatin1String("''")) + u'\'';
 }
 
 } // namespace varnow::db

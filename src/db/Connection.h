@@ -1,35 +1,42 @@
 #pragma once
 
+#include "db/ConnectionSettings.h"
+#include "db/ResultSet.h"
+
 #include <QString>
 
 #include <memory>
 
 namespace varnow::db {
 
-class Recordset;
+/// Time-out of a log-in in seconds, and the longest that a statement is waited for.
+inline constexpr int connectionTimeout = 30;
 
-/// One open connection to a database. It closes when its last reference goes.
+/// One open connection to a database. It closes when this object goes.
 class Connection
 {
 public:
-    Connection();
+    /// Opens the database. `timeout` is how long to wait for the log-in, and for a statement, in seconds; a
+    /// statement is waited for at least one and never more than connectionTimeout seconds.
+    /// Raises codes::Failure whatever the reason of the failure.
+    explicit Connection(const ConnectionSettings &settings, int timeout = connectionTimeout);
     ~Connection();
-    Connection(const Connection &) = delete;
-    Connection &operator=(const Connection &) = delete;
+    Connection(Connection &&) noexcept;
+    Connection &operator=(Connection &&) noexcept;
 
-    /// Opens the database that a connection string of this program names ("Provider=sqloledb;server=…").
-    /// `timeout` is the log-in time-out in seconds. Raises -2147467259 whatever the reason of the failure.
-    void open(const QString &connectionString, int timeout);
-
-    /// Runs one SQL statement, waits for it as long as for the log-in but never longer than 30 seconds, and
-    /// fetches all rows of its result. Raises the provider's error code.
-    Recordset execute(const QString &sql);
+    /// Runs one SQL statement and fetches all rows of its result; a statement without a result gives a
+    /// closed result set. Raises the provider's error code.
+    ResultSet execute(const QString &sql, const RowObserver &onRow = {});
 
 private:
     struct Handles;
     std::unique_ptr<Handles> m_handles;
 };
 
-using ConnectionPtr = std::shared_ptr<Connection>;
+/// Runs one statement on a connection of its own. Raises what Connection raises.
+ResultSet executeOnce(const ConnectionSettings &settings, const QString &sql, const RowObserver &onRow = {});
+
+/// The text as an SQL literal: between apostrophes, those inside it doubled.
+QString quoted(const QString &text);
 
 } // namespace varnow::db

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace varnow::db {
 
@@ -38,11 +39,11 @@ RuntimeError Handle::error(Dialect dialect) const
         const QString text =
             QString::fromUtf16(reinterpret_cast<char16_t *>(message.data()), static_cast<qsizetype>(shown));
         const QString sqlState = QString::fromUtf16(reinterpret_cast<char16_t *>(state.data()), 5);
-        const RuntimeError found(errorCode(dialect, sqlState, number, text), text);
+        RuntimeError found(errorCode(dialect, sqlState, number, text), text);
         if (found.number() != codes::Failure)
             return found;
         if (!first)
-            first = found;
+            first = std::move(found);
     }
     return first.value_or(RuntimeError(codes::Failure));
 }

@@ -66,7 +66,13 @@ QString inDialect(const QString &sql, Dialect dialect)
     if (sql.contains(QChar(u'\0')) || !sql.isValidUtf16())
         throw RuntimeError(codes::Conversion,
                            QStringLiteral("The statement holds a character that cannot be sent"));
-    return dialect == Dialect::Sqlite ? withFrom(sql) : withSqlServerLiterals(sql);
+    switch (dialect) {
+    case Dialect::SqlServer:
+        return withSqlServerLiterals(sql);
+    case Dialect::Sqlite:
+        return withFrom(sql);
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace varnow::db

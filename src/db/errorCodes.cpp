@@ -88,8 +88,13 @@ int sqlServerCode(int number, const QString &sqlState)
 
 int errorCode(Dialect dialect, const QString &sqlState, int nativeError, const QString &message)
 {
-    return dialect == Dialect::Sqlite ? sqliteCode(nativeError, message)
-                                      : sqlServerCode(nativeError, sqlState);
+    switch (dialect) {
+    case Dialect::SqlServer:
+        return sqlServerCode(nativeError, sqlState);
+    case Dialect::Sqlite:
+        return sqliteCode(nativeError, message);
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace varnow::db

@@ -1,9 +1,7 @@
 #include "db/odbc.h"
 
 #include "base/RuntimeError.h"
-#include "util/modProgress.h"
-
-#include <QDateTime>
+#include "base/dateTime.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -18,12 +16,32 @@ namespace varnow::db {
 
 namespace {
 
+/// How an engine's driver hands texts over.
+struct TextForm
+{
+    SQLSMALLINT cType;    // of the characters
+    SQLLEN terminator;    // bytes of the zero that ends each piece
+    bool holdsEverything; // columns hold values of any type whatever their own; only as text all arrive as
+                          // they are
+};
+
+TextForm textForm(Dialect dialect)
+{
+    switch (dialect) {
+    case Dialect::SqlServer:
+        return {SQL_C_WCHAR, sizeof(QChar), false};
+    case Dialect::Sqlite:
+        return {SQL_C_CHAR, 1, true};
+    }
+    Q_UNREACHABLE();
+}
+
 /// Reads the cells of the current row one after the other.
 class RowReader
 {
 public:
     RowReader(const Handle &statement, Dialect dialect, std::size_t columns)
-        : m_statement(statement), m_dialect(dialect), m_above(columns)
+        : m_statement(statement), m_dialect(dialect), m_form(textForm(dialect)), m_above(columns)
     {
     }
 
@@ -54,6 +72,7 @@ private:
 
     const Handle &m_statement;
     const Dialect m_dialect;
+    const TextForm m_form;
     std::vector<Above> m_above;
     // Small, for SQLite's driver fills the whole of it with zeros for every cell.
     alignas(char16_t) std::array<char, 256> m_buffer;
@@ -76,7 +95,7 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
     case SQL_SMALLINT:
     case SQL_INTEGER:
     case SQL_BIGINT: {
-        if (m_dialect == Dialect::Sqlite)
+        if (m_form.holdsEverything)
             return integerOrText(column);
         qlonglong number = 0;
         return read(column, SQL_C_SBIGINT, number) ? QVariant(number) : QVariant();
@@ -92,9 +111,9 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
         SQL_TIMESTAMP_STRUCT time{};
         if (!read(column, SQL_C_TYPE_TIMESTAMP, time))
             return {};
-        return QDateTime(
+        return utcDateTime(
             QDate(time.year, time.month, time.day),
-            QTime(time.hour, time.minute, time.second, static_cast<int>(time.fraction / 1'000'000)), Qt::UTC);
+            QTime(time.hour, time.minute, time.second, static_cast<int>(time.fraction / 1'000'000)));
     }
     default:
         return text(column);
@@ -103,22 +122,21 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
 
 QString RowReader::decoded(QByteArrayView bytes) const
 {
-    if (m_dialect == Dialect::Sqlite)
+    if (m_form.cType == SQL_C_CHAR)
         return QString::fromUtf8(bytes);
     return QString(reinterpret_cast<const QChar *>(bytes.data()), bytes.size() / qsizetype(sizeof(QChar)));
 }
 
 RowReader::Piece RowReader::piece(SQLUSMALLINT column, char *buffer, std::size_t capacity)
 {
-    const bool utf8 = m_dialect == Dialect::Sqlite;
     SQLLEN length = 0;
-    const SQLRETURN result = SQLGetData(m_statement.get(), column, utf8 ? SQL_C_CHAR : SQL_C_WCHAR, buffer,
-                                        SQLLEN(capacity), &length);
+    const SQLRETURN result =
+        SQLGetData(m_statement.get(), column, m_form.cType, buffer, SQLLEN(capacity), &length);
     if (result == SQL_NO_DATA)
         return {0, true};
     if (!SQL_SUCCEEDED(result))
         throw m_statement.error(m_dialect);
-    const SQLLEN room = SQLLEN(capacity) - (utf8 ? 1 : SQLLEN(sizeof(QChar))); // a zero ends each piece
+    const SQLLEN room = SQLLEN(capacity) - m_form.terminator;
     const bool last = length != SQL_NO_TOTAL && length <= room;
     return {last ? length : room, last};
 }
@@ -189,14 +207,14 @@ Columns describeColumns(const Handle &statement, Dialect dialect, SQLUSMALLINT c
                                            &nullable)))
             throw statement.error(dialect);
         columns.names.append(QString::fromUtf16(name.data()));
-        // SQLite's columns hold values of any type whatever their own; only as text all arrive as they are.
-        const bool asText = dialect == Dialect::Sqlite && type != SQL_INTEGER;
+        const bool asText = textForm(dialect).holdsEverything && type != SQL_INTEGER;
         columns.types.push_back(asText ? SQLSMALLINT(SQL_VARCHAR) : type);
     }
     return columns;
 }
 
-QVariantList readRows(const Handle &statement, Dialect dialect, const std::vector<SQLSMALLINT> &types)
+QVariantList readRows(const Handle &statement, Dialect dialect, const std::vector<SQLSMALLINT> &types,
+                      const RowObserver &onRow)
 {
     // A list of variants grows without moving them one by one.
     QVariantList cells;
@@ -207,7 +225,7 @@ QVariantList readRows(const Handle &statement, Dialect dialect, const std::vecto
             return cells;
         if (!SQL_SUCCEEDED(result))
             throw statement.error(dialect);
-        if (!Progress::countRow())
+        if (onRow && !onRow())
             throw RuntimeError(errors::UserInterrupt);
         for (std::size_t i = 0; i < types.size(); ++i)
             cells.append(reader.cell(SQLUSMALLINT(i + 1), types[i]));
@@ -216,14 +234,14 @@ QVariantList readRows(const Handle &statement, Dialect dialect, const std::vecto
 
 } // namespace
 
-Recordset fetchAll(const Handle &statement, Dialect dialect)
+ResultSet fetchAll(const Handle &statement, Dialect dialect, const RowObserver &onRow)
 {
     SQLSMALLINT count = 0;
     SQLNumResultCols(statement.get(), &count);
-    Recordset rows;
+    ResultSet rows;
     if (count > 0) {
         const Columns columns = describeColumns(statement, dialect, SQLUSMALLINT(count));
-        rows = Recordset(columns.names, readRows(statement, dialect, columns.types));
+        rows = ResultSet(columns.names, readRows(statement, dialect, columns.types, onRow));
     }
     // An error may follow the first result, a trigger's for example.
     SQLRETURN result = SQL_SUCCESS;

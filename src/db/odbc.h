@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/RuntimeError.h"
-#include "db/Recordset.h"
+#include "db/ResultSet.h"
 #include "db/dialect.h"
 
 // What Connection.cpp builds on. ODBC's own headers stay in the source files: a handle is a void pointer
@@ -29,8 +29,9 @@ private:
     void *m_handle = nullptr;
 };
 
-/// All rows of the result that an executed statement offers; a closed recordset when it offers none.
-/// Raises the code of an error that comes up on the way.
-Recordset fetchAll(const Handle &statement, Dialect dialect);
+/// All rows of the result that an executed statement offers; a closed result set when it offers none.
+/// Raises the code of an error that comes up on the way, and errors::UserInterrupt when the observer stops
+/// it.
+ResultSet fetchAll(const Handle &statement, Dialect dialect, const RowObserver &onRow);
 
 } // namespace varnow::db

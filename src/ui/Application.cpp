@@ -9,7 +9,13 @@ namespace varnow::ui {
 
 namespace {
 
-constexpr int hourglass = 11;
+void showHourglass(bool shown)
+{
+    if (shown)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
 
 } // namespace
 
@@ -32,24 +38,33 @@ void handleEvents()
     QApplication::processEvents();
 }
 
-QString applicationTitle()
+Hourglass::Hourglass() : m_isOutermost(!isShown())
 {
-    return QStringLiteral("Varnow");
+    if (m_isOutermost)
+        showHourglass(true);
 }
 
-void setScreenPointer(int pointer)
+Hourglass::~Hourglass()
 {
-    if (pointer == screenPointer())
-        return;
-    if (pointer == hourglass)
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QApplication::restoreOverrideCursor();
+    if (m_isOutermost)
+        showHourglass(false);
 }
 
-int screenPointer()
+bool Hourglass::isShown()
 {
-    return QApplication::overrideCursor() != nullptr ? hourglass : 0;
+    return QApplication::overrideCursor() != nullptr;
+}
+
+Hourglass::Paused::Paused() : m_wasShown(isShown())
+{
+    if (m_wasShown)
+        showHourglass(false);
+}
+
+Hourglass::Paused::~Paused()
+{
+    if (m_wasShown)
+        showHourglass(true);
 }
 
 } // namespace varnow::ui

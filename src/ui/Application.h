@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <memory>
 
 class QApplication;
@@ -25,11 +23,32 @@ void runUntilNoWindowIsLoaded();
 /// Handles the events that wait, without waiting for more.
 void handleEvents();
 
-/// The application's title.
-QString applicationTitle();
+/// The pointer over all windows is the hourglass while such an object lives.
+class Hourglass
+{
+public:
+    Hourglass();
+    ~Hourglass();
+    Hourglass(const Hourglass &) = delete;
+    Hourglass &operator=(const Hourglass &) = delete;
 
-/// The pointer shown over all windows: 0 the default one, 11 the hourglass.
-void setScreenPointer(int pointer);
-int screenPointer();
+    static bool isShown();
+
+    /// Shows the default pointer for as long as it lives.
+    class Paused
+    {
+    public:
+        Paused();
+        ~Paused();
+        Paused(const Paused &) = delete;
+        Paused &operator=(const Paused &) = delete;
+
+    private:
+        bool m_wasShown;
+    };
+
+private:
+    bool m_isOutermost;
+};
 
 } // namespace varnow::ui

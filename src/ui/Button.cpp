@@ -72,26 +72,17 @@ CheckBox::CheckBox(Container &parent, const QString &name, const QString &captio
     : Control(parent, name, new QCheckBox(caption, parent.surface()), place)
 {
     auto *box = static_cast<QCheckBox *>(widget());
-    QObject::connect(box, &QCheckBox::stateChanged, box, clickForwarder(this));
+    QObject::connect(box, &QCheckBox::toggled, box, clickForwarder(this));
 }
 
-int CheckBox::value() const
+bool CheckBox::isTicked() const
 {
-    switch (static_cast<QCheckBox *>(widget())->checkState()) {
-    case Qt::Checked:
-        return 1;
-    case Qt::PartiallyChecked:
-        return 2;
-    default:
-        return 0;
-    }
+    return static_cast<QCheckBox *>(widget())->isChecked();
 }
 
-void CheckBox::setValue(int value)
+void CheckBox::setTicked(bool ticked)
 {
-    auto *box = static_cast<QCheckBox *>(widget());
-    box->setCheckState(value == 1 ? Qt::Checked : value == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
-    box->setTristate(false); // the user only ticks and unticks
+    static_cast<QCheckBox *>(widget())->setChecked(ticked);
 }
 
 QSize CheckBox::neededPixels() const
@@ -109,7 +100,7 @@ OptionButton::OptionButton(Container &parent, const QString &name, const QString
     });
 }
 
-bool OptionButton::value() const
+bool OptionButton::isChosen() const
 {
     return static_cast<QRadioButton *>(widget())->isChecked();
 }

@@ -22,16 +22,16 @@ public:
     QSize neededPixels() const override;
 };
 
-/// A box to tick: 0 unchecked, 1 checked, 2 grayed.
+/// A box to tick.
 class CheckBox : public Control
 {
 public:
     CheckBox(Container &parent, const QString &name, const QString &caption, const Rect &place);
 
-    std::function<void()> onClick; ///< the value changed, by the user or by code
+    std::function<void()> onClick; ///< the tick came or went, by the user or by code
 
-    int value() const;
-    void setValue(int value);
+    bool isTicked() const;
+    void setTicked(bool ticked);
 
     QSize neededPixels() const override;
 };
@@ -44,7 +44,7 @@ public:
 
     std::function<void()> onClick; ///< the button became the chosen one, by the user or by code
 
-    bool value() const;
+    bool isChosen() const;
     /// Chooses the button; the others of its frame are cleared.
     void choose();
 

@@ -20,6 +20,12 @@ void Label::setCaption(const QString &caption)
     static_cast<QLabel *>(widget())->setText(caption);
 }
 
+void Label::setBuddy(Control &control)
+{
+    control.setAccessibleName(caption());
+    static_cast<QLabel *>(widget())->setBuddy(control.widget());
+}
+
 QSize Label::neededPixels() const
 {
     return widget()->sizeHint();

@@ -1,5 +1,6 @@
 #include "ui/MessageBox.h"
 
+#include "base/text.h"
 #include "ui/Application.h"
 
 #include <QApplication>
@@ -11,65 +12,70 @@ namespace varnow::ui {
 
 namespace {
 
-constexpr int buttonBits = 15;
-constexpr int iconBits = 112;
-
-QMessageBox::StandardButtons buttonsOf(int style)
+QMessageBox::StandardButtons standardButtons(Buttons buttons)
 {
-    switch (style & buttonBits) {
-    case style::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    case style::YesNoCancel:
-        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    default:
+    switch (buttons) {
+    case Buttons::Ok:
         return QMessageBox::Ok;
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     }
+    Q_UNREACHABLE();
 }
 
-QMessageBox::Icon iconOf(int style)
+/// Set by us, for some desktops put No first.
+QMessageBox::StandardButton defaultButton(Buttons buttons)
 {
-    switch (style & iconBits) {
-    case style::Critical:
-        return QMessageBox::Critical;
-    case style::Question:
-        return QMessageBox::Question;
-    case style::Exclamation:
-        return QMessageBox::Warning;
-    case style::Information:
-        return QMessageBox::Information;
-    default:
-        return QMessageBox::NoIcon;
+    switch (buttons) {
+    case Buttons::Ok:
+        return QMessageBox::Ok;
+    case Buttons::YesNo:
+        return QMessageBox::Yes;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Cancel;
     }
+    Q_UNREACHABLE();
 }
 
-int answerOf(int button)
+QMessageBox::Icon standardIcon(Icon icon)
+{
+    switch (icon) {
+    case Icon::None:
+        return QMessageBox::NoIcon;
+    case Icon::Critical:
+        return QMessageBox::Critical;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Information:
+        return QMessageBox::Information;
+    }
+    Q_UNREACHABLE();
+}
+
+Answer answerOf(int button)
 {
     switch (button) {
     case QMessageBox::Yes:
-        return answer::Yes;
+        return Answer::Yes;
     case QMessageBox::No:
-        return answer::No;
+        return Answer::No;
     case QMessageBox::Cancel:
-        return answer::Cancel;
+        return Answer::Cancel;
     default:
-        return answer::Ok;
+        return Answer::Ok;
     }
 }
 
-int showRealBox(const QString &prompt, int style, const QString &title)
+Answer showRealBox(const MessageBox &box)
 {
-    QMessageBox box(iconOf(style), title, prompt, buttonsOf(style), QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText);
-    if ((style & style::ThirdButtonDefault) != 0)
-        box.setDefaultButton(QMessageBox::Cancel);
-    else if ((style & buttonBits) != style::OkOnly)
-        box.setDefaultButton(QMessageBox::Yes); // some desktops put No first
-    // The box waits for the user, so it does not show the hourglass of the work around it.
-    const int pointer = screenPointer();
-    setScreenPointer(0);
-    const int button = box.exec();
-    setScreenPointer(pointer);
-    return answerOf(button);
+    QMessageBox dialog(standardIcon(box.icon), box.title, box.text, standardButtons(box.buttons),
+                       QApplication::activeWindow());
+    dialog.setTextFormat(Qt::PlainText);
+    dialog.setDefaultButton(defaultButton(box.buttons));
+    const Hourglass::Paused waitsForTheUser;
+    return answerOf(dialog.exec());
 }
 
 MessageBoxHandler &currentHandler()
@@ -78,16 +84,33 @@ MessageBoxHandler &currentHandler()
     return handler;
 }
 
+Answer ask(QString text, const QString &reminder, const QString &title, Buttons buttons)
+{
+    if (!text.isEmpty())
+        text += lineBreak + reminder;
+    return show({text, title, Icon::Question, buttons});
+}
+
 } // namespace
+
+Answer show(const MessageBox &box)
+{
+    return currentHandler() ? currentHandler()(box) : showRealBox(box);
+}
+
+bool askYesNo(const QString &text, const QString &title)
+{
+    return ask(text, QStringLiteral("Please select 'Yes' or 'No'"), title, Buttons::YesNo) == Answer::Yes;
+}
+
+Answer askYesNoCancel(const QString &text, const QString &title)
+{
+    return ask(text, QStringLiteral("Please select 'Yes', 'No' or 'Cancel'"), title, Buttons::YesNoCancel);
+}
 
 MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler)
 {
     return std::exchange(currentHandler(), std::move(handler));
-}
-
-int showMessageBox(const QString &prompt, int style, const QString &title)
-{
-    return currentHandler() ? currentHandler()(prompt, style, title) : showRealBox(prompt, style, title);
 }
 
 } // namespace varnow::ui

@@ -6,33 +6,36 @@
 
 namespace varnow::ui {
 
-// The platform's standard message-box numbers.
-namespace style {
-inline constexpr int OkOnly = 0;
-inline constexpr int YesNoCancel = 3;
-inline constexpr int YesNo = 4;
-inline constexpr int Critical = 16;
-inline constexpr int Question = 32;
-inline constexpr int Exclamation = 48;
-inline constexpr int Information = 64;
-inline constexpr int ThirdButtonDefault = 512;
-} // namespace style
+enum class Icon { None, Critical, Question, Information };
 
-namespace answer {
-inline constexpr int Ok = 1;
-inline constexpr int Cancel = 2;
-inline constexpr int Yes = 6;
-inline constexpr int No = 7;
-} // namespace answer
+/// The buttons of a box. Yes is the default button of YesNo, Cancel that of YesNoCancel.
+enum class Buttons { Ok, YesNo, YesNoCancel };
 
-/// Shows a modal message box and returns the button pressed.
-using MessageBoxHandler = std::function<int(const QString &prompt, int style, const QString &title)>;
+enum class Answer { Ok, Yes, No, Cancel };
 
-/// Replaces what showMessageBox() does and returns the handler that was in force. An empty handler restores
-/// the real box. This is the program's only dialog besides its windows.
+/// A modal message box. Some texts shown all over the program hold typing errors ("nust", "esists"): they
+/// stay, for users know and quote them so.
+struct MessageBox
+{
+    QString text;
+    QString title = QStringLiteral("Configuration");
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+
+    bool operator==(const MessageBox &) const = default;
+};
+
+/// Shows a message box and returns the button pressed; closing it presses Cancel, or else No or Ok.
+Answer show(const MessageBox &box);
+
+/// Asks with a question mark; the text gains a line that tells the buttons.
+bool askYesNo(const QString &text, const QString &title);
+Answer askYesNoCancel(const QString &text, const QString &title);
+
+using MessageBoxHandler = std::function<Answer(const MessageBox &)>;
+
+/// Replaces what show() does and returns the handler that was in force. An empty handler restores the real
+/// box. This is the program's only dialog besides its windows.
 MessageBoxHandler setMessageBoxHandler(MessageBoxHandler handler);
-
-/// Shows a modal message box with standard style numbers and returns the standard answer number.
-int showMessageBox(const QString &prompt, int style, const QString &title);
 
 } // namespace varnow::ui

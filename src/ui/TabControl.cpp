@@ -58,14 +58,10 @@ public:
 
 } // namespace
 
-TabControl::TabControl(Container &parent, const QString &name, const QStringList &captions, const Rect &place)
+TabControl::TabControl(Container &parent, const QString &name, const Rect &place)
     : Control(parent, name, new QTabWidget(parent.surface()), place), m_host(parent.host())
 {
     auto *tabs = static_cast<QTabWidget *>(widget());
-    for (const QString &caption : captions) {
-        tabs->addTab(new QWidget, caption);
-        m_pages.push_back(std::make_unique<Page>(*this, static_cast<int>(m_pages.size())));
-    }
     tabs->setFocusProxy(tabs->tabBar());
     tabs->tabBar()->installEventFilter(new FocusOnAccessKey(tabs));
     QObject::connect(tabs, &QTabWidget::currentChanged, tabs, [this](int index) { showPage(index); });
@@ -73,9 +69,11 @@ TabControl::TabControl(Container &parent, const QString &name, const QStringList
 
 TabControl::~TabControl() = default;
 
-Container &TabControl::page(int index)
+Container &TabControl::addPage(const QString &caption)
 {
-    return *m_pages.at(static_cast<std::size_t>(index));
+    m_pages.push_back(std::make_unique<Page>(*this, static_cast<int>(m_pages.size())));
+    static_cast<QTabWidget *>(widget())->addTab(new QWidget, caption);
+    return *m_pages.back();
 }
 
 int TabControl::currentPage() const
@@ -94,12 +92,21 @@ void TabControl::showPage(int index)
     const QWidget *focused = tabs->window()->focusWidget();
     if (focused != nullptr && tabs->isAncestorOf(focused))
         tabs->tabBar()->setFocus(Qt::OtherFocusReason);
-    const int previous = m_shown;
+    if (index == m_shown)
+        return; // the first page is shown as soon as it is added
     m_shown = index;
     for (int i = 0; i < static_cast<int>(m_pages.size()); ++i)
         m_pages[static_cast<std::size_t>(i)]->setShown(i == index);
     if (onClick)
-        onClick(previous);
+        onClick();
+}
+
+void TabControl::hideOtherPages()
+{
+    for (int i = 0; i < static_cast<int>(m_pages.size()); ++i) {
+        if (i != m_shown)
+            m_pages[static_cast<std::size_t>(i)]->setShown(false);
+    }
 }
 
 float TabControl::tabHeight() const
@@ -108,9 +115,14 @@ float TabControl::tabHeight() const
     return static_cast<float>(tabs->tabBar()->sizeHint().height()) / m_host.pixelsPerTwip();
 }
 
-void TabControl::setPainting(bool painting)
+TabControl::PaintingPaused::PaintingPaused(TabControl &tabs) : m_tabs(tabs)
 {
-    widget()->setUpdatesEnabled(painting);
+    m_tabs.widget()->setUpdatesEnabled(false);
+}
+
+TabControl::PaintingPaused::~PaintingPaused()
+{
+    m_tabs.widget()->setUpdatesEnabled(true);
 }
 
 } // namespace varnow::ui

@@ -2,8 +2,6 @@
 
 #include "ui/Control.h"
 
-#include <QStringList>
-
 #include <functional>
 #include <memory>
 #include <vector>
@@ -17,24 +15,37 @@ class TabControl : public Control
 public:
     static constexpr float offPage = 75000;
 
-    TabControl(Container &parent, const QString &name, const QStringList &captions, const Rect &place);
+    TabControl(Container &parent, const QString &name, const Rect &place);
     ~TabControl() override;
 
-    /// The shown page changed, by the user or by code; told the page shown before.
-    std::function<void(int previousPage)> onClick;
+    std::function<void()> onClick; ///< the shown page changed, by the user or by code
 
-    /// What the controls of a page are made on. Their place counts from the corner of the tab control.
-    Container &page(int index);
+    /// Adds a page and returns what its controls are made on. Their place counts from the corner of the tab
+    /// control.
+    Container &addPage(const QString &caption);
 
     /// Index of the page shown, from 0.
     int currentPage() const;
     void setCurrentPage(int index);
 
+    /// To be called after a layout has moved controls of the pages that are not shown to their places.
+    void hideOtherPages();
+
     /// Height of the row of tabs in twips.
     float tabHeight() const;
 
-    /// While false nothing is painted, so that a layout shows only its result.
-    void setPainting(bool painting);
+    /// While such an object lives nothing is painted, so that a layout shows only its result.
+    class PaintingPaused
+    {
+    public:
+        explicit PaintingPaused(TabControl &tabs);
+        ~PaintingPaused();
+        PaintingPaused(const PaintingPaused &) = delete;
+        PaintingPaused &operator=(const PaintingPaused &) = delete;
+
+    private:
+        TabControl &m_tabs;
+    };
 
 private:
     class Page;

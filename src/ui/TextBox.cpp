@@ -14,7 +14,6 @@ class TextBox::Widget : public QLineEdit
 public:
     explicit Widget(QWidget *parent) : QLineEdit(parent) { setMaxLength(std::numeric_limits<int>::max()); }
 
-    std::function<void()> gotFocus;
     std::function<void()> lostFocus;
 
 protected:
@@ -25,7 +24,7 @@ protected:
         // The focus may also come back together with the whole window; then the box was entered before,
         // unless code moved the focus here meanwhile.
         if (!std::exchange(m_entered, true))
-            gotFocus();
+            setSelection(0, static_cast<int>(text().size()));
     }
 
     void focusOutEvent(QFocusEvent *event) override
@@ -70,7 +69,6 @@ TextBox::TextBox(Container &parent, const QString &name, const Rect &place)
                 event();
         };
     };
-    edit()->gotFocus = forward(onGotFocus);
     edit()->lostFocus = forward(onLostFocus);
     QObject::connect(edit(), &QLineEdit::textChanged, edit(), forward(onChange));
 }
@@ -93,14 +91,9 @@ void TextBox::setText(const QString &text)
     edit()->setCursorPosition(0);
 }
 
-void TextBox::setSelection(int start, int length)
+void TextBox::selectAll()
 {
-    edit()->setSelection(start, length);
-}
-
-QString TextBox::selectedText() const
-{
-    return edit()->selectedText();
+    edit()->setSelection(0, static_cast<int>(edit()->text().size()));
 }
 
 void TextBox::setPassword(bool password)

@@ -6,22 +6,19 @@
 
 namespace varnow::ui {
 
-/// A one-line entry.
+/// A one-line entry. The focus selects its whole text, so that typing replaces it.
 class TextBox : public Control
 {
 public:
     TextBox(Container &parent, const QString &name, const Rect &place);
 
     std::function<void()> onChange;    ///< the text changed, typed or set
-    std::function<void()> onGotFocus;  ///< not when the whole window is activated again
     std::function<void()> onLostFocus; ///< not when the whole window is left
 
     QString text() const;
     void setText(const QString &text);
 
-    /// Selects `length` characters from `start` on, counted from 0.
-    void setSelection(int start, int length);
-    QString selectedText() const;
+    void selectAll();
 
     /// Shows every character as "*".
     void setPassword(bool password);

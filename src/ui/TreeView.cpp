@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-
 #include <utility>
 
 namespace varnow::ui {
@@ -123,7 +122,7 @@ int TreeView::keep(Item *item)
 int TreeView::insertRoot(qsizetype place, const QString &key, const QString &text)
 {
     auto *added = new Item(key, text);
-    if (m_updating)
+    if (m_filling)
         m_waitingRoots.insert(place, added);
     else
         tree()->insertTopLevelItem(static_cast<int>(place), added);
@@ -132,13 +131,13 @@ int TreeView::insertRoot(qsizetype place, const QString &key, const QString &tex
 
 int TreeView::addRoot(const QString &key, const QString &text)
 {
-    return insertRoot(m_updating ? m_waitingRoots.size() : tree()->topLevelItemCount(), key, text);
+    return insertRoot(m_filling ? m_waitingRoots.size() : tree()->topLevelItemCount(), key, text);
 }
 
 int TreeView::addAfter(int root, const QString &key, const QString &text)
 {
     const qsizetype place =
-        m_updating ? m_waitingRoots.lastIndexOf(item(root)) : tree()->indexOfTopLevelItem(item(root));
+        m_filling ? m_waitingRoots.lastIndexOf(item(root)) : tree()->indexOfTopLevelItem(item(root));
     return insertRoot(place + 1, key, text);
 }
 
@@ -191,7 +190,7 @@ void TreeView::expand(QTreeWidgetItem *item)
 void TreeView::ensureVisible(int node)
 {
     auto *owner = static_cast<Item *>(item(node)->parent());
-    if (!m_updating) {
+    if (!m_filling) {
         expand(owner);
         tree()->scrollToItem(item(node));
         return;
@@ -201,22 +200,22 @@ void TreeView::ensureVisible(int node)
         m_waitingToExpand.push_back(owner);
 }
 
-void TreeView::beginUpdate()
+TreeView::Filling::Filling(TreeView &tree) : m_tree(tree)
 {
-    m_updating = true;
-    m_scrollTo = none;
-    tree()->setUpdatesEnabled(false);
+    m_tree.m_filling = true;
+    m_tree.m_scrollTo = none;
+    m_tree.tree()->setUpdatesEnabled(false);
 }
 
-void TreeView::endUpdate()
+TreeView::Filling::~Filling()
 {
-    m_updating = false;
-    tree()->addTopLevelItems(std::exchange(m_waitingRoots, {}));
-    for (Item *owner : std::exchange(m_waitingToExpand, {}))
+    m_tree.m_filling = false;
+    m_tree.tree()->addTopLevelItems(std::exchange(m_tree.m_waitingRoots, {}));
+    for (Item *owner : std::exchange(m_tree.m_waitingToExpand, {}))
         expand(owner);
-    if (m_scrollTo != none)
-        tree()->scrollToItem(item(m_scrollTo));
-    tree()->setUpdatesEnabled(true);
+    if (m_tree.m_scrollTo != none)
+        m_tree.tree()->scrollToItem(m_tree.item(m_tree.m_scrollTo));
+    m_tree.tree()->setUpdatesEnabled(true);
 }
 
 } // namespace varnow::ui

@@ -26,7 +26,7 @@ public:
     int nodeCount() const;
     /// The node with this key, or `none`.
     int find(const QString &key) const;
-    /// The node with this key. Raises 35601 when there is none.
+    /// The node with this key. Raises errors::ElementNotFound when there is none.
     int node(const QString &key) const;
     int selectedNode() const;
 
@@ -35,7 +35,8 @@ public:
     int addAfter(int root, const QString &key, const QString &text);
     int addChild(int parent, const QString &key, const QString &text);
 
-    /// The node's parent, or `none` for a root. These raise 35601 for a node that does not exist.
+    /// The node's parent, or `none` for a root. These raise errors::ElementNotFound for a
+    /// node that does not exist.
     int parent(int node) const;
     const QString &key(int node) const;
     QString text(int node) const;
@@ -43,13 +44,23 @@ public:
 
     void clear();
 
-    /// Expands what hides the node and scrolls until it is seen. During an update that waits for its end.
+    /// Expands what hides the node and scrolls until it is seen. While the tree is being filled that waits
+    /// for the end.
     void ensureVisible(int node);
 
-    /// Between the two an empty tree is filled out of sight, which is quicker than one node at a time; the
-    /// end shows all nodes, paints and scrolls once.
-    void beginUpdate();
-    void endUpdate();
+    /// While such an object lives an empty tree is filled out of sight, which is quicker than one node at a
+    /// time; its end shows all nodes, paints and scrolls once.
+    class Filling
+    {
+    public:
+        explicit Filling(TreeView &tree);
+        ~Filling();
+        Filling(const Filling &) = delete;
+        Filling &operator=(const Filling &) = delete;
+
+    private:
+        TreeView &m_tree;
+    };
 
 private:
     class Item;
@@ -66,10 +77,10 @@ private:
     };
     std::vector<Item *> m_nodes;
     std::unordered_map<QString, int, Hash> m_byKey;
-    QList<QTreeWidgetItem *> m_waitingRoots; // of an update
+    QList<QTreeWidgetItem *> m_waitingRoots; // while filling
     std::vector<Item *> m_waitingToExpand;
     int m_scrollTo = none;
-    bool m_updating = false;
+    bool m_filling = false;
 };
 
 } // namespace varnow::ui

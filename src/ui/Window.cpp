@@ -237,11 +237,9 @@ bool Window::unload()
     if (m_unloading)
         return false;
     m_unloading = true;
-    bool cancel = false;
-    if (onQueryUnload)
-        onQueryUnload(cancel);
+    const CloseDecision decision = onCloseRequest ? onCloseRequest() : CloseDecision::Close;
     m_unloading = false;
-    if (cancel)
+    if (decision == CloseDecision::StayOpen)
         return false;
     m_loaded = false;
     std::erase(loaded(), this);
@@ -274,6 +272,12 @@ QWidget *Window::surface()
 std::vector<Window *> Window::loadedWindows()
 {
     return loaded();
+}
+
+void Window::unloadAll()
+{
+    for (Window *window : loadedWindows())
+        window->unload();
 }
 
 } // namespace varnow::ui

@@ -10,6 +10,9 @@
 
 namespace varnow::ui {
 
+/// The answer to a request to close a window.
+enum class CloseDecision { Close, StayOpen };
+
 /// A top-level window. It is loaded by the first show and lives on, hidden, after its unload; a later show
 /// loads it afresh.
 class Window : public Container, public ControlHost
@@ -25,9 +28,8 @@ public:
     std::function<void()> onLoad;     ///< before the window is first seen
     std::function<void()> onActivate; ///< once per show, when the window comes to the front
     std::function<void()> onResize;
-    std::function<void()> onDoubleClick; ///< on the bare surface, outside every control
-    /// Asked before every unload, by code or by the close box; setting the flag keeps the window open.
-    std::function<void(bool &cancel)> onQueryUnload;
+    std::function<void()> onDoubleClick;           ///< on the bare surface, outside every control
+    std::function<CloseDecision()> onCloseRequest; ///< before every unload, by code or by the close box
 
     QString caption() const;
     void setCaption(const QString &caption);
@@ -50,7 +52,7 @@ public:
     void showInFront();
     /// The same, and waits until the window is unloaded.
     void showModal();
-    /// Unloads the window unless onQueryUnload refuses. Returns whether it is unloaded.
+    /// Unloads the window unless onCloseRequest refuses. Returns whether it is unloaded.
     bool unload();
 
     /// Makes a key, named like "F12", do something wherever the focus is in the window.
@@ -70,6 +72,8 @@ public:
 
     /// The windows that are loaded, in the order of their loading.
     static std::vector<Window *> loadedWindows();
+    /// Unloads every loaded window, one after the other, each with its own handlers.
+    static void unloadAll();
 
 private:
     class Widget;

@@ -15,8 +15,14 @@ using namespace varnow;
 
 namespace {
 
-const QString overflow = "error 6";
-const QString mismatch = "error 13";
+QString failure(int number)
+{
+    return "error " + QString::number(number);
+}
+
+const QString overflow = failure(errors::Overflow);
+const QString mismatch = failure(errors::TypeMismatch);
+const QString nullUsed = failure(errors::InvalidUseOfNull);
 
 /// What a conversion gives as text: its number, or the error that it raises.
 template <class Conversion> QString outcome(Conversion conversion)
@@ -24,14 +30,14 @@ template <class Conversion> QString outcome(Conversion conversion)
     try {
         return QString::number(conversion());
     } catch (const RuntimeError &error) {
-        return "error " + QString::number(error.number());
+        return failure(error.number());
     }
 }
 
 TEST(Numbers, ConvertDatabaseValuesOfEveryType)
 {
     const std::pair<QVariant, QString> cases[] = {
-        {QVariant(), "error 94"}, {-5LL, "-5"},
+        {QVariant(), nullUsed},   {-5LL, "-5"},
         {1LL << 31, overflow},    {-5, "-5"},
         {1e10, overflow},         {2.5, "2"},
         {std::nan(""), overflow}, {" 7 ", "7"},
@@ -40,7 +46,7 @@ TEST(Numbers, ConvertDatabaseValuesOfEveryType)
     for (const auto &[value, whole] : cases)
         EXPECT_EQ(outcome([&] { return toLong(value); }), whole) << qPrintable(value.toString());
     EXPECT_EQ(outcome([] { return toDouble("2.008"); }), "2.008");
-    EXPECT_EQ(outcome([] { return toDouble(QVariant()); }), "error 94");
+    EXPECT_EQ(outcome([] { return toDouble(QVariant()); }), nullUsed);
 }
 
 /// The rounding told another way: up from the middle, except to an odd number.
@@ -80,7 +86,7 @@ TEST(Numbers, AgreeWithRegularExpressions)
     }
 }
 
-TEST(Text, TrimTakesSpacesAndNoOtherWhiteSpace)
+TEST(Text, LosesSpacesAndNoOtherWhiteSpaceByTrimming)
 {
     const std::pair<QString, QString> cases[] = {
         {"  a b  ", "a b"}, {" \ta\r\n ", "\ta\r\n"}, {" \u00a0x\u3000 ", "\u00a0x\u3000"}, {"   ", ""}};

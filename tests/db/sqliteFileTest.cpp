@@ -1,7 +1,7 @@
-#include "db/ConfigADOUtilities.h"
-#include "db/errorCodes.h"
-#include "startup/modGlobals.h"
+#include "db/Connection.h"
+#include "db/codes.h"
 #include "support/TestDatabase.h"
+#include "support/errorOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,8 +29,9 @@ struct SqliteFile : testing::Test
     QString beside(const QString &name) const { return QFileInfo(tables.file()).dir().filePath(name); }
     int run(const QString &file, const QString &sql)
     {
-        gCfgDatabase = file;
-        return CompleteCommand(GetConfigConnectString(), sql);
+        ConnectionSettings settings = tables.settings();
+        settings.database = file;
+        return test::errorOf([&] { executeOnce(settings, sql); });
     }
 
     test::TestDatabase tables;
@@ -64,7 +65,7 @@ TEST_F(SqliteFile, IsRefusedWhenItIsMissingOrNoDatabaseAndNeverMade)
     EXPECT_EQ(run(write("empty.db", ""), countLines), codes::MissingTable);
 }
 
-TEST_F(SqliteFile, ThatIsReadOnlyIsReadButNotWritten)
+TEST_F(SqliteFile, IsReadButNotWrittenWhenItIsReadOnly)
 {
     QFile file(tables.file());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(18));
@@ -74,15 +75,14 @@ TEST_F(SqliteFile, ThatIsReadOnlyIsReadButNotWritten)
     EXPECT_EQ(run(tables.file(), insertLine), codes::Permission);
 }
 
-TEST_F(SqliteFile, ThatIsLockedTimesOut)
+TEST_F(SqliteFile, TimesOutWhenItIsLocked)
 {
     tables.run("BEGIN EXCLUSIVE");
-    ConnectionPtr connection;
-    ASSERT_EQ(OpenComnnection(connection, GetConfigConnectString(), clientCursor, 1), 0);
-    const auto command = std::make_shared<Command>(Command{connection, insertLine});
-    EXPECT_EQ(ExecuteCommand(command), codes::TimeOut);
+    Connection connection(tables.settings(), 1);
+    const auto insert = [&] { connection.execute(insertLine); };
+    EXPECT_EQ(test::errorOf(insert), codes::TimeOut);
     tables.run("COMMIT");
-    EXPECT_EQ(ExecuteCommand(command), 0);
+    EXPECT_EQ(test::errorOf(insert), 0);
 }
 
 } // namespace

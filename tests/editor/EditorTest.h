@@ -1,29 +1,32 @@
 #pragma once
 
 #include "support/Driver.h"
-#include "support/StoreFixture.h"
+#include "support/MessageLog.h"
+#include "support/ModelFixture.h"
+#include "support/TestDatabase.h"
 
-#include "editor/frmLinesConfig.h"
+#include "editor/EditorWindow.h"
 
 #include <optional>
 
 namespace varnow::test {
 
 /// A test of the whole editor on a database, on either engine.
-struct EditorTest : StoreTest
+struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
 {
     /// Adds a line to the database, before the editor opens; texts as within quotes of SQL.
-    void addLine(const QString &name, int nameIndex, int msgIndex, const QString &configuration = "Standard")
+    void addLine(const QString &name, int nameIndex, int messageIndex,
+                 const QString &configuration = "Standard")
     {
         database.run(
             QStringLiteral("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) "
                            "VALUES (%1, '%2', '%3', %4, %5)")
                 .arg(QString::number(++lastId), configuration, name)
                 .arg(nameIndex)
-                .arg(msgIndex));
+                .arg(messageIndex));
     }
 
-    void addField(const QString &line, int lineIndex, int msgIndex, int position, const QString &name,
+    void addField(const QString &line, int lineIndex, int messageIndex, int position, const QString &name,
                   int nameIndex = 0)
     {
         database.run(QStringLiteral("INSERT INTO LabLineFieldConfig (id, Line, Name, LineIndex, MsgIndex, "
@@ -31,7 +34,7 @@ struct EditorTest : StoreTest
                                     "VALUES (%1, '%2', '%3', %4, %5, %6, %7, 'Standard', 'x')")
                          .arg(QString::number(++lastId), line, name)
                          .arg(lineIndex)
-                         .arg(msgIndex)
+                         .arg(messageIndex)
                          .arg(position)
                          .arg(nameIndex));
     }
@@ -39,40 +42,46 @@ struct EditorTest : StoreTest
     /// Opens the editor on a catalogue.
     void open(const QStringList &configurations = {"Standard"}, const QString &defaultName = "Standard")
     {
-        gConfigNames = configurations;
-        gDefaultConfigName = defaultName;
-        editor.emplace();
+        session.configurationNames = configurations;
+        session.defaultConfiguration = defaultName;
+        editor.emplace(session, model);
         user.emplace(*editor);
     }
 
-    /// All lines as "Name(NameIndex)=MsgIndex", in table order.
-    static QStringList lines()
+    /// All lines as "name(nameIndex)=messageIndex", in table order.
+    QStringList lineTexts() const
     {
         QStringList found;
-        for (const LabLineConfigRecord &line : LabLineTable)
-            found += QStringLiteral("%1(%2)=%3").arg(line.Name).arg(line.NameIndex).arg(line.MsgIndex);
+        for (const Line &line : lines)
+            found += QStringLiteral("%1(%2)=%3").arg(line.name).arg(line.nameIndex).arg(line.messageIndex);
         return found;
     }
 
-    /// All fields as "MsgIndex.Position Name", in table order.
-    static QStringList fields()
+    /// All fields as "messageIndex.position name", in table order.
+    QStringList fieldTexts() const
     {
         QStringList found;
-        for (const LabLineFldCfgRecord &field : LabLineFldTable)
-            found += QStringLiteral("%1.%2 %3").arg(field.MsgIndex).arg(field.Position).arg(field.Name);
+        for (const Field &field : fields)
+            found += QStringLiteral("%1.%2 %3").arg(field.messageIndex).arg(field.position).arg(field.name);
         return found;
     }
 
     /// Leaves as the close box does and answers a prompt with Cancel. Without a prompt the editor is closed.
     bool leavingAsks()
     {
-        const auto before = ui::setMessageBoxHandler([](auto &, int, auto &) { return ui::answer::Cancel; });
+        const auto before = ui::setMessageBoxHandler([](const Box &) { return ui::Answer::Cancel; });
         editor->unload();
         ui::setMessageBoxHandler(before);
         return editor->isLoaded();
     }
 
-    std::optional<frmLinesConfig> editor;
+    /// The boxes shown since they were looked at last.
+    void expectBoxes(const Boxes &expected) { EXPECT_EQ(messages.take(), expected); }
+
+    TestDatabase database{GetParam()};
+    Session session{database.settings(), database.settings(), {}, {}};
+    MessageLog messages;
+    std::optional<EditorWindow> editor;
     std::optional<Driver> user;
     int lastId = 0;
 };

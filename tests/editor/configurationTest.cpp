@@ -6,10 +6,10 @@ namespace varnow::test {
 
 namespace {
 
-const Box saveChanges{
+const Box saveChanges = question(
     "Changes have been made to the configuration.\r\nAny changes will be lost if you continue without "
     "saving.\r\nDo you want to save changes now?\r\nPlease select 'Yes', 'No' or 'Cancel'",
-    547, "Save Changes"};
+    "Save Changes", ui::Buttons::YesNoCancel);
 
 } // namespace
 
@@ -25,11 +25,11 @@ struct ConfigurationTest : EditorTest
                      "(' Standard', 'race'), ('standard', 'no'), ('It''s', 'file')");
     }
 
-    void changeMsgIndex(const QString &node, const QString &msgIndex)
+    void changeMessageIndex(const QString &node, const QString &messageIndex)
     {
         user->clickNode(node);
-        user->type("Text1(2)", msgIndex);
-        user->click("cmdAdd");
+        user->type("lineMessageIndex", messageIndex);
+        user->click("change");
     }
 };
 
@@ -37,15 +37,15 @@ TEST_P(ConfigurationTest, SwitchesOnceAndKeepsEdits)
 {
     open({"Standard", "It's"});
     messages.take(); // no fields in the database
-    changeMsgIndex("1 PID(1)", "5");
-    QWidget *box = user->control("cboConfig");
+    changeMessageIndex("1 PID(1)", "5");
+    QWidget *box = user->control("configuration");
     QTest::keyClick(box, Qt::Key_Down); // chooses the next item as a user does
     EXPECT_EQ(user->tree(), QStringList("1 HDR"));
-    EXPECT_EQ(user->items("Combo2(1)"), QStringList("file"));
+    EXPECT_EQ(user->items("lookup"), QStringList("file"));
     QTest::keyClick(box, Qt::Key_Up);
     EXPECT_EQ(user->tree(), QStringList({"5 PID(1)", "2 OBR", "3 OBX(-1)"}));
-    EXPECT_EQ(user->items("Combo2(0)"), QStringList({"PID(1)", "OBR", "OBX"}));
-    EXPECT_EQ(user->items("Combo2(1)"), QStringList({"race", "sex"}));
+    EXPECT_EQ(user->items("fieldLine"), QStringList({"PID(1)", "OBR", "OBX"}));
+    EXPECT_EQ(user->items("lookup"), QStringList({"race", "sex"}));
     expectBoxes({});
 }
 
@@ -53,19 +53,19 @@ TEST_P(ConfigurationTest, SwitchesAtEveryKeystroke)
 {
     open({"Standard"});
     messages.take();
-    user->type("cboConfig", "It");
+    user->type("configuration", "It");
     EXPECT_EQ(messages.take().size(), 2); // no such configuration, twice; emptying the box does nothing
     EXPECT_TRUE(user->tree().isEmpty());
     user->press(Qt::Key_Return);
-    EXPECT_EQ(user->text("cboConfig"), "It"); // nothing is completed
-    QTest::keyClicks(user->control("cboConfig"), "'s");
+    EXPECT_EQ(user->text("configuration"), "It"); // nothing is completed
+    QTest::keyClicks(user->control("configuration"), "'s");
     expectBoxes({{"There is no line configuration\r\ndata to display."}});
-    EXPECT_EQ(user->text("Text1(0)"), "HDR");
-    QTest::keyClicks(user->control("cboConfig"), " ");
+    EXPECT_EQ(user->text("lineName"), "HDR");
+    QTest::keyClicks(user->control("configuration"), " ");
     EXPECT_EQ(user->tree(), QStringList("1 HDR"));
-    EXPECT_TRUE(user->items("Combo2(1)").isEmpty()); // compared with the blank
-    user->click("cmdRefresh");
-    EXPECT_EQ(user->text("cboConfig"), "Standard");
+    EXPECT_TRUE(user->items("lookup").isEmpty()); // compared with the blank
+    user->click("refresh");
+    EXPECT_EQ(user->text("configuration"), "Standard");
 }
 
 TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
@@ -74,12 +74,12 @@ TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
     messages.take();
     user->showPage(1);
     // The first that begins with the shown line's name.
-    EXPECT_EQ(user->texts({"Combo2(0)", "Text2(2)"}), "PID(1)|1");
-    QTest::keyClick(user->control("Combo2(0)"), Qt::Key_Down);
-    EXPECT_EQ(user->texts({"Combo2(0)", "Text2(2)"}), "OBR|2");
-    user->type("Combo2(0)", "obx(7)");
-    user->click("cmdClear"); // looks the typed text up, with and without its index
-    EXPECT_EQ(user->text("Text2(2)"), "3");
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "PID(1)|1");
+    QTest::keyClick(user->control("fieldLine"), Qt::Key_Down);
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "OBR|2");
+    user->type("fieldLine", "obx(7)");
+    user->click("clear"); // looks the typed text up, with and without its index
+    EXPECT_EQ(user->text("fieldMessageIndex"), "3");
 }
 
 TEST_P(ConfigurationTest, TellsWhyDataFieldsAreMissing)
@@ -90,20 +90,20 @@ TEST_P(ConfigurationTest, TellsWhyDataFieldsAreMissing)
     open();
     EXPECT_EQ(messages.take().size(), 1); // only that there are no fields
     database.run("INSERT INTO data_extractor_fields_config VALUES ('Standard', 'one more')");
-    user->click("cmdRefresh");
+    user->click("refresh");
     database.run("DROP TABLE data_extractor_fields_config");
-    user->click("cmdRefresh");
-    gCfgServer = "";
-    gCfgDatabase += ".missing";
-    user->click("cmdRefresh");
+    user->click("refresh");
+    session.configurationDatabase.server = "";
+    session.configurationDatabase.database += ".missing";
+    user->click("refresh");
     const QString notLoaded = "Could not load Data Fields.\r\nCould not open %1.\r\nReturn code: %2";
     expectBoxes(
-        {{"An unexpected error occurred while retrieving the\r\nData Fields configuration.  Some or all of "
-          "the\r\nData Fields may be missing from the list.\r\nError code: 6\r\nOverflow",
-          16},
-         {notLoaded.arg("recordset", "-2147217865"), 16},
-         {notLoaded.arg("the connection to the database", "-2147467259"), 16}});
-    EXPECT_EQ(user->items("Combo2(1)").size(), 32768); // what was loaded stays
+        {critical(
+             "An unexpected error occurred while retrieving the\r\nData Fields configuration.  Some or all "
+             "of the\r\nData Fields may be missing from the list.\r\nError code: 6\r\nOverflow"),
+         critical(notLoaded.arg("recordset", "-2147217865")),
+         critical(notLoaded.arg("the connection to the database", "-2147467259"))});
+    EXPECT_EQ(user->items("lookup").size(), 32768); // what was loaded stays
     EXPECT_EQ(user->tree().size(), 3);
 }
 
@@ -111,16 +111,16 @@ TEST_P(ConfigurationTest, ReloadsAfterAskingAboutChanges)
 {
     addField("OBR", 0, 2, 1, "Set ID");
     open({"It's", "Standard"});
-    changeMsgIndex("2 OBR", "9");
-    messages.answerWith(ui::answer::Cancel);
-    messages.answerWith(ui::answer::No);
-    user->click("cmdReload");
-    EXPECT_EQ(user->text("Text1(2)"), "9");
-    user->click("cmdReload");
+    changeMessageIndex("2 OBR", "9");
+    messages.answerWith(ui::Answer::Cancel);
+    messages.answerWith(ui::Answer::No);
+    user->click("reload");
+    EXPECT_EQ(user->text("lineMessageIndex"), "9");
+    user->click("reload");
     expectBoxes({saveChanges, saveChanges});
     EXPECT_EQ(user->tree(), QStringList({"1 PID(1)", "2 OBR", "  2.1 Set ID", "3 OBX(-1)"}));
     database.run("ALTER TABLE LabLineConfig RENAME TO gone");
-    user->click("cmdReload");
+    user->click("reload");
     expectBoxes(
         {{"An unexpected error occurred while reading the\r\ncurrent Line and Line Fields configuration."
           "\r\nNo current information is available and, if you\r\n'Save' this configuration, any current "
@@ -132,15 +132,15 @@ TEST_P(ConfigurationTest, ReloadsAfterAskingAboutChanges)
 TEST_P(ConfigurationTest, AsksBeforeLeaving)
 {
     open();
-    changeMsgIndex("2 OBR", "9");
-    messages.answerWith(ui::answer::Cancel);
+    changeMessageIndex("2 OBR", "9");
+    messages.answerWith(ui::Answer::Cancel);
     messages.take();
     user->press(Qt::Key_X, Qt::AltModifier);
     expectBoxes({saveChanges});
     EXPECT_TRUE(editor->isLoaded());
-    messages.answerWith(ui::answer::Yes);
+    messages.answerWith(ui::Answer::Yes);
     editor->surface()->close();
-    expectBoxes({saveChanges, summary(linesSaved, 0, 4), {"No records found to process."}});
+    expectBoxes({saveChanges, Box{summary(linesSaved, 0, 4)}, {"No records found to process."}});
     EXPECT_FALSE(editor->isLoaded());
     EXPECT_EQ(database.run("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), QStringList("9"));
 }

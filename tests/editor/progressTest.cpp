@@ -2,6 +2,9 @@
 
 #include "support/TdsServer.h"
 
+#include "editor/RunWindow.h"
+#include "storage/load.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -21,7 +24,7 @@ struct ProgressTest : EditorTest
         open();
         watch.callOnTimeout([this] {
             for (QWidget *window : QApplication::topLevelWidgets())
-                if (window->objectName() == "frmProgress" && window->isVisible())
+                if (window->objectName() == "progress" && window->isVisible())
                     whenShown(window);
         });
         watch.start(20);
@@ -43,36 +46,42 @@ TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
     for (int i = 1; i <= 40; ++i)
         storeLine(0, "Standard", QStringLiteral("L%1").arg(i), 0, -i);
     whenShown = [this](QWidget *window) {
-        EXPECT_EQ(window->findChild<QLabel *>("lblWhat")->text(), "Saving the lines");
-        EXPECT_TRUE(window->findChild<QLabel *>("lblCount")->text().endsWith(" of 40"));
-        const QWidget *exit = user->control("cmdExit"); // no other window listens
+        EXPECT_EQ(window->findChild<QLabel *>("what")->text(), "Saving the lines");
+        EXPECT_TRUE(window->findChild<QLabel *>("count")->text().endsWith(" of 40"));
+        const QWidget *exit = user->control("exit"); // no other window listens
         QTest::mouseClick(exit->window()->windowHandle(), Qt::LeftButton, {}, exit->geometry().center());
-        QTest::mouseClick(window->findChild<QAbstractButton *>("cmdStop"), Qt::LeftButton);
+        QTest::mouseClick(window->findChild<QAbstractButton *>("stop"), Qt::LeftButton);
     };
-    user->type("Text1(0)", "changed");
+    user->type("lineName", "changed");
     database.server()->setDelay(20);
-    user->click("cmdSave");
+    user->click("save");
     database.server()->setDelay(0);
     const int written = changedRows();
     EXPECT_GT(written, 0);
     EXPECT_LT(written, 40);
-    expectBoxes({summary(linesSaved, 40 - written, written), summary(fieldsSaved, 1, 0)});
+    expectBoxes({Box{summary(linesSaved, 40 - written, written)}, Box{summary(fieldsSaved, 1, 0)}});
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_TRUE(leavingAsks()); // what was not written is not forgotten
 
     whenShown = [](QWidget *) {};
-    user->click("cmdSave");
+    user->click("save");
     EXPECT_EQ(changedRows(), 40);
 }
 
-TEST_P(ProgressTest, StoppedLoadLeavesTheLinesAsTheyAre)
+TEST_P(ProgressTest, LeavesTheRecordsAsTheyAreWhenALoadIsStopped)
 {
     database.run("UPDATE LabLineConfig SET Name = 'Other'");
     database.server()->setDelay(500); // of each step that leads to the first row
-    whenShown = [](QWidget *window) { window->close(); };
-    EXPECT_EQ(GetLabLineConfig(result), 18);
-    EXPECT_EQ(LabLineTable[0].Name, "L1");
-    EXPECT_EQ(GetAllLabLineFieldsConfig(result), 0);
+    RunWindow run;
+    QString stopped = "Reading the lines";
+    whenShown = [&](QWidget *window) {
+        if (window->findChild<QLabel *>("what")->text() == stopped)
+            window->close();
+    };
+    EXPECT_EQ(loadAll(database.settings(), model, run), errors::UserInterrupt);
+    EXPECT_EQ(lines[0].name, "L1");
+    stopped = "Reading the fields";
+    EXPECT_EQ(loadAll(database.settings(), model, run), 0);
     expectBoxes({{"There was a problem retrieving the Line Field\r\n"
                   "configuration records.  Return code: 18"}});
 }

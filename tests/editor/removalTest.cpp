@@ -7,11 +7,11 @@ namespace {
 const QString confirm =
     "Are you sure that you want to PERMANENTLY\r\nremove this %1 from this configuration?\r\n"
     "Please select 'Yes' or 'No'";
-const Box confirmLine{confirm.arg("line"), 36, "Remove Line"};
-const Box confirmField{confirm.arg("field"), 36, "Remove Field"};
-const Box hasFields{"Can not remove line.\r\nThere are existing fields for this line.\r\nIf you want to "
-                    "remove this line, first\r\nremove any existing fields and then\r\nremove the line.",
-                    64};
+const Box confirmLine = question(confirm.arg("line"), "Remove Line");
+const Box confirmField = question(confirm.arg("field"), "Remove Field");
+const Box hasFields =
+    information("Can not remove line.\r\nThere are existing fields for this line.\r\nIf you want to "
+                "remove this line, first\r\nremove any existing fields and then\r\nremove the line.");
 const QString notRemoved = "An unexpected error occurred while removing this %1.\r\n"
                            "The data for this %1 may not be removed.";
 
@@ -30,21 +30,21 @@ struct RemovalTest : EditorTest
         open();
     }
 
-    void removeWith(int answer)
+    void removeWith(ui::Answer answer)
     {
         messages.answerWith(answer);
-        user->click("cmdDelete");
+        user->click("delete");
     }
 };
 
 TEST_P(RemovalTest, RemovesALineAndRenumbersTheRest)
 {
     user->clickNode("2 PID");
-    removeWith(ui::answer::Yes);
+    removeWith(ui::Answer::Yes);
     expectBoxes({confirmLine});
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Sep", "2 OBX(1)", "  2.1 Value", "  2.2 Value(2)"}));
-    EXPECT_EQ(user->text("Text1(0)"), "PID"); // the entries stay
-    EXPECT_EQ(lines(), QStringList({"MSH(0)=1", "OBX(1)=2"}));
+    EXPECT_EQ(user->text("lineName"), "PID"); // the entries stay
+    EXPECT_EQ(lineTexts(), QStringList({"MSH(0)=1", "OBX(1)=2"}));
     EXPECT_TRUE(leavingAsks());
 }
 
@@ -57,49 +57,49 @@ TEST_P(RemovalTest, RefusesALineThatHasFields)
         {"OBX", "2", noSuchLine}, {"OBX", "99999999999", noSuchLine},
         {"MSH", "1", noSuchLine}};
     for (const auto &[name, typedIndex, refusal] : refusals) {
-        user->fill({{"Text1(0)", name}, {"Text1(1)", typedIndex}});
-        removeWith(ui::answer::Yes);
+        user->fill({{"lineName", name}, {"lineIndex", typedIndex}});
+        removeWith(ui::Answer::Yes);
         expectBoxes({confirmLine, refusal});
     }
-    EXPECT_EQ(lines().size(), 3);
+    EXPECT_EQ(lineTexts().size(), 3);
 }
 
 TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
 {
     user->clickNode("3.2 Value(2)");
-    removeWith(ui::answer::No);
+    removeWith(ui::Answer::No);
     expectBoxes({confirmField});
-    EXPECT_EQ(fields().size(), 3);
-    removeWith(ui::answer::Yes);
+    EXPECT_EQ(fieldTexts().size(), 3);
+    removeWith(ui::Answer::Yes);
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Sep", "2 PID", "3 OBX(1)", "  3.1 Value"}));
     messages.take();
     for (const QString noSuchIndex : {"2", "2147483648"}) {
-        user->type("Text2(1)", noSuchIndex);
-        removeWith(ui::answer::Yes);
+        user->type("fieldIndex", noSuchIndex);
+        removeWith(ui::Answer::Yes);
         expectBoxes({confirmField, {notRemoved.arg("field")}});
     }
-    user->type("Text2(1)", ""); // reads as 0
-    removeWith(ui::answer::Yes);
-    EXPECT_EQ(fields(), QStringList("1.1 Sep"));
+    user->type("fieldIndex", ""); // reads as 0
+    removeWith(ui::Answer::Yes);
+    EXPECT_EQ(fieldTexts(), QStringList("1.1 Sep"));
     EXPECT_TRUE(leavingAsks());
 }
 
 TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
 {
     user->clickNode("1.1 Sep");
-    removeWith(ui::answer::Yes);
+    removeWith(ui::Answer::Yes);
     user->clickNode("1 MSH");
-    removeWith(ui::answer::Yes);
+    removeWith(ui::Answer::Yes);
     // Added and removed again between two saves: no row may stay behind.
-    user->fill({{"Text1(0)", "ZZZ"}, {"Text1(2)", "9"}});
-    user->click("cmdAdd");
+    user->fill({{"lineName", "ZZZ"}, {"lineMessageIndex", "9"}});
+    user->click("change");
     messages.take();
     user->press(Qt::Key_S, Qt::AltModifier);
-    expectBoxes({summary(linesDeleted, 0, 1), summary(linesSaved, 0, 3), summary(fieldsDeleted, 0, 1),
-                 summary(fieldsSaved, 0, 2)});
-    removeWith(ui::answer::Yes);
+    expectBoxes({Box{summary(linesDeleted, 0, 1)}, Box{summary(linesSaved, 0, 3)},
+                 Box{summary(fieldsDeleted, 0, 1)}, Box{summary(fieldsSaved, 0, 2)}});
+    removeWith(ui::Answer::Yes);
     EXPECT_TRUE(leavingAsks());
-    user->click("cmdSave");
+    user->click("save");
     EXPECT_EQ(database.run("SELECT Name, NameIndex, MsgIndex FROM LabLineConfig ORDER BY MsgIndex"),
               QStringList({"PID|0|1", "OBX|1|2"}));
     EXPECT_EQ(database.run("SELECT Name, MsgIndex, Position FROM LabLineFieldConfig ORDER BY Position"),
@@ -109,23 +109,24 @@ TEST_P(RemovalTest, DeletesTheRowsAtTheNextSave)
 
 TEST_P(RemovalTest, ClearsAPageAndProposesWhatComesNext)
 {
-    user->click("cmdClear");
-    EXPECT_EQ(user->texts({"Text1(0)", "Text1(1)", "Text1(2)"}), "||4");
-    EXPECT_EQ(user->focused(), "Text1(0)");
+    user->click("clear");
+    EXPECT_EQ(user->texts({"lineName", "lineIndex", "lineMessageIndex"}), "||4");
+    EXPECT_EQ(user->focused(), "lineName");
 
     user->clickNode("3.1 Value");
-    user->click("ckFixedLength");
-    user->click("cmdClear");
-    EXPECT_EQ(user->texts({"Combo2(0)", "Text2(2)", "Text2(5)", "Text2(0)", "Text2(4)"}), "OBX(1)|3|3||");
-    EXPECT_EQ(user->focused(), "Text2(0)");
-    EXPECT_FALSE(user->control("Text2(6)")->isEnabled());
+    user->click("fixedLength");
+    user->click("clear");
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex", "position", "fieldName", "constant"}),
+              "OBX(1)|3|3||");
+    EXPECT_EQ(user->focused(), "fieldName");
+    EXPECT_FALSE(user->control("length")->isEnabled());
 
     const std::pair<QString, QString> proposals[] = {{"PID", "1"}, {"OBX(1", "1"},    {"OBX(-1)", ""},
                                                      {"(1)", ""},  {"OBX(9e99)", ""}, {"OBX", "1"}};
     for (const auto &[line, position] : proposals) {
-        user->type("Combo2(0)", line);
-        user->click("cmdClear");
-        EXPECT_EQ(user->texts({"Combo2(0)", "Text2(5)"}), line + '|' + position);
+        user->type("fieldLine", line);
+        user->click("clear");
+        EXPECT_EQ(user->texts({"fieldLine", "position"}), line + '|' + position);
     }
 }
 

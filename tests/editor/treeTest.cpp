@@ -9,14 +9,16 @@ TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
     addLine("MSH", 0, 1);
     addLine("PID", 2, 1);
     addField("MSH", 0, 1, 1, "Separator");
-    messages.answerWith(ui::answer::Yes);
+    messages.answerWith(ui::Answer::Yes);
     open();
-    expectBoxes({{"A node with this message index already esists.\r\nDo you wish to update this node?", 36}});
+    expectBoxes(
+        {question("A node with this message index already esists.\r\nDo you wish to update this node?",
+                  "Configuration")});
     EXPECT_EQ(user->tree(), QStringList({"1 PID(2)", "  1.1 Separator"}));
     user->clickNode("1 PID(2)");
-    EXPECT_EQ(user->text("Text1(0)"), "PID");
-    messages.answerWith(ui::answer::No);
-    user->click("cmdRefresh");
+    EXPECT_EQ(user->text("lineName"), "PID");
+    messages.answerWith(ui::Answer::No);
+    user->click("refresh");
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Separator"}));
 }
 
@@ -41,22 +43,22 @@ TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
         "ValidationString = '30', FormatString = 'fmt', LookupString = 'look' WHERE NameIndex = 3");
     open();
     user->clickNode("2 A (b(2)");
-    EXPECT_EQ(user->texts({"Text1(0)", "Text1(1)", "Text1(2)"}), "A (b|2|2");
+    EXPECT_EQ(user->texts({"lineName", "lineIndex", "lineMessageIndex"}), "A (b|2|2");
     user->clickNode("1 MSH");
     user->clickNode("2.8 Name (x) (y)(3)");
-    EXPECT_EQ(user->text("Text1(0)"), "A (b"); // the field's own line
-    EXPECT_EQ(user->texts({"Text2(0)", "Text2(1)", "Combo2(0)", "Text2(2)", "Combo2(1)", "Text2(3)",
-                           "Text2(4)", "Text2(5)", "Text2(6)", "Text2(7)"}),
+    EXPECT_EQ(user->text("lineName"), "A (b"); // the field's own line
+    EXPECT_EQ(user->texts({"fieldName", "fieldIndex", "fieldLine", "fieldMessageIndex", "lookup", "format",
+                           "constant", "position", "length", "characterPosition"}),
               "Name (x) (y)|3|A (b(2)|2|look|fmt|x|8|12|30");
-    EXPECT_TRUE(user->control("Text2(6)")->isEnabled());
+    EXPECT_TRUE(user->control("length")->isEnabled());
     user->clickNode("2.7 Name (x) (y)");
-    EXPECT_EQ(user->texts({"Text2(1)", "Text2(6)"}), "0|12"); // the length is left, and disabled
-    EXPECT_FALSE(user->control("Text2(6)")->isEnabled());
-    LabLineFldTable.clear();
-    LabLineTable.clear(); // what has no record any more empties its page
+    EXPECT_EQ(user->texts({"fieldIndex", "length"}), "0|12"); // the length is left, and disabled
+    EXPECT_FALSE(user->control("length")->isEnabled());
+    fields.clear();
+    lines.clear(); // what has no record any more empties its page
     user->clickNode("2.8 Name (x) (y)(3)");
     user->clickNode("1 MSH");
-    EXPECT_EQ(user->texts({"Text1(0)", "Text2(0)"}), "|");
+    EXPECT_EQ(user->texts({"lineName", "fieldName"}), "|");
 }
 
 TEST_P(TreeTest, WorksWithoutAMouse)
@@ -64,14 +66,14 @@ TEST_P(TreeTest, WorksWithoutAMouse)
     addLine("MSH", 0, 1);
     addField("MSH", 0, 1, 1, "Separator");
     open();
-    user->type("Text1(0)", "typed over");
-    user->control("tvLines")->setFocus();
+    user->type("lineName", "typed over");
+    user->control("tree")->setFocus();
     user->press(Qt::Key_Return); // the node that the focus came to
-    EXPECT_EQ(user->text("Text1(0)"), "MSH");
+    EXPECT_EQ(user->text("lineName"), "MSH");
     user->press(Qt::Key_Down);
-    EXPECT_EQ(user->text("Text2(0)"), "Separator");
+    EXPECT_EQ(user->text("fieldName"), "Separator");
     user->press(Qt::Key_F, Qt::AltModifier);
-    EXPECT_TRUE(user->control("Text2(0)")->isVisible());
+    EXPECT_TRUE(user->control("fieldName")->isVisible());
     user->press(Qt::Key_F12);
     EXPECT_EQ(ui::Window::loadedWindows().size(), 2U); // the data display
 }

@@ -11,23 +11,34 @@
 
 #include <utility>
 
+namespace varnow::ui {
+
+inline void PrintTo(const MessageBox &box, std::ostream *out)
+{
+    *out << "[" << qPrintable(box.title) << ", icon " << int(box.icon) << ", buttons " << int(box.buttons)
+         << "] " << qPrintable(box.text);
+}
+
+} // namespace varnow::ui
+
 namespace varnow::test {
 
-/// One message box as the user would have seen it.
-struct Box
-{
-    QString prompt;
-    int style = 0;
-    QString title = QStringLiteral("Configuration");
-
-    bool operator==(const Box &) const = default;
-};
-
+using Box = ui::MessageBox;
 using Boxes = QList<Box>;
 
-inline void PrintTo(const Box &box, std::ostream *out)
+inline Box information(const QString &text, const QString &title = "Configuration")
 {
-    *out << "[" << qPrintable(box.title) << ", style " << box.style << "] " << qPrintable(box.prompt);
+    return {text, title, ui::Icon::Information};
+}
+
+inline Box critical(const QString &text, const QString &title = "Configuration")
+{
+    return {text, title, ui::Icon::Critical};
+}
+
+inline Box question(const QString &text, const QString &title, ui::Buttons buttons = ui::Buttons::YesNo)
+{
+    return {text, title, ui::Icon::Question, buttons};
 }
 
 /// Records every message box while it lives, and answers in place of the user: questions as told, the rest
@@ -35,12 +46,7 @@ inline void PrintTo(const Box &box, std::ostream *out)
 class MessageLog
 {
 public:
-    MessageLog()
-        : m_before(ui::setMessageBoxHandler([this](const QString &prompt, int style, const QString &title) {
-            return show({prompt, style, title});
-        }))
-    {
-    }
+    MessageLog() : m_before(ui::setMessageBoxHandler([this](const Box &box) { return show(box); })) {}
 
     ~MessageLog()
     {
@@ -50,26 +56,25 @@ public:
     Q_DISABLE_COPY(MessageLog)
 
     /// Answers the next question that has no answer yet.
-    void answerWith(int answer) { m_answers += answer; }
+    void answerWith(ui::Answer answer) { m_answers += answer; }
 
     /// The boxes shown since the last call.
     Boxes take() { return std::exchange(m_boxes, {}); }
 
 private:
-    int show(const Box &box)
+    ui::Answer show(const Box &box)
     {
         m_boxes += box;
-        constexpr int buttons = 15;
-        if ((box.style & buttons) == ui::style::OkOnly)
-            return ui::answer::Ok;
+        if (box.buttons == ui::Buttons::Ok)
+            return ui::Answer::Ok;
         if (!m_answers.empty())
             return m_answers.takeFirst();
         ADD_FAILURE() << "Unexpected question: " << testing::PrintToString(box);
-        return ui::answer::Cancel;
+        return ui::Answer::Cancel;
     }
 
     Boxes m_boxes;
-    QList<int> m_answers;
+    QList<ui::Answer> m_answers;
     ui::MessageBoxHandler m_before;
 };
 

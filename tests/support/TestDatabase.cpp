@@ -1,6 +1,5 @@
 #include "support/TestDatabase.h"
 
-#include "startup/modGlobals.h"
 #include "support/TdsServer.h"
 
 #include <QDir>
@@ -10,12 +9,6 @@
 #include <sqlite3.h>
 
 namespace varnow::test {
-
-QList<QString *> connectionValues()
-{
-    return {&gCfgServer,     &gCfgDatabase,     &gCfgUser,     &gCfgPassword,
-            &gVelmoraServer, &gVelmoraDatabase, &gVelmoraUser, &gVelmoraPassword};
-}
 
 namespace {
 
@@ -37,21 +30,17 @@ TestDatabase::TestDatabase(Engine engine, bool sample) : m_folder(folderPattern(
     if (sample)
         runFile("sample.sql");
 
-    QStringList values{"(sqlite)", file(), "tester", "secret"};
+    m_settings = {"(sqlite)", file(), "tester", "secret"};
     if (engine == Engine::SqlServer) {
         m_server = std::make_unique<TdsServer>(file());
-        values = QStringList{QStringLiteral("127.0.0.1,%1").arg(m_server->port()), "Configurations"} +
-                 values.mid(2);
+        m_settings.server = QStringLiteral("127.0.0.1,%1").arg(m_server->port());
+        m_settings.database = "Configurations";
     }
-    for (int i = 0; i < 8; ++i)
-        *connectionValues()[i] = values[i % 4];
 }
 
 TestDatabase::~TestDatabase()
 {
     sqlite3_close(m_connection);
-    for (QString *value : connectionValues())
-        value->clear();
 }
 
 QStringList TestDatabase::run(const QString &sql)

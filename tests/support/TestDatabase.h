@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QList>
+#include "db/ConnectionSettings.h"
+
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -31,18 +32,16 @@ inline void PrintTo(Engine engine, std::ostream *out)
     *out << (engine == Engine::Sqlite ? "Sqlite" : "SqlServer");
 }
 
-/// The program's connection values: server, database, user, password of the configuration database, then of
-/// the main application's.
-QList<QString *> connectionValues();
-
 /// A database made from sql/schema.sql in a folder of its own, gone with this object.
-/// While it lives, gCfg… and gVelmora… lead to it.
 class TestDatabase
 {
 public:
     /// With `sample` the rows of sql/sample.sql are loaded too, else the tables are empty.
     explicit TestDatabase(Engine engine = Engine::Sqlite, bool sample = false);
     ~TestDatabase();
+
+    /// What leads the program to it.
+    const db::ConnectionSettings &settings() const { return m_settings; }
 
     /// Runs statements on the tables directly, past the program, and returns every row as its values joined
     /// by "|", with "NULL" for Null. Fails the test on an error.
@@ -59,6 +58,7 @@ private:
     QTemporaryDir m_folder;
     sqlite3 *m_connection = nullptr;
     std::unique_ptr<TdsServer> m_server;
+    db::ConnectionSettings m_settings;
 };
 
 } // namespace varnow::test

@@ -3,15 +3,15 @@
 
 #include <gtest/gtest.h>
 
-/// Runs the tests of one room. A message box that no test expects would wait for a user for ever, so it fails
-/// the test instead.
+/// Runs the tests of one room with windows. A message box that no test expects would wait for a user for
+/// ever, so it fails the test instead.
 int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const varnow::ui::Application application(argc, argv);
-    varnow::ui::setMessageBoxHandler([](const QString &prompt, int, const QString &title) {
-        ADD_FAILURE() << "Unexpected message box: " << qPrintable(title) << ": " << qPrintable(prompt);
-        return varnow::ui::answer::Ok;
+    varnow::ui::setMessageBoxHandler([](const varnow::ui::MessageBox &box) {
+        ADD_FAILURE() << "Unexpected message box: " << qPrintable(box.title) << ": " << qPrintable(box.text);
+        return varnow::ui::Answer::Ok;
     });
     return RUN_ALL_TESTS();
 }

@@ -2,12 +2,11 @@
 #include "support/errorOf.h"
 #include "support/printing.h"
 
-#include "ui/Application.h"
+#include "base/RuntimeError.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Frame.h"
 #include "ui/ListBox.h"
-#include "ui/MessageBox.h"
 #include "ui/TabControl.h"
 #include "ui/TextBox.h"
 #include "ui/TreeView.h"
@@ -15,9 +14,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListView>
-#include <QMessageBox>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QWheelEvent>
 
@@ -37,10 +34,10 @@ struct Form : ui::Window
         text.onLostFocus = [this] { log += "text left"; };
         combo.onChange = [this] { log += "combo change " + combo.text(); };
         combo.onClick = [this] { log += "combo click " + combo.text(); };
-        check.onClick = [this] { log += "check " + QString::number(check.value()); };
+        check.onClick = [this] { log += check.isTicked() ? "ticked" : "cleared"; };
         left.onClick = [this] { log += "left"; };
         button.onClick = [this] { log += "button, focus on " + QApplication::focusWidget()->objectName(); };
-        tabs.onClick = [this](int previous) { log += "page after " + QString::number(previous); };
+        tabs.onClick = [this] { log += "page " + QString::number(tabs.currentPage()); };
         setFocusOrder({&combo, &text, &button});
     }
 
@@ -54,9 +51,9 @@ struct Form : ui::Window
     ui::CheckBox check{frame, "check", "Check", {100, 300, 1500, 300}};
     ui::OptionButton right{frame, "right", "Right", {100, 700, 1500, 300}};
     ui::OptionButton left{frame, "left", "Left", {100, 1100, 1500, 300}};
-    ui::TabControl tabs{*this, "tabs", {"&One", "&Two"}, {0, 2200, 5000, 2000}};
-    ui::TextBox onFirst{tabs.page(0), "onFirst", {100, 700, 1000, 315}};
-    ui::TextBox onSecond{tabs.page(1), "onSecond", {200, 700, 1000, 315}};
+    ui::TabControl tabs{*this, "tabs", {0, 2200, 5000, 2000}};
+    ui::TextBox onFirst{tabs.addPage("&One"), "onFirst", {100, 700, 1000, 315}};
+    ui::TextBox onSecond{tabs.addPage("&Two"), "onSecond", {200, 700, 1000, 315}};
     ui::TreeView tree{*this, "tree", {0, 4200, 2000, 1700}};
     ui::ListBox list{*this, "list", {2000, 4200, 2000, 1700}};
 };
@@ -67,6 +64,12 @@ struct ControlsTest : testing::Test
     Driver user{form};
 };
 
+using ButtonTest = ControlsTest;
+using ComboBoxTest = ControlsTest;
+using ListBoxTest = ControlsTest;
+using TabControlTest = ControlsTest;
+using TreeViewTest = ControlsTest;
+
 } // namespace
 
 TEST_F(ControlsTest, RunsHandlersBeforeTheSetterReturnsAndOnlyForAChange)
@@ -75,21 +78,21 @@ TEST_F(ControlsTest, RunsHandlersBeforeTheSetterReturnsAndOnlyForAChange)
     for (int twice = 0; twice < 2; ++twice) {
         form.text.setText(whole);
         form.combo.setText(whole);
-        form.check.setValue(2);
+        form.check.setTicked(true);
         form.left.choose();
         form.tabs.setCurrentPage(1);
     }
     EXPECT_EQ(form.takeLog(),
-              QStringList({"text change", "combo change " + whole, "check 2", "left", "page after 0"}));
+              QStringList({"text change", "combo change " + whole, "ticked", "left", "page 1"}));
     EXPECT_EQ(form.text.text(), whole);
     form.right.choose();
-    EXPECT_FALSE(form.left.value());
-    user.click("check"); // grayed, then clicked: the user never makes it gray again
+    EXPECT_FALSE(form.left.isChosen());
     user.click("check");
-    EXPECT_EQ(form.takeLog(), QStringList({"check 0", "check 1"}));
+    user.click("check");
+    EXPECT_EQ(form.takeLog(), QStringList({"cleared", "ticked"}));
 }
 
-TEST_F(ControlsTest, ComboBoxKeepsWhatIsTyped)
+TEST_F(ComboBoxTest, KeepsWhatIsTyped)
 {
     form.combo.setText("kept");
     form.takeLog();
@@ -113,7 +116,7 @@ TEST_F(ControlsTest, ComboBoxKeepsWhatIsTyped)
     EXPECT_EQ(form.combo.text(), "Apple");
 }
 
-TEST_F(ControlsTest, ComboBoxTellsOnceOfAChosenItem)
+TEST_F(ComboBoxTest, TellsOnceOfAChosenItem)
 {
     for (const QString item : {"one", "two", "three"})
         form.combo.addItem(item);
@@ -128,7 +131,7 @@ TEST_F(ControlsTest, ComboBoxTellsOnceOfAChosenItem)
     EXPECT_EQ(form.combo.text(), "one");
 }
 
-TEST_F(ControlsTest, AccessKeyTakesTheFocusAlong)
+TEST_F(ButtonTest, TakesTheFocusAlongByItsAccessKey)
 {
     user.control("text")->setFocus();
     user.press(Qt::Key_B, Qt::AltModifier);
@@ -137,7 +140,7 @@ TEST_F(ControlsTest, AccessKeyTakesTheFocusAlong)
     EXPECT_EQ(form.takeLog(), QStringList("button, focus on button"));
 }
 
-TEST_F(ControlsTest, HiddenPageStandsFarLeftAndTakesNoFocus)
+TEST_F(TabControlTest, PutsTheHiddenPageFarLeftWithoutFocus)
 {
     EXPECT_FLOAT_EQ(form.onSecond.left(), 200 - 75000);
     user.control("onFirst")->setFocus();
@@ -149,7 +152,7 @@ TEST_F(ControlsTest, HiddenPageStandsFarLeftAndTakesNoFocus)
     EXPECT_FALSE(user.control("onFirst")->isVisible());
 }
 
-TEST_F(ControlsTest, TreeKeepsNodesByKeyAndPlace)
+TEST_F(TreeViewTest, KeepsNodesByKeyAndPlace)
 {
     ui::TreeView &tree = form.tree;
     const int a = tree.addRoot("a", "A");
@@ -157,52 +160,54 @@ TEST_F(ControlsTest, TreeKeepsNodesByKeyAndPlace)
     const int child = tree.addChild(tree.addAfter(a, "b", "B"), "b.1", "B1");
     EXPECT_EQ(user.tree(), QStringList({"A", "B", "  B1", "C"}));
     EXPECT_EQ(tree.node("b.1"), child);
-    EXPECT_EQ(errorOf([&] { tree.node("missing"); }), 35601);
+    EXPECT_EQ(errorOf([&] { tree.node("missing"); }), errors::ElementNotFound);
     tree.clear();
     EXPECT_EQ(tree.find("a"), ui::TreeView::none);
 }
 
-TEST_F(ControlsTest, TreeUpdateScrollsOnceToTheLastNodeShown)
+TEST_F(TreeViewTest, ScrollsOnceToTheLastNodeShownWhenFilled)
 {
-    form.tree.beginUpdate();
-    for (int i = 0; i < 200; ++i) {
-        const QString key = QString::number(i);
-        form.tree.ensureVisible(form.tree.addChild(form.tree.addRoot(key, key), key + ".1", "child"));
+    {
+        const ui::TreeView::Filling filling(form.tree);
+        for (int i = 0; i < 200; ++i) {
+            const QString key = QString::number(i);
+            form.tree.ensureVisible(form.tree.addChild(form.tree.addRoot(key, key), key + ".1", "child"));
+        }
     }
-    form.tree.endUpdate();
     QTreeWidget *widget = user.treeWidget();
     EXPECT_TRUE(widget->viewport()->rect().contains(
         widget->visualItemRect(widget->topLevelItem(199)->child(0)).center()));
     EXPECT_TRUE(widget->updatesEnabled());
 }
 
-TEST(MessageBoxTest, ShowsButtonsIconDefaultAndPlainText)
+// A search that minds case or blanks where it must not, or ignores them where it must not; an item other
+// than the first; a blank text that finds a blank item, or falls back to the combo box's text.
+TEST_F(ControlsTest, FindsTheFirstItemThatMatches)
 {
-    const auto press = [](Qt::Key key, int style, QMessageBox::Icon icon) {
-        QTimer::singleShot(0, [=] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->text(), "<b>&\tx</b>");
-            EXPECT_EQ(box->textFormat(), Qt::PlainText);
-            EXPECT_EQ(box->icon(), icon);
-            EXPECT_EQ(ui::screenPointer(), 0);
-            QTest::keyClick(box, key);
-        });
-        return ui::showMessageBox("<b>&\tx</b>", style, "Title");
+    for (const char *item : {"Alpha", " beta ", "ALPHABET", "alpha", "\u00c4rger", ""}) {
+        form.list.addItem(item);
+        form.combo.addItem(item);
+    }
+    form.combo.setText("alphabet");
+    const struct
+    {
+        QString text;
+        int whole, prefix;
+    } cases[] = {
+        {"alpha", 0, 3},       {"  ALPHABET ", 2, 2}, {"beta", -1, -1}, // the item begins with a blank
+        {"Al", -1, 0},         {"\tAlpha", -1, -1},   {"\u00e4RGER", 4, -1}, {"al", -1, 3},
+        {"Alphabets", -1, -1}, {"", -1, -1},          {"  ", -1, -1},
     };
-    const auto before = ui::setMessageBoxHandler({});
-    ui::setScreenPointer(11);
-    EXPECT_EQ(press(Qt::Key_Return, 0, QMessageBox::NoIcon), 1);
-    EXPECT_EQ(press(Qt::Key_Escape, 16, QMessageBox::Critical), 1);
-    EXPECT_EQ(press(Qt::Key_Return, 36, QMessageBox::Question), 6);
-    EXPECT_EQ(press(Qt::Key_Return, 547, QMessageBox::Question), 2);
-    EXPECT_EQ(press(Qt::Key_Escape, 547, QMessageBox::Question), 2);
-    EXPECT_EQ(ui::screenPointer(), 11); // the work goes on
-    ui::setScreenPointer(0);
-    ui::setMessageBoxHandler(before);
+    for (const auto &[text, whole, prefix] : cases) {
+        SCOPED_TRACE(qPrintable(text));
+        for (const auto *control : std::initializer_list<const ui::ListControl *>{&form.list, &form.combo}) {
+            EXPECT_EQ(control->findItem(text, ui::ItemMatch::Whole), whole);
+            EXPECT_EQ(control->findItem(text, ui::ItemMatch::Prefix), prefix);
+        }
+    }
 }
 
-TEST_F(ControlsTest, ListBoxIsAsWideAsTheLongestOfManyRows)
+TEST_F(ListBoxTest, IsAsWideAsTheLongestOfManyRows)
 {
     for (int i = 0; i < 100'000; ++i)
         form.list.addItem(i == 70'000 ? QString(500, u'W') : QString::number(i));

@@ -1,0 +1,120 @@
+#include "app/start.h"
+
+#include "app/commandLine.h"
+#include "base/guarded.h"
+#include "base/text.h"
+#include "editor/EditorWindow.h"
+#include "signin/SignInDialog.h"
+#include "storage/catalogue.h"
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+
+namespace varnow {
+
+namespace {
+
+void refuse(const QString &text)
+{
+    ui::show({.text = text, .icon = ui::Icon::Critical});
+}
+
+/// Asks for the settings of one database. Returns whether the start can go on; if not, says why.
+bool signIn(DatabaseRole role, db::ConnectionSettings &settings)
+{
+    const SignIn answer = SignInDialog(role).ask();
+    settings = answer.settings;
+    const auto end = [](const QString &reason) {
+        refuse(reason + lineBreak + "The configuration cannot continue.");
+        return false;
+    };
+    switch (answer.outcome) {
+    case SignIn::Outcome::Accepted:
+        return true;
+    case SignIn::Outcome::Canceled:
+        return end("The database login was canceled.");
+    case SignIn::Outcome::Unreadable:
+        return end("There was a serious problem with the supplied data.");
+    }
+    Q_UNREACHABLE();
+}
+
+void tellSubstitution(DefaultConfiguration::Problem problem)
+{
+    const auto tell = [](const QString &firstLine, const QString &secondLine) {
+        ui::show({.text = firstLine + lineBreak + secondLine, .icon = ui::Icon::Information});
+    };
+    switch (problem) {
+    case DefaultConfiguration::Problem::None:
+        return;
+    case DefaultConfiguration::Problem::QueryFailed:
+        return tell("An unexpected problem with the database prevented reading",
+                    "the default configuration name, substituting 'Standard'.");
+    case DefaultConfiguration::Problem::NoRow:
+        return tell("No data was returned from the database for the default ",
+                    "configuration name, substituting 'Standard'.");
+    case DefaultConfiguration::Problem::Blank:
+        return tell("The default configuration name is missing,", "substituting 'Standard'.");
+    case DefaultConfiguration::Problem::Unreadable:
+        return tell("An unexpected error occurred while reading the database",
+                    "for the default configuration name, substituting 'Standard'.");
+    }
+}
+
+/// Reads the names of the configurations and the one to begin with. Returns whether the start can go on; if
+/// not, says why.
+bool loadCatalogue(Session &session)
+{
+    const auto load = [&] {
+        session.configurationNames = loadConfigurationNames(session.configurationDatabase);
+        return true;
+    };
+    const auto report = [](const RuntimeError &) {
+        ui::show({"An unexpected error occurred while getting the configuration names."});
+        ui::show(
+            {"There was an unexpected error loading configuration data," + lineBreak + "cannot continue."});
+        return false;
+    };
+    if (!guarded(load, report))
+        return false;
+    const DefaultConfiguration first = loadDefaultConfiguration(session.configurationDatabase);
+    tellSubstitution(first.problem);
+    session.defaultConfiguration = first.name;
+    return true;
+}
+
+} // namespace
+
+int start(const QString &argumentText, Session &session, Model &model)
+{
+    const QStringList words = splitWords(argumentText);
+    if (!words.isEmpty() && words.size() < commandLineWords) {
+        refuse(partialCommandLineMessage());
+        return exitCodes::Usage;
+    }
+    if (!words.isEmpty())
+        takeConnectionSettings(words, session);
+    else if (!signIn(DatabaseRole::Configuration, session.configurationDatabase) ||
+             !signIn(DatabaseRole::Velmora, session.velmoraDatabase))
+        return exitCodes::Failure;
+
+    if (!loadCatalogue(session))
+        return exitCodes::Failure;
+    EditorWindow editor(session, model);
+    editor.show();
+    ui::runUntilNoWindowIsLoaded();
+    return exitCodes::Success;
+}
+
+int runProgram(int argc, char **argv)
+{
+    const QString argumentText = takeArgumentText(argc, argv);
+    if (printInformation(argumentText))
+        return exitCodes::Success;
+    int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
+    const ui::Application application(toolkitArguments, argv);
+    Session session;
+    Model model;
+    return start(argumentText, session, model);
+}
+
+} // namespace varnow

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariant>
+
+#include <functional>
+
+namespace varnow::db {
+
+/// Told about every row that arrives. Returning false stops the statement with errors::UserInterrupt.
+using RowObserver = std::function<bool()>;
+
+/// The rows of a query, fetched whole, and a current row that moves forward.
+/// That of a statement without a result is closed: it raises errors::ResultSetClosed whatever is asked of it.
+class ResultSet
+{
+public:
+    /// A closed one.
+    ResultSet() = default;
+    /// An open one; `cells` holds the values row by row, a null QVariant for Null.
+    ResultSet(QStringList columns, QVariantList cells);
+
+    bool isOpen() const { return m_open; }
+    /// Number of rows of the result.
+    int rowCount() const;
+    /// True when no row is left to read.
+    bool atEnd() const;
+    /// Makes the next row current. Raises errors::NoCurrentRow at the end.
+    void moveNext();
+
+    /// Position of the column with this name, letter case ignored. Raises errors::NoSuchColumn
+    /// when there is none.
+    int column(const QString &name) const;
+    /// Value of the current row: a null QVariant for Null, else an integer (qlonglong), a double,
+    /// a QDateTime or a QString. Raises errors::NoCurrentRow at the end and
+    /// errors::NoSuchColumn for a position outside the row.
+    const QVariant &value(int column) const;
+    const QVariant &value(const QString &name) const { return value(column(name)); }
+
+private:
+    void requireOpen() const;
+
+    bool m_open = false;
+    QStringList m_columns;
+    QVariantList m_cells;    // row by row
+    qsizetype m_current = 0; // index of the current row's first cell
+};
+
+} // namespace varnow::db

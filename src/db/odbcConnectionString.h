@@ -1,0 +1,19 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+
+#include <QString>
+
+namespace varnow::db {
+
+/// The ODBC connection string that leads SQLite's driver to an existing file; it waits `timeout` seconds
+/// for a lock. Raises codes::Failure for a file that is missing, no database, or not to be named to the
+/// driver.
+QString sqliteConnectionString(const ConnectionSettings &settings, int timeout);
+
+/// The ODBC connection string for SQL Server through the registered driver of this name. Server and database
+/// are taken without blanks around them. Raises codes::Failure for a server name that makes no sense or a
+/// value not to be named to the driver.
+QString sqlServerConnectionString(const ConnectionSettings &settings, const QString &driver);
+
+} // namespace varnow::db

@@ -1,0 +1,287 @@
+#include "editor/EditorWindow.h"
+
+#include "base/guarded.h"
+#include "base/text.h"
+#include "editor/RunWindow.h"
+#include "listing/ListingWindow.h"
+#include "storage/load.h"
+#include "storage/save.h"
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+
+namespace varnow {
+
+namespace {
+
+constexpr float margin = 120; // around the window and between its parts
+constexpr float minimumWidth = 7700;
+constexpr float minimumHeight = 7900;
+
+} // namespace
+
+EditorWindow::EditorWindow(Session &session, Model &model)
+    : ui::Window("editor", "Lines Configuration", 9735, 6285), m_state{session, model, m_configuration}
+{
+    m_tabs.setAccessibleName("Entry pages");
+    m_tree.setAccessibleName("Lines and fields");
+    connectControls();
+    arrangeFocus();
+}
+
+EditorWindow::~EditorWindow() = default;
+
+void EditorWindow::connectControls()
+{
+    m_state.onLinesChanged = [this] { m_fieldPage.listLines(); };
+    m_configuration.onChange = m_configuration.onClick = [this] { switchConfiguration(); };
+    m_tabs.onClick = [this] { turnPage(); };
+    m_tree.onLineClick = [this](const QString &name, int nameIndex) {
+        m_tabs.setCurrentPage(0);
+        m_linePage.show(name, nameIndex);
+    };
+    m_tree.onFieldClick = [this](const QString &name, int nameIndex) { showField(name, nameIndex); };
+    m_clear.onClick = [this] { shownPage().clear(); };
+    m_change.onClick = [this] { change(); };
+    m_delete.onClick = [this] { removeShown(); };
+    m_refresh.onClick = [this] { refresh(); };
+    m_reload.onClick = [this] { reload(); };
+    m_save.onClick = [this] { save(); };
+    m_exit.onClick = [this] { unload(); };
+    onLoad = [this] { loadWindow(); };
+    onResize = [this] { layOut(); };
+    onCloseRequest = [this] { return closeRequested(); };
+    onDoubleClick = [this] { accessDataDisplay(); };
+    setKey("F12", [this] { showDataDisplay(); }); // the way without a mouse
+}
+
+void EditorWindow::arrangeFocus()
+{
+    std::vector<ui::Control *> order{&m_configuration, &m_tabs};
+    const auto add = [&order](const std::vector<ui::Control *> &controls) {
+        order.insert(order.end(), controls.begin(), controls.end());
+    };
+    for (EntryPage *page : m_state.pages)
+        add(page->focusOrder());
+    add({&m_change, &m_delete, &m_save, &m_clear, &m_refresh, &m_reload, &m_exit, &m_tree});
+    for (EntryPage *page : m_state.pages)
+        add(page->focusOrderBehindTree());
+    setFocusOrder(order);
+}
+
+void EditorWindow::loadWindow()
+{
+    for (EntryPage *page : m_state.pages)
+        page->empty();
+    loadRecords({"continue, any current information will be lost."});
+    listConfigurations();
+    selectDefaultConfiguration();
+    m_fieldPage.followFixedLength();
+    m_tabs.setCurrentPage(0);
+    m_tree.showFirst();
+    m_state.changesMade = false;
+}
+
+ui::CloseDecision EditorWindow::closeRequested()
+{
+    const ui::CloseDecision decision = promptToSave();
+    if (decision == ui::CloseDecision::Close)
+        unloadAll();
+    return decision;
+}
+
+void EditorWindow::layOut()
+{
+    if (isMinimised())
+        return;
+    const ui::TabControl::PaintingPaused paused(m_tabs);
+    enforceMinimumSize(minimumWidth, minimumHeight);
+
+    const ui::Label &label = m_configuration.label;
+    const float labelGap = 30;
+    const float left = (innerWidth() - (m_configuration.width() + label.width() + labelGap)) / 2;
+    m_configuration.label.move(left, (m_configuration.height() - label.height()) / 2 + margin);
+    m_configuration.move(left + label.width() + labelGap, margin);
+
+    const float wide = innerWidth() - 2 * margin;
+    const float band =
+        (innerHeight() - (m_configuration.height() + m_refresh.height() + m_exit.height() + 6 * margin)) / 2;
+    m_tabs.move({margin, m_configuration.height() + 2 * margin, wide, band});
+
+    const float firstRow = m_tabs.top() + m_tabs.height() + margin;
+    m_clear.move(margin, firstRow);
+    m_change.move(m_clear.left() + m_clear.width(), firstRow);
+    m_delete.move(m_change.left() + m_change.width(), firstRow);
+    m_refresh.move(innerWidth() - (m_refresh.width() + margin), firstRow);
+
+    m_tree.move({margin, firstRow + m_clear.height() + margin, wide, band});
+
+    const float secondRow = m_tree.top() + m_tree.height() + margin;
+    m_reload.move(margin, secondRow);
+    m_save.move(m_reload.left() + m_reload.width(), secondRow);
+    m_exit.move(innerWidth() - (m_exit.width() + margin), secondRow);
+
+    for (EntryPage *page : m_state.pages)
+        page->layOut();
+    m_tabs.hideOtherPages();
+}
+
+void EditorWindow::accessDataDisplay()
+{
+    if (m_dataDisplayIsArmed)
+        showDataDisplay();
+    m_dataDisplayIsArmed = !m_dataDisplayIsArmed;
+}
+
+void EditorWindow::showDataDisplay()
+{
+    if (!m_dataDisplay)
+        m_dataDisplay = std::make_unique<ListingWindow>(m_state.model);
+    m_dataDisplay->show();
+}
+
+void EditorWindow::turnPage()
+{
+    const ui::Hourglass hourglass;
+    EntryPage &shown = shownPage();
+    for (EntryPage *page : m_state.pages) {
+        if (page != &shown)
+            page->turnedAway();
+    }
+    shown.turnedTo();
+}
+
+void EditorWindow::showField(const QString &name, int nameIndex)
+{
+    m_tabs.setCurrentPage(1);
+    if (const std::optional<Field> field = m_fieldPage.show(name, nameIndex))
+        m_linePage.show(field->line, field->lineIndex);
+}
+
+void EditorWindow::change()
+{
+    const ui::Hourglass hourglass;
+    EntryPage &page = shownPage();
+    const std::optional<QString> nodeKey = page.store();
+    if (!nodeKey)
+        return;
+    rebuildTree();
+    bringIntoView(*nodeKey);
+    page.focusFirst();
+    m_state.changesMade = true;
+}
+
+void EditorWindow::bringIntoView(const QString &nodeKey)
+{
+    if (const int node = m_tree.find(nodeKey); node != ui::TreeView::none) {
+        m_tree.ensureVisible(node);
+        return;
+    }
+    ui::show({.text = QStringList{"An error occurred that prevented displaying the",
+                                  "configuration correctly.  This is usually caused",
+                                  "by an error in the configuration data.",
+                                  "Save your data, restart the line configuration",
+                                  "editor and enter data starting at that point."}
+                          .join(lineBreak),
+              .icon = ui::Icon::Information});
+}
+
+void EditorWindow::removeShown()
+{
+    const ui::Hourglass hourglass;
+    const Removal removal = shownPage().remove();
+    if (removal == Removal::Done)
+        m_state.changesMade = true;
+    if (removal != Removal::Declined)
+        rebuildTree();
+}
+
+void EditorWindow::listConfigurations()
+{
+    m_configuration.setText("");
+    m_configuration.clear();
+    for (const QString &name : m_state.session.configurationNames)
+        m_configuration.addItem(name);
+}
+
+void EditorWindow::switchConfiguration()
+{
+    const ui::Hourglass hourglass;
+    if (isBlank(m_state.configuration()))
+        return;
+    rebuildTree();
+    m_linePage.showFirst();
+    m_fieldPage.listLines();
+    m_fieldPage.listDataFields();
+}
+
+void EditorWindow::selectDefaultConfiguration()
+{
+    const int index = m_configuration.findItem(m_state.session.defaultConfiguration, ui::ItemMatch::Whole);
+    if (index >= 0)
+        m_configuration.setText(m_configuration.itemText(index));
+}
+
+/// Reads all records from the database. A failure is shown, `warning` being the end of its message.
+void EditorWindow::loadRecords(const QStringList &warning)
+{
+    RunWindow run;
+    const int result = loadAll(m_state.session.configurationDatabase, m_state.model, run);
+    m_state.changesMade = false;
+    if (result != 0)
+        ui::show({(QStringList{"An unexpected error occurred while reading the",
+                               "current Line and Line Fields configuration.",
+                               "No current information is available and, if you"} +
+                   warning)
+                      .join(lineBreak)});
+}
+
+void EditorWindow::refresh()
+{
+    const ui::Hourglass hourglass;
+    m_configuration.setText("");
+    selectDefaultConfiguration();
+    m_tree.showFirst();
+}
+
+void EditorWindow::reload()
+{
+    const ui::Hourglass hourglass;
+    if (promptToSave() == ui::CloseDecision::StayOpen)
+        return;
+    for (EntryPage *page : m_state.pages)
+        page->empty();
+    loadRecords({"'Save' this configuration, any current information", "will be lost."});
+    refresh();
+    m_tabs.setCurrentPage(0);
+    m_state.changesMade = false;
+}
+
+void EditorWindow::save()
+{
+    const ui::Hourglass hourglass;
+    RunWindow run;
+    const db::ConnectionSettings &database = m_state.session.configurationDatabase;
+    const int result = saveAll(database, m_state.model, run);
+    if (result == 0)
+        m_state.changesMade = false;
+    if (result == 0 || result == errors::UserInterrupt)
+        adoptIds(database, m_state.model, run);
+}
+
+/// Asks whether to save what would be lost, and saves. StayOpen when the user wants neither.
+ui::CloseDecision EditorWindow::promptToSave()
+{
+    if (!m_state.changesMade)
+        return ui::CloseDecision::Close;
+    const ui::Answer answer =
+        ui::askYesNoCancel(QStringList{"Changes have been made to the configuration.",
+                                       "Any changes will be lost if you continue without saving.",
+                                       "Do you want to save changes now?"}
+                               .join(lineBreak),
+                           "Save Changes");
+    if (answer == ui::Answer::Yes)
+        save();
+    return answer == ui::Answer::Cancel ? ui::CloseDecision::StayOpen : ui::CloseDecision::Close;
+}
+
+} // namespace varnow

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "editor/EditorState.h"
+#include "editor/FieldPage.h"
+#include "editor/LinePage.h"
+#include "editor/RecordTree.h"
+#include "ui/Button.h"
+#include "ui/ComboBox.h"
+#include "ui/Label.h"
+#include "ui/TabControl.h"
+#include "ui/Window.h"
+
+#include <memory>
+
+namespace varnow {
+
+class ListingWindow;
+
+/// The main window: the lines and fields of one configuration as a tree, and the pages to enter them. Its
+/// load reads all records from the database. All coordinates and sizes in twips.
+class EditorWindow : public ui::Window
+{
+public:
+    EditorWindow(Session &session, Model &model);
+    ~EditorWindow() override;
+
+private:
+    void connectControls();
+    void arrangeFocus();
+    void loadWindow();
+    ui::CloseDecision closeRequested();
+    void layOut();
+    void accessDataDisplay();
+    void showDataDisplay();
+
+    EntryPage &shownPage() { return *m_state.pages[static_cast<std::size_t>(m_tabs.currentPage())]; }
+    void turnPage();
+    void rebuildTree() { m_tree.rebuild(m_state.configuration()); }
+    void bringIntoView(const QString &nodeKey);
+    void showField(const QString &name, int nameIndex);
+
+    void change();
+    void removeShown();
+
+    void listConfigurations();
+    void switchConfiguration();
+    void selectDefaultConfiguration();
+    void loadRecords(const QStringList &warning);
+    void refresh();
+    void reload();
+    void save();
+    ui::CloseDecision promptToSave();
+
+    ui::Labelled<ui::ComboBox> m_configuration{
+        *this, "configuration", "Configuration", {0, 0, 930, 195}, {0, 0, 1245, 315}};
+    EditorState m_state;
+    ui::TabControl m_tabs{*this, "pages", {120, 555, 9495, 2500}};
+    LinePage m_linePage{m_tabs, m_state};
+    FieldPage m_fieldPage{m_tabs, m_state, m_linePage};
+    RecordTree m_tree{*this, "tree", {120, 3000, 9495, 1500}, m_state.model};
+    ui::CommandButton m_clear{*this, "clear", "&Clear", {0, 0, 1515, 765}};
+    ui::CommandButton m_change{*this, "change", "C&hange", {0, 0, 1515, 765}};
+    ui::CommandButton m_delete{*this, "delete", "&Delete", {0, 0, 1515, 765}};
+    ui::CommandButton m_refresh{*this, "refresh", "R&efresh", {0, 0, 1515, 765}};
+    ui::CommandButton m_reload{*this, "reload", "&Reload", {0, 0, 1515, 765}};
+    ui::CommandButton m_save{*this, "save", "&Save", {0, 0, 1515, 765}};
+    ui::CommandButton m_exit{*this, "exit", "E&xit", {0, 0, 1515, 765}};
+
+    bool m_dataDisplayIsArmed = false; // the next double-click opens it
+    std::unique_ptr<ListingWindow> m_dataDisplay;
+};
+
+} // namespace varnow

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "editor/EditorState.h"
+#include "ui/Button.h"
+#include "ui/ComboBox.h"
+#include "ui/Label.h"
+#include "ui/TabControl.h"
+#include "ui/TextBox.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace varnow {
+
+/// How a removal ended.
+enum class Removal { Declined, Failed, Done };
+
+/// A page of the editor on which records of one kind are entered. Making one adds it to the tabs and to the
+/// editor's pages. All coordinates and sizes in twips.
+class EntryPage
+{
+public:
+    EntryPage(ui::TabControl &tabs, const QString &caption, EditorState &state);
+    virtual ~EntryPage() = default;
+    EntryPage(const EntryPage &) = delete;
+    EntryPage &operator=(const EntryPage &) = delete;
+
+    /// The entries in the order in which Tab walks them.
+    virtual std::vector<ui::Control *> focusOrder() = 0;
+    /// Those that Tab reaches only behind the tree.
+    virtual std::vector<ui::Control *> focusOrderBehindTree() { return {}; }
+    /// Places the controls within the tab control.
+    virtual void layOut() = 0;
+
+    /// The page came to the front, or went.
+    virtual void turnedTo() {}
+    virtual void turnedAway() {}
+
+    /// Empties every entry.
+    virtual void empty() = 0;
+    /// Empties the page for a new record and proposes what can be known of it.
+    virtual void clear() = 0;
+    /// Checks the entries and stores the record that they make. Returns the key of its node, or nothing after
+    /// telling the user which checks failed.
+    virtual std::optional<QString> store() = 0;
+    /// Asks, and removes the record that the entries name. A failure has been shown.
+    virtual Removal remove() = 0;
+    /// Moves the focus to the first entry.
+    void focusFirst() { focusOrder().front()->setFocus(); }
+
+protected:
+    /// Lets the entry lose the blanks around its text when it is left, and mark changes.
+    void connect(ui::TextBox &box);
+    /// Lets the entry mark changes.
+    void connect(ui::ComboBox &box);
+    void connect(ui::OptionButton &option);
+
+    /// The controls' height is centred on a line; `left` is the label's edge. Returns the right edge.
+    template <class Box>
+    static void place(ui::Labelled<Box> &box, float labelLeft, float boxLeft, float centre)
+    {
+        box.label.move(labelLeft, centre - box.label.height() / 2);
+        box.move(boxLeft, centre - box.height() / 2);
+    }
+
+    static constexpr float labelGap = 30; // between a label and its box
+
+    ui::TabControl &m_tabs;
+    ui::Container &m_surface;
+    EditorState &m_state;
+
+private:
+    void markChanged() { m_state.changesMade = true; }
+};
+
+} // namespace varnow

@@ -1,0 +1,341 @@
+#include "editor/FieldPage.h"
+
+#include "base/guarded.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "editor/DataCheck.h"
+#include "editor/LinePage.h"
+#include "editor/RecordTree.h"
+#include "storage/catalogue.h"
+#include "ui/MessageBox.h"
+
+#include <algorithm>
+#include <array>
+
+namespace varnow {
+
+namespace {
+
+void checkLineChoice(DataCheck &check, const LineChoice &line)
+{
+    check.failIf(line.isUnclosed, "The Line Name or Index field is invalid.");
+    if (line.isUnclosed || !line.hasIndex)
+        return;
+    check.failIf(isBlank(line.name), "The Line Name is empty.");
+    check.failIf(!isLong(line.index), "The Line Name Index is invalid.");
+}
+
+} // namespace
+
+FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &linePage)
+    : EntryPage(tabs, "Line &Fields", state), m_linePage(linePage)
+{
+    for (ui::TextBox *box : textBoxes())
+        connect(*box);
+    for (ui::ComboBox *box : {&m_line, &m_lookup})
+        connect(*box);
+    for (ui::OptionButton *option : {&m_alignRight, &m_alignLeft, &m_padSpaces, &m_padZeros})
+        connect(*option);
+    m_line.onClick = [this, markChanged = m_line.onChange] {
+        markChanged();
+        takeOverMessageIndex();
+    };
+    m_fixedLength.onClick = [this] { followFixedLength(); };
+    m_fixedLength.setTabStop(false); // until the page is turned to
+}
+
+std::vector<ui::TextBox *> FieldPage::textBoxes()
+{
+    return {&m_name,     &m_index,    &m_messageIndex, &m_format,
+            &m_constant, &m_position, &m_length,       &m_characterPosition};
+}
+
+std::vector<ui::Control *> FieldPage::focusOrder()
+{
+    return {&m_name,     &m_index,       &m_line,   &m_messageIndex, &m_lookup,    &m_format,    &m_constant,
+            &m_position, &m_fixedLength, &m_length, &m_alignRight,   &m_alignLeft, &m_padSpaces, &m_padZeros};
+}
+
+void FieldPage::layOut()
+{
+    const float firstColumn = m_messageIndex.width() + labelGap + m_messageIndex.label.width();
+    const float secondColumn = m_constant.width() + labelGap + m_constant.label.width();
+    const float gap = (m_tabs.width() - (firstColumn + secondColumn + m_fixedLengthFrame.width())) / 4;
+    const float strip = m_tabs.tabHeight();
+    float row = 0;
+    for (const ui::Control *control : std::initializer_list<ui::Control *>{
+             &m_name, &m_index, &m_line, &m_messageIndex, &m_lookup, &m_format, &m_constant, &m_name.label})
+        row = std::max(row, control->height());
+    const float rowGap = (m_tabs.height() - (4 * row + strip)) / 5;
+    const auto centre = [&](int j) {
+        const auto n = static_cast<float>(j);
+        return strip + (n + 1) * rowGap + n * row + row / 2;
+    };
+    const auto placeAt = [&](auto &box, float labelLeft, int j) {
+        place(box, labelLeft, labelLeft + box.label.width() + labelGap, centre(j));
+    };
+    placeAt(m_name, gap, 0);
+    placeAt(m_index, gap, 1);
+    placeAt(m_line, gap, 2);
+    placeAt(m_messageIndex, gap, 3);
+    const float second = 2 * gap + firstColumn;
+    placeAt(m_lookup, second, 0);
+    placeAt(m_format, second, 1);
+    placeAt(m_constant, second, 2);
+    placeAt(m_position, second, 3);
+    m_fixedLengthFrame.move(3 * gap + firstColumn + secondColumn, centre(0) - 250);
+}
+
+void FieldPage::turnedTo()
+{
+    chooseLineOfLinePage(ui::ItemMatch::Prefix);
+    m_fixedLength.setTabStop(true);
+    m_state.changesMade = false;
+}
+
+void FieldPage::chooseLineOfLinePage(ui::ItemMatch match)
+{
+    if (m_line.text().isEmpty())
+        m_line.setSelectedIndex(m_line.findItem(m_linePage.lineName(), match));
+}
+
+void FieldPage::followFixedLength()
+{
+    for (ui::Control *control : std::initializer_list<ui::Control *>{&m_alignRight, &m_alignLeft,
+                                                                     &m_padSpaces, &m_padZeros, &m_length})
+        control->setEnabled(m_fixedLength.isTicked());
+    m_state.changesMade = true;
+}
+
+std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
+{
+    const FieldTable &fields = m_state.model.fields;
+    const int index = fields.find(m_state.configuration(), name, nameIndex);
+    if (index < 0) {
+        empty();
+        return {};
+    }
+    const Field field = fields[index];
+    m_name.setText(field.name);
+    m_index.setText(QString::number(field.nameIndex));
+    m_line.setText(field.lineIndex < 0 ? field.line
+                                       : field.line + QStringLiteral("(%1)").arg(field.lineIndex));
+    m_messageIndex.setText(QString::number(field.messageIndex));
+    m_lookup.setText(field.lookup);
+    m_format.setText(field.format);
+    m_constant.setText(field.constant);
+    m_position.setText(QString::number(field.position));
+    m_fixedLength.setTicked(field.fixedLength != 0);
+    if (field.fixedLength != 0)
+        showFixedLength(field);
+    return field;
+}
+
+void FieldPage::showFixedLength(const Field &field)
+{
+    m_length.setText(QString::number(field.length));
+    m_characterPosition.setText(QString::number(field.characterPosition));
+    (field.padDirection > 0 ? m_alignRight : m_alignLeft).choose();
+    (field.padCharacter == " " ? m_padSpaces : m_padZeros).choose();
+}
+
+void FieldPage::empty()
+{
+    for (ui::TextBox *box : textBoxes())
+        box->setText("");
+    for (ui::ComboBox *box : {&m_line, &m_lookup})
+        box->setText("");
+    if (m_line.itemCount() > 0)
+        m_line.setSelectedIndex(0);
+    m_fixedLength.setTicked(true);
+    m_alignRight.choose();
+    m_padSpaces.choose();
+    m_fixedLength.setTicked(false);
+}
+
+void FieldPage::clear()
+{
+    const QString line = m_line.text();
+    empty();
+    m_line.setText(line);
+    takeOverMessageIndex();
+    chooseLineOfLinePage(ui::ItemMatch::Whole);
+    proposePosition();
+    focusFirst();
+}
+
+/// Writes the next free position of the chosen line into its box.
+void FieldPage::proposePosition()
+{
+    const LineChoice line = parseLineChoice(trim(m_line.text()));
+    const auto propose = [&] {
+        const int lineIndex = leadingNumber(line.index);
+        if (lineIndex < 0 || line.name.isEmpty())
+            return false;
+        const FieldTable &fields = m_state.model.fields;
+        m_position.setText(
+            QString::number(fields.nextPosition(m_state.configuration(), line.name, lineIndex)));
+        return true;
+    };
+    guarded(propose, [](const RuntimeError &) { return false; });
+}
+
+/// Writes the message index of the chosen line into its box. A line that is not in the list is looked for
+/// without its name index, too.
+void FieldPage::takeOverMessageIndex()
+{
+    const QString line = trim(m_line.text());
+    int index = m_line.findItem(line, ui::ItemMatch::Whole);
+    if (index < 0 && line.endsWith(u')') && line.contains(u'('))
+        index = m_line.findItem(line.left(line.indexOf(u'(')), ui::ItemMatch::Whole);
+    if (index >= 0)
+        m_messageIndex.setText(QString::number(m_line.itemData(index)));
+}
+
+void FieldPage::listLines()
+{
+    m_line.clear();
+    const QString configuration = trim(m_state.configuration());
+    for (const Line &line : m_state.model.lines) {
+        if (trimmedView(line.configuration) != configuration)
+            continue;
+        QString item = trim(line.name);
+        if (line.nameIndex > 0)
+            item += QStringLiteral("(%1)").arg(line.nameIndex);
+        m_line.setItemData(m_line.addItem(item), line.messageIndex);
+    }
+}
+
+void FieldPage::listDataFields()
+{
+    using enum DataFieldNames::Outcome;
+    const auto report = [](const QStringList &lines) {
+        ui::show({.text = lines.join(lineBreak), .icon = ui::Icon::Critical});
+    };
+    const DataFieldNames found =
+        loadDataFieldNames(m_state.session.configurationDatabase, m_state.configuration());
+    if (found.outcome == NotConnected || found.outcome == QueryFailed) {
+        report({"Could not load Data Fields.",
+                found.outcome == NotConnected ? "Could not open the connection to the database."
+                                              : "Could not open recordset.",
+                QStringLiteral("Return code: %1").arg(found.errorNumber)});
+        return;
+    }
+    m_lookup.clear();
+    for (const QString &name : found.names)
+        m_lookup.addItem(name);
+    if (found.outcome == BrokenOff)
+        report({"An unexpected error occurred while retrieving the",
+                "Data Fields configuration.  Some or all of the", "Data Fields may be missing from the list.",
+                QStringLiteral("Error code: %1").arg(found.errorNumber), found.errorDescription});
+}
+
+std::optional<QString> FieldPage::store()
+{
+    const LineChoice line = parseLineChoice(m_line.text());
+    if (!check(line))
+        return {};
+    m_state.model.fields.store(enteredField(line));
+    return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
+}
+
+/// The field that the checked entries make.
+Field FieldPage::enteredField(const LineChoice &line) const
+{
+    Field field;
+    field.id = -1;
+    field.configuration = m_state.configuration();
+    field.name = m_name.text();
+    field.nameIndex = leadingNumber(m_index.text());
+    field.line = line.name;
+    field.lineIndex = leadingNumber(line.index);
+    field.messageIndex = leadingNumber(m_messageIndex.text());
+    field.position = leadingNumber(m_position.text());
+    field.length = leadingNumber(m_length.text());
+    field.dataType = "String";
+    field.lookup = m_lookup.text();
+    field.format = m_format.text();
+    field.constant = m_constant.text();
+    if (m_fixedLength.isTicked()) {
+        field.fixedLength = 1;
+        field.characterPosition = toLong(m_characterPosition.text());
+        field.padCharacter = m_padSpaces.isChosen() ? " " : "0";
+        field.padDirection = m_alignRight.isChosen() ? 1 : -1;
+    }
+    return field;
+}
+
+/// Makes every check of the page and shows what failed. Returns whether none did.
+bool FieldPage::check(const LineChoice &line)
+{
+    DataCheck check("There is a problem with the data for the line field entry.");
+    check.failIf(isBlank(m_name.text()), "The Field name is empty.");
+    if (m_index.text().isEmpty())
+        m_index.setText("0");
+    check.failIf(!isLong(m_index.text()), "The Field Name Index must be numeric.");
+    if (isBlank(m_line.text()))
+        check.failIf(true, "The Line Name and Index field is empty.");
+    else
+        checkLineChoice(check, line);
+    check.failIf(isTooLarge(m_messageIndex.text()), "The Message Index nust be a number.");
+    check.failIf(isBlank(m_lookup.text()) && isBlank(m_constant.text()),
+                 "Both the Lookup String and the Constant value are empty," + lineBreak +
+                     "\t\tyou must supply one or the other.");
+    if (isBlank(m_position.text()))
+        check.failIf(true, "The Position Field is empty.");
+    else
+        check.failIf(!isLong(m_position.text()), "The Position Field nust be a number.");
+    const QString complaint = lengthComplaint();
+    check.failIf(!complaint.isEmpty(), "A Fixed Length was indicated, however, the " + complaint);
+    return check.passed();
+}
+
+/// The first thing that is wrong with length and character position, empty when both are right.
+QString FieldPage::lengthComplaint() const
+{
+    const QString length = m_length.text();
+    const QString position = m_characterPosition.text();
+    if (!m_fixedLength.isTicked())
+        return isTooLarge(length) ? "length is not a number." : QString();
+    if (isBlank(length) && isBlank(position))
+        return "length and position were not specified.";
+    if (isBlank(length))
+        return "length was not specified.";
+    if (isBlank(position))
+        return "position was not specified.";
+    if (!isLong(length) && !isLong(position))
+        return "length and position are not numeric.";
+    if (!isLong(length))
+        return "length is not a number.";
+    if (!isLong(position))
+        return "position is not a number.";
+    return {};
+}
+
+Removal FieldPage::remove()
+{
+    if (!ui::askYesNo("Are you sure that you want to PERMANENTLY" + lineBreak +
+                          "remove this field from this configuration?",
+                      "Remove Field"))
+        return Removal::Declined;
+    if (guarded([this] { return removeField(); }, [](const RuntimeError &) { return false; }))
+        return Removal::Done;
+    ui::show({"An unexpected error occurred while removing this field." + lineBreak +
+              "The data for this field may not be removed."});
+    return Removal::Failed;
+}
+
+/// Removes the field that the entries name. Returns whether there was one.
+bool FieldPage::removeField()
+{
+    if (isBlank(m_state.configuration()) || isBlank(m_name.text()))
+        return false;
+    FieldTable &fields = m_state.model.fields;
+    const int index = fields.find(m_state.configuration(), m_name.text(), leadingNumber(m_index.text()));
+    if (index < 0)
+        return false;
+    fields.remove(index);
+    return true;
+}
+
+} // namespace varnow

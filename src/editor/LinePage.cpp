@@ -1,0 +1,171 @@
+#include "editor/LinePage.h"
+
+#include "base/guarded.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "editor/DataCheck.h"
+#include "editor/RecordTree.h"
+#include "ui/MessageBox.h"
+
+#include <algorithm>
+#include <array>
+
+namespace varnow {
+
+LinePage::LinePage(ui::TabControl &tabs, EditorState &state) : EntryPage(tabs, "&Lines", state)
+{
+    for (TextBox *box : {&m_name, &m_index, &m_messageIndex})
+        connect(*box);
+}
+
+void LinePage::layOut()
+{
+    const std::array<TextBox *, 3> boxes{&m_name, &m_index, &m_messageIndex};
+    const auto pairWidth = [](const TextBox *box) { return box->label.width() + labelGap + box->width(); };
+    float pairs = 0;
+    float row = 0;
+    for (const TextBox *box : boxes) {
+        pairs += pairWidth(box);
+        row = std::max({row, box->height(), box->label.height()});
+    }
+    const float gap = (m_tabs.width() - pairs) / 4;
+    const float strip = m_tabs.tabHeight();
+    const float centre = (m_tabs.height() - (strip + row)) / 2 + strip + row / 2;
+    float left = gap;
+    for (TextBox *box : boxes) {
+        place(*box, left, left + box->label.width() + labelGap, centre);
+        left += pairWidth(box) + gap;
+    }
+}
+
+void LinePage::showFirst()
+{
+    const auto display = [this] {
+        const LineTable &lines = m_state.model.lines;
+        const auto first = std::ranges::find(lines, m_state.configuration(), &Line::configuration);
+        if (first == lines.end())
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        show(*first);
+        return 0;
+    };
+    const auto report = [](const RuntimeError &error) {
+        if (error.number() == errors::SubscriptOutOfRange)
+            ui::show({"There is no line configuration" + lineBreak + "data to display."});
+        else
+            ui::show({QStringList{"An unexpected error occurred while displaying",
+                                  "the current line configuration data.",
+                                  QStringLiteral("Error: %1").arg(error.number()), error.description()}
+                          .join(lineBreak)});
+        return error.number();
+    };
+    guarded(display, report);
+}
+
+void LinePage::show(const QString &name, int nameIndex)
+{
+    const LineTable &lines = m_state.model.lines;
+    const int index = lines.find(m_state.configuration(), trim(name), nameIndex);
+    if (index < 0)
+        empty();
+    else
+        show(Line(lines[index]));
+}
+
+void LinePage::show(const Line &line)
+{
+    m_name.setText(line.name);
+    m_index.setText(QString::number(line.nameIndex));
+    m_messageIndex.setText(QString::number(line.messageIndex));
+}
+
+void LinePage::empty()
+{
+    for (TextBox *box : {&m_name, &m_index, &m_messageIndex})
+        box->setText("");
+}
+
+void LinePage::clear()
+{
+    empty();
+    m_messageIndex.setText(QString::number(m_state.model.lines.nextMessageIndex(m_state.configuration())));
+    focusFirst();
+}
+
+std::optional<QString> LinePage::store()
+{
+    if (!check())
+        return {};
+    Line line;
+    line.configuration = m_state.configuration();
+    line.name = m_name.text();
+    line.nameIndex = toLong(m_index.text());
+    line.messageIndex = toLong(m_messageIndex.text());
+    m_state.model.lines.store(std::move(line));
+    m_state.onLinesChanged();
+    return RecordTree::lineKey(m_messageIndex.text());
+}
+
+bool LinePage::check()
+{
+    DataCheck check("There is a problem with the data for the line entry.");
+    check.failIf(isBlank(m_name.text()), "The Line name is empty.");
+    if (isBlank(m_index.text()))
+        m_index.setText("0");
+    check.failIf(!isLong(m_index.text()), "The Line Index must be numeric.");
+    if (isBlank(m_messageIndex.text()))
+        check.failIf(true, "The Message Index is empty.");
+    else
+        check.failIf(!isLong(m_messageIndex.text()), "The Message Index nust be a number.");
+    return check.passed();
+}
+
+Removal LinePage::remove()
+{
+    if (!ui::askYesNo("Are you sure that you want to PERMANENTLY" + lineBreak +
+                          "remove this line from this configuration?",
+                      "Remove Line"))
+        return Removal::Declined;
+    return removeLine() ? Removal::Done : Removal::Failed;
+}
+
+/// Removes the line, renumbers the rest and lets the fields follow. Returns whether every step went well; the
+/// first that did not was shown.
+bool LinePage::removeLine()
+{
+    const QString configuration = trim(m_state.configuration());
+    Model &model = m_state.model;
+    const auto refuse = [](const QStringList &lines, ui::Icon icon = ui::Icon::None) {
+        ui::show({.text = lines.join(lineBreak), .icon = icon});
+        return false;
+    };
+    const auto succeeds = [](const auto &step) {
+        return guarded(step, [](const RuntimeError &) { return false; });
+    };
+    int fields = 0;
+    const auto remove = [&] {
+        const int nameIndex = leadingNumber(m_index.text());
+        fields = model.fields.countOfLine(configuration, m_name.text(), nameIndex);
+        const int line = fields > 0 ? -1 : model.lines.find(configuration, m_name.text(), nameIndex);
+        return line >= 0 && (model.lines.remove(line), true);
+    };
+    const bool removed = succeeds(remove);
+    if (fields > 0)
+        return refuse({"Can not remove line.", "There are existing fields for this line.",
+                       "If you want to remove this line, first", "remove any existing fields and then",
+                       "remove the line."},
+                      ui::Icon::Information);
+    if (!removed)
+        return refuse({"An unexpected error occurred while removing this line.",
+                       "The data for this line may not be removed."});
+    if (!succeeds([&] { return model.lines.renumber(configuration), true; }))
+        return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
+                       "unexpected error occurred the prevented", "the updating of some or all of the",
+                       "remaining line configurations."});
+    if (!succeeds([&] { return model.copyMessageIndexesToFields(), true; }))
+        return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
+                       "unexpected error occurred the prevented", "the re-syncronization of the Line Fields",
+                       "Message Indices with those for the Lines."});
+    return true;
+}
+
+} // namespace varnow

@@ -1,0 +1,111 @@
+#include "editor/RecordTree.h"
+
+#include "base/guarded.h"
+#include "base/text.h"
+#include "ui/MessageBox.h"
+
+#include <algorithm>
+
+namespace varnow {
+
+RecordTree::RecordTree(ui::Container &parent, const QString &name, const ui::Rect &place, const Model &model)
+    : ui::TreeView(parent, name, place), m_model(model)
+{
+    onClick = [this] { tellClick(); };
+}
+
+void RecordTree::rebuild(const QString &configuration)
+{
+    clear();
+    m_records.clear();
+    m_lineNodes.clear();
+    const Filling filling(*this);
+    guarded([&] { return fill(trim(configuration)), 0; },
+            [](const RuntimeError &error) { return error.number(); });
+}
+
+void RecordTree::fill(const QString &configuration)
+{
+    for (const Line &line : m_model.lines) {
+        if (trimmedView(line.configuration) == configuration)
+            addLine(line);
+    }
+    for (const Field &field : m_model.fields) {
+        if (trimmedView(field.configuration) == configuration)
+            addField(field);
+    }
+}
+
+void RecordTree::addLine(const Line &line)
+{
+    const QString messageIndex = QString::number(line.messageIndex);
+    const QString key = lineKey(messageIndex);
+    QString text = messageIndex + " " + trim(line.name);
+    if (line.nameIndex != 0)
+        text += QStringLiteral("(%1)").arg(line.nameIndex);
+
+    if (const int existing = find(key); existing != none) {
+        offerToUpdate(existing, text, line);
+        return;
+    }
+    // The node goes after the one added before the first whose message index is not smaller.
+    const auto notSmaller =
+        std::ranges::lower_bound(m_lineNodes, line.messageIndex, {}, &LineNode::greatestMessageIndex);
+    const int node = notSmaller == m_lineNodes.begin() ? addRoot(key, text)
+                                                       : addAfter(std::prev(notSmaller)->node, key, text);
+    m_records.push_back({line.name, line.nameIndex});
+    const int greatest = m_lineNodes.empty()
+                             ? line.messageIndex
+                             : std::max(line.messageIndex, m_lineNodes.back().greatestMessageIndex);
+    m_lineNodes.push_back({node, greatest});
+}
+
+void RecordTree::offerToUpdate(int node, const QString &text, const Line &line)
+{
+    const ui::Answer answer = ui::show({.text = "A node with this message index already esists." + lineBreak +
+                                                "Do you wish to update this node?",
+                                        .icon = ui::Icon::Question,
+                                        .buttons = ui::Buttons::YesNo});
+    if (answer != ui::Answer::Yes)
+        return;
+    setText(node, text);
+    m_records[static_cast<std::size_t>(node)] = {line.name, line.nameIndex};
+}
+
+void RecordTree::addField(const Field &field)
+{
+    if (nodeCount() == 0) {
+        ui::show({"The system requires a line for field attachment." + lineBreak +
+                  "Please check your input and try again."});
+        return;
+    }
+    const QString messageIndex = QString::number(field.messageIndex);
+    const QString position = QString::number(field.position);
+    const QString key = fieldKey(messageIndex, position);
+    const int line = find(lineKey(messageIndex));
+    if (line == none || find(key) != none)
+        return;
+
+    QString text = messageIndex + "." + position + " " + trim(field.name);
+    if (field.nameIndex > 0)
+        text += QStringLiteral("(%1)").arg(field.nameIndex);
+    ensureVisible(addChild(line, key, text));
+    m_records.push_back({field.name, field.nameIndex});
+}
+
+void RecordTree::showFirst()
+{
+    if (nodeCount() > 0)
+        ensureVisible(0);
+}
+
+void RecordTree::tellClick() const
+{
+    const int node = selectedNode();
+    if (node == none)
+        return;
+    const NodeRecord record = m_records[static_cast<std::size_t>(node)]; // the tree may be rebuilt meanwhile
+    (parent(node) == none ? onLineClick : onFieldClick)(record.name, record.nameIndex);
+}
+
+} // namespace varnow

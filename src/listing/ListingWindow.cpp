@@ -1,0 +1,65 @@
+#include "listing/ListingWindow.h"
+
+#include "base/guarded.h"
+#include "base/text.h"
+#include "listing/rows.h"
+#include "ui/MessageBox.h"
+
+namespace varnow {
+
+namespace {
+
+constexpr float margin = 120;
+constexpr float minimumWidth = 4900;
+constexpr float minimumHeight = 2550;
+
+/// Fills the list with the rows of every record. A failure, an empty table among them, is shown.
+template <class Record, class Order>
+void listRecords(ui::ListBox &list, const RecordTable<Record, Order> &table, const QString &failure)
+{
+    const auto fill = [&] {
+        list.clear();
+        if (table.isEmpty())
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        const RecordRows<Record> rows;
+        for (const Record &record : table) {
+            for (const QString &row : rows.of(record))
+                list.addItem(row);
+        }
+        return 0;
+    };
+    const auto report = [&](const RuntimeError &error) {
+        ui::show(
+            {QStringList{failure, QStringLiteral("Error: %1").arg(error.number()), error.description()}.join(
+                lineBreak)});
+        return error.number();
+    };
+    guarded(fill, report);
+}
+
+} // namespace
+
+ListingWindow::ListingWindow(const Model &model) : ui::Window("listing", "Data Display", 5565, 4080)
+{
+    m_list.setAccessibleName("Records in memory");
+    setFocusOrder({&m_list, &m_lines, &m_fields, &m_exit});
+    onLoad = [this] { m_list.clear(); };
+    onResize = [this] { layOut(); };
+    m_lines.onClick = [this, &model] { listRecords(m_list, model.lines, "Error loading lines."); };
+    m_fields.onClick = [this, &model] { listRecords(m_list, model.fields, "Error loading fields"); };
+    m_exit.onClick = [this] { unload(); };
+}
+
+void ListingWindow::layOut()
+{
+    if (isMinimised())
+        return;
+    enforceMinimumSize(minimumWidth, minimumHeight);
+    m_exit.move(innerWidth() - (m_exit.width() + margin), innerHeight() - (m_exit.height() + margin));
+    m_fields.move(m_exit.left() - m_fields.width(), m_exit.top());
+    m_lines.move(m_fields.left() - m_lines.width(), m_exit.top());
+    m_panel.move({margin, margin, innerWidth() - 2 * margin, m_exit.top() - 2 * margin});
+    m_list.move({margin, margin, m_panel.width() - 2 * margin, m_panel.height() - 2 * margin});
+}
+
+} // namespace varnow

@@ -1,0 +1,62 @@
+#include "model/FieldTable.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace varnow {
+
+int FieldTable::find(const QString &configuration, const QString &name, int nameIndex) const
+{
+    const QStringView wantedConfiguration = trimmedView(configuration);
+    const QStringView wantedName = trimmedView(name);
+    return RecordTable::find(configuration, name, nameIndex, [&](const Field &field) {
+        return field.nameIndex == nameIndex && field.name == wantedName &&
+               field.configuration == wantedConfiguration;
+    });
+}
+
+void FieldTable::store(Field field)
+{
+    for (QString *text : {&field.configuration, &field.name, &field.line, &field.dataType, &field.lookup,
+                          &field.format, &field.constant})
+        *text = trim(*text);
+    const int index = find(field.configuration, field.name, field.nameIndex);
+    if (index < 0) {
+        insertOrdered(std::move(field));
+        return;
+    }
+    if (field.id <= 0)
+        field.id = (*this)[index].id;
+    replace(index, std::move(field));
+}
+
+void FieldTable::remove(int index)
+{
+    removed.push_back((*this)[index]);
+    removeAt(index);
+}
+
+int FieldTable::countOfLine(const QString &configuration, const QString &line, int lineIndex) const
+{
+    const QStringView wantedConfiguration = trimmedView(configuration);
+    const QStringView wantedLine = trimmedView(line);
+    return static_cast<int>(std::count_if(begin(), end(), [&](const Field &field) {
+        return (lineIndex <= 0 || field.lineIndex == lineIndex) && trimmedView(field.line) == wantedLine &&
+               trimmedView(field.configuration) == wantedConfiguration;
+    }));
+}
+
+int FieldTable::nextPosition(const QString &configuration, const QString &line, int lineIndex) const
+{
+    int highest = 0;
+    for (const Field &field : *this) {
+        if ((lineIndex < 0 || field.lineIndex == lineIndex) && field.line == line &&
+            field.configuration == configuration)
+            highest = std::max(highest, field.position);
+    }
+    return highest < std::numeric_limits<int>::max() ? highest + 1 : 0;
+}
+
+} // namespace varnow

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "model/Field.h"
+#include "model/RecordTable.h"
+
+#include <vector>
+
+namespace varnow {
+
+/// The fields of a configuration are ordered by message index, then position.
+struct FieldOrder
+{
+    static Place placeOf(const Field &field) { return {field.messageIndex, field.position}; }
+
+    /// A field that has no smaller one before it goes to the front of its configuration, but at the top of
+    /// the table behind the first field there, if that one is neither of a greater message index nor the only
+    /// one. The databases in use were filled in this order, so it stays: the walk that made it kept -1 both
+    /// for "no place found yet" and for "before record 0", and took the second for the first.
+    static std::size_t offsetAtFront(const Front &front)
+    {
+        return front.isTopOfTable && front.hasSecond && !front.beginsGreaterGroup ? 1 : 0;
+    }
+};
+
+/// The fields of all configurations, and the rules about them.
+class FieldTable : public RecordTable<Field, FieldOrder>
+{
+public:
+    /// The fields removed since the last deletion run without errors, in the order of their removal.
+    std::vector<Field> removed;
+
+    /// Index of the first field with this key, blanks around the arguments ignored, or -1.
+    int find(const QString &configuration, const QString &name, int nameIndex) const;
+
+    /// Replaces the field with this key in place, or inserts a new one among the fields of its configuration.
+    /// All texts but the pad character lose the blanks around them. An id of 0 or less keeps the id of a
+    /// replaced field.
+    void store(Field field);
+
+    /// Moves the field at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the table.
+    void remove(int index);
+
+    /// Number of fields that name a line, blanks ignored. A line index below 1 counts those of every index.
+    int countOfLine(const QString &configuration, const QString &line, int lineIndex) const;
+
+    /// Highest position of a line's fields, taken no lower than 0, plus 1; a negative line index takes the
+    /// fields of every index. 0 when there is no higher one.
+    int nextPosition(const QString &configuration, const QString &line, int lineIndex) const;
+};
+
+} // namespace varnow

@@ -1,0 +1,61 @@
+#include "model/LineTable.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace varnow {
+
+int LineTable::find(const QString &configuration, const QString &name, int nameIndex) const
+{
+    const auto matches = [&](const Line &line) {
+        return (nameIndex < 1 || line.nameIndex == nameIndex) && trimmedView(line.name) == name &&
+               trimmedView(line.configuration) == configuration;
+    };
+    if (nameIndex > 0)
+        return RecordTable::find(configuration, name, nameIndex, matches);
+    const auto found = std::find_if(begin(), end(), matches);
+    return found == end() ? -1 : static_cast<int>(std::distance(begin(), found));
+}
+
+void LineTable::store(Line line)
+{
+    line.configuration = trim(line.configuration);
+    line.name = trim(line.name);
+    const int index = find(line.configuration, line.name, line.nameIndex);
+    if (index < 0) {
+        append(std::move(line));
+        return;
+    }
+    if (line.id <= 0)
+        line.id = (*this)[index].id;
+    replace(index, std::move(line));
+}
+
+void LineTable::remove(int index)
+{
+    removed.push_back((*this)[index]);
+    removeAt(index);
+}
+
+void LineTable::renumber(const QString &configuration)
+{
+    int number = 0;
+    changeEach([&](Line &line) {
+        if (line.configuration == configuration)
+            line.messageIndex = ++number;
+    });
+}
+
+int LineTable::nextMessageIndex(const QString &configuration) const
+{
+    int highest = 0;
+    for (const Line &line : *this) {
+        if (line.configuration == configuration)
+            highest = std::max(highest, line.messageIndex);
+    }
+    return highest < std::numeric_limits<int>::max() ? highest + 1 : highest;
+}
+
+} // namespace varnow

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "model/Line.h"
+#include "model/RecordTable.h"
+
+#include <vector>
+
+namespace varnow {
+
+/// Lines are never inserted by their place: a new one goes to the end of the table.
+struct LineOrder
+{
+    static Place placeOf(const Line &) { return {}; }
+};
+
+/// The lines of all configurations, and the rules about them.
+class LineTable : public RecordTable<Line, LineOrder>
+{
+public:
+    /// The lines removed since the last deletion run without errors, in the order of their removal.
+    std::vector<Line> removed;
+
+    /// Index of the first line with this configuration, name and name index, or -1. The line's texts are
+    /// compared without blanks around them, with the arguments as they are. A name index below 1 matches any.
+    int find(const QString &configuration, const QString &name, int nameIndex) const;
+
+    /// Replaces the line with this key in place or appends a new one. An id of 0 or less keeps the id of a
+    /// replaced line.
+    void store(Line line);
+
+    /// Moves the line at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the table.
+    void remove(int index);
+
+    /// Numbers the lines of a configuration 1, 2, 3 … in table order.
+    void renumber(const QString &configuration);
+
+    /// Highest message index of a configuration, taken no lower than 0, plus 1.
+    int nextMessageIndex(const QString &configuration) const;
+};
+
+} // namespace varnow

@@ -1,0 +1,385 @@
+#pragma once
+
+#include "base/RuntimeError.h"
+#include "base/text.h"
+#include "model/KeyIndex.h"
+
+#include <QHash>
+#include <QString>
+
+#include <algorithm>
+#include <compare>
+#include <iterator>
+#include <limits>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace varnow {
+
+/// Where a record belongs among those of its configuration: by group, and by rank within it.
+struct Place
+{
+    int group = 0;
+    int rank = 0;
+    auto operator<=>(const Place &) const = default;
+};
+
+/// The records of a configuration that an ordered insert finds when none of them is smaller than the new one.
+struct Front
+{
+    bool isTopOfTable;       ///< no record of another configuration stands before them
+    bool beginsGreaterGroup; ///< the first of them is of a greater group than the new one
+    bool hasSecond;          ///< there are at least two
+};
+
+/// The records of all configurations in table order, found by index or by key (configuration, name,
+/// nameIndex). Several records may share a key.
+///
+/// `Order` says where a record belongs: `Place placeOf(const Record &)`, and
+/// `std::size_t offsetAtFront(const Front &)`, the offset from the front of its configuration for a record
+/// that has no smaller one before it.
+///
+/// The order is kept in chunks, each holding neighbours of one configuration together with bounds of their
+/// places, so that a search passes over most records a chunk at a time. A record keeps its configuration and
+/// its address as long as it is in the table.
+template <class Record, class Order> class RecordTable
+{
+    struct Chunk;
+
+    struct Node
+    {
+        Record record;
+        Chunk *chunk = nullptr;
+    };
+
+    struct Entry
+    {
+        Node *node;
+        Place place; // a copy, because reading it from the node costs a cache miss
+    };
+
+    struct Chunk
+    {
+        int configuration; // number of the configuration, see configurationNumber()
+        int start = 0;     // index of the first entry while m_numbered
+        // Bounds of the entries' places. They may be too wide, never too narrow.
+        int greatestGroup = std::numeric_limits<int>::min();
+        Place least{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
+        std::vector<Entry> entries; // never empty between two operations
+
+        explicit Chunk(int configurationNumber) : configuration(configurationNumber) {}
+
+        void widenBounds(Place place)
+        {
+            greatestGroup = std::max(greatestGroup, place.group);
+            least = std::min(least, place);
+        }
+
+        void tightenBounds()
+        {
+            const Chunk unbounded(configuration);
+            greatestGroup = unbounded.greatestGroup;
+            least = unbounded.least;
+            for (const Entry &entry : entries)
+                widenBounds(entry.place);
+        }
+
+        Entry &entryOf(const Node &node) { return *std::ranges::find(entries, &node, &Entry::node); }
+    };
+
+    using Chunks = std::vector<std::unique_ptr<Chunk>>;
+
+    static constexpr std::size_t chunkCapacity = 1024;
+
+public:
+    class Iterator
+    {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = Record;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const Record *;
+        using reference = const Record &;
+
+        Iterator() = default;
+        explicit Iterator(typename Chunks::const_iterator chunk) : m_chunk(chunk) {}
+
+        const Record &operator*() const { return (*m_chunk)->entries[m_offset].node->record; }
+        const Record *operator->() const { return &**this; }
+        bool operator==(const Iterator &) const = default;
+
+        Iterator &operator++()
+        {
+            if (++m_offset == (*m_chunk)->entries.size()) {
+                ++m_chunk;
+                m_offset = 0;
+            }
+            return *this;
+        }
+
+        Iterator operator++(int)
+        {
+            Iterator before = *this;
+            ++*this;
+            return before;
+        }
+
+    private:
+        typename Chunks::const_iterator m_chunk;
+        std::size_t m_offset = 0;
+    };
+
+    int size() const { return static_cast<int>(m_nodes.size()); }
+    bool isEmpty() const { return m_nodes.size() == 0; }
+
+    Iterator begin() const { return Iterator(m_chunks.begin()); }
+    Iterator end() const { return Iterator(m_chunks.end()); }
+
+    /// The record at an index. Raises errors::SubscriptOutOfRange outside
+    /// the table.
+    const Record &operator[](int index) const
+    {
+        const Chunk &chunk = **chunkAt(index);
+        return chunk.entries[static_cast<std::size_t>(index - chunk.start)].node->record;
+    }
+
+    /// Index of the first record with this key, blanks around the texts ignored, that `matches`; -1 without
+    /// one. `matches` compares the texts as exactly as its caller needs.
+    template <class Matches>
+    int find(QStringView configuration, QStringView name, int nameIndex, Matches matches) const
+    {
+        const Node *found = nullptr;
+        m_nodes.visitAll(keyHash(configuration, name, nameIndex), [&](const Node &node) {
+            if (matches(node.record) && (!found || indexOf(node) < indexOf(*found)))
+                found = &node;
+        });
+        return found ? indexOf(*found) : -1;
+    }
+
+    /// Drops all records and takes these.
+    void assign(std::vector<Record> records)
+    {
+        clear();
+        m_nodes.reserve(records.size());
+        for (Record &record : records)
+            append(std::move(record));
+    }
+
+    void clear() { *this = RecordTable(); }
+
+    /// Adds a record behind all others.
+    void append(Record record)
+    {
+        const int configuration = configurationNumber(record.configuration);
+        if (m_chunks.empty() || m_chunks.back()->configuration != configuration)
+            m_chunks.push_back(std::make_unique<Chunk>(configuration));
+        insertAt(m_chunks.size() - 1, m_chunks.back()->entries.size(), std::move(record));
+    }
+
+    /// Adds a record among those of its configuration, which must all stand together: behind the last one of
+    /// a smaller place that stands before the first one of a greater group. A configuration's first record
+    /// goes to the top of the table.
+    void insertOrdered(Record record)
+    {
+        const int configuration = configurationNumber(record.configuration);
+        std::size_t first = 0;
+        while (first < m_chunks.size() && m_chunks[first]->configuration != configuration)
+            ++first;
+        if (first == m_chunks.size()) {
+            first = 0;
+            m_chunks.insert(m_chunks.begin(), std::make_unique<Chunk>(configuration));
+        }
+        const auto [chunk, offset] = orderedSpot(first, Order::placeOf(record));
+        insertAt(chunk, offset, std::move(record));
+    }
+
+    /// Puts other values, of the same configuration, into the record at an index. It keeps its index. Raises
+    /// errors::SubscriptOutOfRange outside the table.
+    void replace(int index, Record values)
+    {
+        Chunk &chunk = **chunkAt(index);
+        Entry &entry = chunk.entries[static_cast<std::size_t>(index - chunk.start)];
+        Node &node = *entry.node;
+        const std::size_t oldHash = keyHash(node.record);
+        const std::size_t hash = keyHash(values);
+        node.record = std::move(values);
+        entry.place = Order::placeOf(node.record);
+        chunk.widenBounds(entry.place);
+        if (hash != oldHash)
+            m_nodes.add(hash, m_nodes.take(oldHash, node));
+    }
+
+    /// Takes out the record at an index. Raises errors::SubscriptOutOfRange outside
+    /// the table.
+    void removeAt(int index)
+    {
+        const auto position = chunkAt(index);
+        Chunk &chunk = **position;
+        const auto entry = chunk.entries.begin() + (index - chunk.start);
+        m_nodes.take(keyHash(entry->node->record), *entry->node);
+        chunk.entries.erase(entry);
+        if (chunk.entries.empty())
+            m_chunks.erase(m_chunks.begin() + (position - m_chunks.begin()));
+        else
+            chunk.tightenBounds();
+        m_numbered = false;
+    }
+
+    /// Hands every record in table order to `change`, which may alter all but its key.
+    template <class Change> void changeEach(Change change)
+    {
+        for (const auto &chunk : m_chunks) {
+            for (Entry &entry : chunk->entries) {
+                change(entry.node->record);
+                entry.place = Order::placeOf(entry.node->record);
+                chunk->widenBounds(entry.place);
+            }
+            chunk->tightenBounds();
+        }
+    }
+
+private:
+    static std::size_t keyHash(QStringView configuration, QStringView name, int nameIndex)
+    {
+        return qHashMulti(0, trimmedView(configuration), trimmedView(name), nameIndex);
+    }
+
+    static std::size_t keyHash(const Record &record)
+    {
+        return keyHash(record.configuration, record.name, record.nameIndex);
+    }
+
+    /// Number of a configuration. All records of one share its text: who walks the table then finds it in
+    /// the cache.
+    int configurationNumber(QString &configuration)
+    {
+        auto known = m_configurations.constFind(configuration);
+        if (known == m_configurations.cend())
+            known = m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
+        configuration = known.key();
+        return *known;
+    }
+
+    /// Brings the chunks' start indexes up to date.
+    void numberChunks() const
+    {
+        if (m_numbered)
+            return;
+        int start = 0;
+        for (const auto &chunk : m_chunks) {
+            chunk->start = start;
+            start += static_cast<int>(chunk->entries.size());
+        }
+        m_numbered = true;
+    }
+
+    int indexOf(const Node &node) const
+    {
+        numberChunks();
+        return node.chunk->start + static_cast<int>(&node.chunk->entryOf(node) - node.chunk->entries.data());
+    }
+
+    typename Chunks::const_iterator chunkAt(int index) const
+    {
+        if (index < 0 || index >= size())
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        numberChunks();
+        const auto startOf = [](const auto &chunk) { return chunk->start; };
+        return std::ranges::upper_bound(m_chunks, index, {}, startOf) - 1;
+    }
+
+    /// A chunk's number and an offset in it.
+    using Spot = std::pair<std::size_t, std::size_t>;
+
+    /// Where a new record belongs in the configuration whose chunks begin with number `first`.
+    Spot orderedSpot(std::size_t first, Place place) const
+    {
+        const Spot greater = firstOfGreaterGroup(first, place.group);
+        auto [chunk, offset] = greater;
+        while (true) {
+            for (; offset > 0; --offset) {
+                if (m_chunks[chunk]->entries[offset - 1].place < place)
+                    return {chunk, offset};
+            }
+            do {
+                if (chunk == first)
+                    return frontOf(first, greater);
+                --chunk;
+            } while (!(m_chunks[chunk]->least < place));
+            offset = m_chunks[chunk]->entries.size();
+        }
+    }
+
+    /// The end of the configuration when no group in it is greater.
+    Spot firstOfGreaterGroup(std::size_t first, int group) const
+    {
+        std::size_t chunk = first;
+        for (; continues(first, chunk); ++chunk) {
+            const auto &entries = m_chunks[chunk]->entries;
+            if (m_chunks[chunk]->greatestGroup <= group)
+                continue;
+            for (std::size_t offset = 0; offset < entries.size(); ++offset) {
+                if (entries[offset].place.group > group)
+                    return {chunk, offset};
+            }
+        }
+        return {chunk - 1, m_chunks[chunk - 1]->entries.size()};
+    }
+
+    /// Where a record with no smaller one before it goes.
+    Spot frontOf(std::size_t first, Spot greater) const
+    {
+        const bool hasSecond = m_chunks[first]->entries.size() > 1 || continues(first, first + 1);
+        return {first, Order::offsetAtFront({first == 0, greater == Spot(first, 0), hasSecond})};
+    }
+
+    /// True when a chunk belongs to the configuration whose chunks begin with number `first`.
+    bool continues(std::size_t first, std::size_t chunk) const
+    {
+        return chunk < m_chunks.size() && m_chunks[chunk]->configuration == m_chunks[first]->configuration;
+    }
+
+    void insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
+    {
+        if (m_chunks[chunkNumber]->entries.size() == chunkCapacity) {
+            // Records mostly arrive in order: a full chunk then stays full and a new one begins behind it.
+            const std::size_t cut = offset == chunkCapacity ? chunkCapacity : chunkCapacity / 2;
+            split(chunkNumber, cut);
+            if (offset > cut || cut == chunkCapacity) {
+                ++chunkNumber;
+                offset -= cut;
+            }
+        }
+        const std::size_t hash = keyHash(record);
+        Node &node = m_nodes.add(hash, std::make_unique<Node>(Node{std::move(record)}));
+        Chunk &chunk = *m_chunks[chunkNumber];
+        node.chunk = &chunk;
+        const Place place = Order::placeOf(node.record);
+        chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset), {&node, place});
+        chunk.widenBounds(place);
+        m_numbered = false;
+    }
+
+    /// Moves the entries from `cut` on into a new chunk behind.
+    void split(std::size_t chunkNumber, std::size_t cut)
+    {
+        Chunk &chunk = *m_chunks[chunkNumber];
+        auto behind = std::make_unique<Chunk>(chunk.configuration);
+        const auto middle = chunk.entries.begin() + static_cast<std::ptrdiff_t>(cut);
+        behind->entries.assign(middle, chunk.entries.end());
+        behind->tightenBounds();
+        for (const Entry &entry : behind->entries)
+            entry.node->chunk = behind.get();
+        chunk.entries.erase(middle, chunk.entries.end());
+        chunk.tightenBounds();
+        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunkNumber) + 1, std::move(behind));
+    }
+
+    KeyIndex<Node> m_nodes;               // owns the records, by hash of their key
+    Chunks m_chunks;                      // their order
+    QHash<QString, int> m_configurations; // a number for every configuration ever seen
+    mutable bool m_numbered = false;
+};
+
+} // namespace varnow

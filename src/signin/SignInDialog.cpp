@@ -1,0 +1,132 @@
+#include "signin/SignInDialog.h"
+
+#include "base/development.h"
+#include "base/text.h"
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+
+#include <QStringList>
+
+namespace varnow {
+
+namespace {
+
+QString prompt(DatabaseRole role)
+{
+    switch (role) {
+    case DatabaseRole::Configuration:
+        return "Enter configuration database information.";
+    case DatabaseRole::Velmora:
+        return "Enter Velmora database information.";
+    }
+    Q_UNREACHABLE();
+}
+
+void inform(const QStringList &lines, const QString &title = "Configuration")
+{
+    ui::show({lines.join(lineBreak), title, ui::Icon::Information});
+}
+
+QStringList verdictLines(SchemaVersionCheck::Verdict verdict)
+{
+    switch (verdict) {
+    case SchemaVersionCheck::Verdict::Earlier:
+        return {"  there is a problem, the database", "  version is earlier than",
+                "  application requirements."};
+    case SchemaVersionCheck::Verdict::Exact:
+        return {"  success, the versions match exactly."};
+    case SchemaVersionCheck::Verdict::Newer:
+        return {"  success, the database version is", "  newer than the application", "  requirements."};
+    }
+    Q_UNREACHABLE();
+}
+
+/// Tells the user what the version check found. Returns whether the start can go on with this database.
+bool showFindings(const SchemaVersionCheck &check, DatabaseRole role)
+{
+    if (check.errorNumber != 0) {
+        inform({QStringLiteral("An unexpected error, number %1").arg(check.errorNumber),
+                "occurred while reading the database", "version.  This may indicate a problem",
+                "with the database."});
+        if (role == DatabaseRole::Configuration) {
+            inform({"An unexpedted error occurred while reading", "the database version.  The database could",
+                    "not be located.  If it does not exist then", "it must be created before performing the",
+                    "configuration.", "", "  THE UPLOAD CONFIGURATION", "          CAN NOT CONTINUE!"});
+            return false;
+        }
+    }
+    inform(QStringList("Database version checked: ") + verdictLines(check.verdict));
+    inform({"This database information must", " also be in the velmora.ini for the ",
+            "upload application environment.  ", "Please make sure that it is available",
+            "for the Pentaro application."},
+           "Reminder");
+    return true;
+}
+
+} // namespace
+
+SignInDialog::SignInDialog(DatabaseRole role)
+    : ui::Window("signIn", prompt(role), 3750, 4155, Border::FixedDialog), m_role(role)
+{
+    m_password.setPassword(true);
+    m_login.setDefault();
+    m_cancel.setCancel();
+    m_login.onClick = [this] { unload(); };
+    m_cancel.onClick = [this] {
+        m_isCanceled = true;
+        unload();
+    };
+    setFocusOrder({&m_server, &m_database, &m_user, &m_password, &m_login, &m_cancel});
+    onActivate = [this] { fillDevelopmentValues(); };
+    onCloseRequest = [this] { return m_isCanceled ? ui::CloseDecision::Close : accept(); };
+}
+
+SignIn SignInDialog::ask()
+{
+    showModal();
+    return m_result;
+}
+
+void SignInDialog::fillDevelopmentValues()
+{
+    if constexpr (!isDevelopmentRun)
+        return;
+    m_server.setText("(sqlite)");
+    m_database.setText("build/standard.db");
+    m_user.setText("admin");
+    if (m_role == DatabaseRole::Velmora)
+        m_password.setText("admin");
+    m_server.selectAll(); // it has the focus first, maybe before these texts
+}
+
+/// Checks the entries and has the database's version judged.
+ui::CloseDecision SignInDialog::accept()
+{
+    if (!isComplete())
+        return ui::CloseDecision::StayOpen;
+    m_result.settings = {m_server.text(), m_database.text(), m_user.text(), m_password.text()};
+    m_password.setText(""); // it is kept nowhere but in the result
+    const ui::Hourglass hourglass;
+    m_result.outcome = showFindings(checkSchemaVersion(m_result.settings, m_role), m_role)
+                           ? SignIn::Outcome::Accepted
+                           : SignIn::Outcome::Unreadable;
+    return ui::CloseDecision::Close;
+}
+
+/// Complains about each required entry that is blank. Returns whether none is.
+bool SignInDialog::isComplete()
+{
+    bool complete = true;
+    const auto require = [&complete](const TextBox &entry, const QString &complaint) {
+        if (!isBlank(entry.text()))
+            return;
+        ui::show({complaint, "ERROR", ui::Icon::Critical});
+        complete = false;
+    };
+    require(m_server, "A Server name is required.");
+    require(m_database, "A Database name is required.");
+    require(m_user, "A Username is required.");
+    return complete;
+}
+
+} // namespace varnow

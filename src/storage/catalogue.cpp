@@ -1,0 +1,95 @@
+#include "storage/catalogue.h"
+
+#include "base/guarded.h"
+#include "base/text.h"
+#include "db/Connection.h"
+
+#include <limits>
+
+namespace varnow {
+
+namespace {
+
+/// The trimmed text of a column of the current row. Null raises errors::InvalidUseOfNull.
+QString textOf(const db::ResultSet &rows, const QString &column)
+{
+    const QVariant &value = rows.value(column);
+    if (value.isNull())
+        throw RuntimeError(errors::InvalidUseOfNull);
+    return trim(value.toString());
+}
+
+/// The result of a query, closed when it failed.
+db::ResultSet tryQuery(const db::ConnectionSettings &database, const QString &sql)
+{
+    return guarded([&] { return db::executeOnce(database, sql); },
+                   [](const RuntimeError &) { return db::ResultSet(); });
+}
+
+void readDataFieldNames(db::ResultSet rows, const QString &configuration, QStringList &names)
+{
+    const int owner = rows.column(QStringLiteral("config_name"));
+    const int name = rows.column(QStringLiteral("field_name"));
+    for (int row = 1; !rows.atEnd(); rows.moveNext(), ++row) {
+        if (trim(rows.value(owner).toString()) == configuration)
+            names += trim(rows.value(name).toString());
+        if (row > std::numeric_limits<qint16>::max())
+            throw RuntimeError(errors::Overflow);
+    }
+}
+
+} // namespace
+
+QStringList loadConfigurationNames(const db::ConnectionSettings &database)
+{
+    db::ResultSet rows =
+        tryQuery(database, QStringLiteral("SELECT DISTINCT config_name FROM data_extractor_config;"));
+    QStringList names;
+    for (; rows.isOpen() && !rows.atEnd(); rows.moveNext())
+        names += textOf(rows, QStringLiteral("config_name"));
+    return names;
+}
+
+DefaultConfiguration loadDefaultConfiguration(const db::ConnectionSettings &database)
+{
+    using enum DefaultConfiguration::Problem;
+    const db::ResultSet rows =
+        tryQuery(database, QStringLiteral("SELECT DefaultConfigName FROM Misc_upload_constants;"));
+    if (!rows.isOpen())
+        return {.problem = QueryFailed};
+    if (rows.rowCount() == 0)
+        return {.problem = NoRow};
+    const auto read = [&]() -> DefaultConfiguration {
+        const QString name = textOf(rows, QStringLiteral("DefaultConfigName"));
+        if (name.isEmpty())
+            return {.problem = Blank};
+        return {.name = name};
+    };
+    return guarded(read, [](const RuntimeError &) { return DefaultConfiguration{.problem = Unreadable}; });
+}
+
+DataFieldNames loadDataFieldNames(const db::ConnectionSettings &database, const QString &configuration)
+{
+    using enum DataFieldNames::Outcome;
+    DataFieldNames result;
+    result.outcome = NotConnected;
+    const auto load = [&] {
+        db::Connection connection(database.trimmed());
+        result.outcome = QueryFailed;
+        db::ResultSet rows = connection.execute("SELECT config_name, field_name "
+                                                "FROM data_extractor_fields_config "
+                                                "WHERE LTRIM(RTRIM(config_name)) = " +
+                                                db::quoted(configuration) + " ORDER BY field_name;");
+        result.outcome = BrokenOff;
+        readDataFieldNames(std::move(rows), configuration, result.names);
+        result.outcome = Complete;
+        return 0;
+    };
+    result.errorNumber = guarded(load, [&](const RuntimeError &error) {
+        result.errorDescription = error.description();
+        return error.number();
+    });
+    return result;
+}
+
+} // namespace varnow

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace varnow {
+
+/// The names of all configurations, trimmed, in the database's order; none when the query fails. Raises
+/// errors::InvalidUseOfNull for a name that is Null.
+QStringList loadConfigurationNames(const db::ConnectionSettings &database);
+
+/// The configuration that the editor opens first, and why it is only a substitute.
+struct DefaultConfiguration
+{
+    enum class Problem { None, QueryFailed, NoRow, Blank, Unreadable };
+
+    QString name = QStringLiteral("Standard");
+    Problem problem = Problem::None;
+};
+
+DefaultConfiguration loadDefaultConfiguration(const db::ConnectionSettings &database);
+
+/// The data field names of a configuration, trimmed, and how the reading of them ended.
+struct DataFieldNames
+{
+    enum class Outcome { Complete, NotConnected, QueryFailed, BrokenOff };
+
+    Outcome outcome = Outcome::Complete;
+    QStringList names;        ///< after BrokenOff those read before the error
+    int errorNumber = 0;      ///< of any outcome but Complete
+    QString errorDescription; ///< the same
+};
+
+/// `configuration` is taken as it was typed: one with blanks around it has no data field names. At most 32767
+/// rows are read; more break off with errors::Overflow.
+DataFieldNames loadDataFieldNames(const db::ConnectionSettings &database, const QString &configuration);
+
+} // namespace varnow

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "db/ConnectionSettings.h"
+#include "model/Model.h"
+#include "storage/RunObserver.h"
+
+// Writing the records back to the database, one statement and one connection each.
+
+namespace varnow {
+
+/// Deletes the rows of the removed lines, inserts or updates the row of every line, then the same for the
+/// fields; each of the four runs shows its summary. A row to update is found by the record's key, a row to
+/// delete by the identifier in memory. One failed record never stops a run. Returns 0, also when single
+/// records failed; the number of an unexpected failure of the save of lines, which ends the whole, or of
+/// fields; errors::UserInterrupt when the user stopped it.
+int saveAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer);
+
+/// Gives every record without a known identifier (0 or -1) the one of its row, where it has one. Called after
+/// a save.
+void adoptIds(const db::ConnectionSettings &database, Model &model, RunObserver &observer);
+
+} // namespace varnow

@@ -1,0 +1,46 @@
+#include "storage/statements.h"
+
+#include "base/RuntimeError.h"
+
+namespace varnow {
+
+namespace {
+
+void require(const QVariant &cell, ColumnReading reading)
+{
+    if (reading == ColumnReading::Required && cell.isNull())
+        throw RuntimeError(errors::InvalidUseOfNull);
+}
+
+} // namespace
+
+void readCell(const QVariant &cell, ColumnReading reading, int &number)
+{
+    require(cell, reading);
+    const bool isEmpty =
+        cell.isNull() || (reading == ColumnReading::NumberInText && isBlank(cell.toString()));
+    number = isEmpty ? 0 : toLong(cell);
+}
+
+void readCell(const QVariant &cell, ColumnReading reading, QString &text)
+{
+    require(cell, reading);
+    text = reading == ColumnReading::Untrimmed ? cell.toString() : trim(cell.toString());
+}
+
+/// SQLite keeps dates as ISO text. Any other value gives the start of 1900.
+void readCell(const QVariant &cell, ColumnReading reading, QDateTime &time)
+{
+    require(cell, reading);
+    if (cell.typeId() == QMetaType::QDateTime) {
+        time = cell.toDateTime();
+        return;
+    }
+    static const QDateTime noDate = utcDateTime(QDate(1900, 1, 1));
+    const QString text = trim(cell.toString());
+    const QDate date = QDate::fromString(text.left(10), Qt::ISODate);
+    const QTime hour = text.size() > 10 ? QTime::fromString(text.mid(11), Qt::ISODateWithMs) : QTime(0, 0);
+    time = date.isValid() && hour.isValid() ? utcDateTime(date, hour) : noDate;
+}
+
+} // namespace varnow

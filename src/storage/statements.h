@@ -1,0 +1,132 @@
+#pragma once
+
+#include "base/dateTime.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "db/Connection.h"
+#include "model/Field.h"
+#include "model/Line.h"
+
+#include <vector>
+
+// The statements for the rows of a record, and the reading of rows, made from its list of columns.
+
+namespace varnow {
+
+/// The table of a record and the order in which its rows are loaded.
+template <class Record> struct Table;
+
+template <> struct Table<Line>
+{
+    static constexpr QLatin1String name{"LabLineConfig"};
+    static constexpr QLatin1String order{"Configuration, MsgIndex"};
+};
+
+template <> struct Table<Field>
+{
+    static constexpr QLatin1String name{"LabLineFieldConfig"};
+    static constexpr QLatin1String order{"MsgIndex, Position"};
+};
+
+/// The record's value in a column as SQL writes it. Spare columns, some of them dates, are never written.
+template <class Record> QString literal(const Record &record, const Column<Record> &column)
+{
+    if (const auto *text = std::get_if<QString Record::*>(&column.member))
+        return db::quoted(record.**text);
+    const QString number = QString::number(record.*std::get<int Record::*>(column.member));
+    return column.reading == ColumnReading::NumberInText ? db::quoted(number) : number;
+}
+
+template <class Record> QString selectAllRows()
+{
+    QStringList names;
+    for (const Column<Record> &column : Record::columns())
+        names += QLatin1String(column.name);
+    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + Table<Record>::name + " ORDER BY " +
+           Table<Record>::order + ';';
+}
+
+/// Looks up the identifier of the record's row.
+template <class Record> QString selectId(const Record &record)
+{
+    QStringList conditions;
+    for (const Column<Record> &column : Record::columns()) {
+        if (column.use == ColumnUse::Key)
+            conditions += QLatin1String(column.name) + " = " + literal(record, column);
+    }
+    return "SELECT id FROM " + Table<Record>::name + " WHERE " + conditions.join(QLatin1String(" AND ")) +
+           ';';
+}
+
+template <class Record> QString selectGreatestId()
+{
+    return "SELECT MAX(id) FROM " + Table<Record>::name + ';';
+}
+
+template <class Record> QString insertRow(const Record &record)
+{
+    QStringList names;
+    QStringList values;
+    for (const Column<Record> &column : Record::columns()) {
+        if (column.use == ColumnUse::Spare)
+            continue;
+        names += QLatin1String(column.name);
+        values += literal(record, column);
+    }
+    const QLatin1String comma(", ");
+    return "INSERT INTO " + Table<Record>::name + " (" + names.join(comma) + ") VALUES (" +
+           values.join(comma) + ");";
+}
+
+/// Writes the record into the row with its identifier.
+template <class Record> QString updateRow(const Record &record)
+{
+    QStringList assignments;
+    for (const Column<Record> &column : Record::columns()) {
+        if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
+            assignments += QLatin1String(column.name) + " = " + literal(record, column);
+    }
+    return "UPDATE " + Table<Record>::name + " SET " + assignments.join(QLatin1String(", ")) +
+           " WHERE id = " + QString::number(record.id) + ';';
+}
+
+template <class Record> QString deleteRow(int id)
+{
+    return "DELETE FROM " + Table<Record>::name + " WHERE id = " + QString::number(id) + ';';
+}
+
+/// What a cell is to a member, by the column's way of reading. They raise errors::InvalidUseOfNull for a
+/// required value that is Null, errors::TypeMismatch and errors::Overflow for what is no 32-bit number.
+void readCell(const QVariant &cell, ColumnReading reading, int &number);
+void readCell(const QVariant &cell, ColumnReading reading, QString &text);
+void readCell(const QVariant &cell, ColumnReading reading, QDateTime &time);
+
+/// Reads the rows of a result, its columns looked up once.
+template <class Record> class RecordReader
+{
+public:
+    /// Raises errors::NoSuchColumn when the result has not all columns of the record.
+    explicit RecordReader(const db::ResultSet &rows) : m_rows(rows)
+    {
+        for (const Column<Record> &column : Record::columns())
+            m_columns.push_back(rows.column(QString::fromLatin1(column.name)));
+    }
+
+    /// The record of the current row.
+    Record read() const
+    {
+        Record record;
+        auto cell = m_columns.begin();
+        for (const Column<Record> &column : Record::columns()) {
+            const QVariant &value = m_rows.value(*cell++);
+            std::visit([&](auto member) { readCell(value, column.reading, record.*member); }, column.member);
+        }
+        return record;
+    }
+
+private:
+    const db::ResultSet &m_rows;
+    std::vector<int> m_columns;
+};
+
+} // namespace varnow

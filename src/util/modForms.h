@@ -1,8 +1,0 @@
-#pragma once
-
-namespace varnow {
-
-/// Unloads every loaded window, one after the other, each with its own handlers.
-void UnloadAllForms();
-
-} // namespace varnow

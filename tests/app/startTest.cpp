@@ -1,0 +1,206 @@
+// The start of the program, from its words or the sign-in to the editor or the end.
+
+#include "support/StartFixture.h"
+#include "support/TdsServer.h"
+
+#include "app/commandLine.h"
+#include "app/start.h"
+#include "db/codes.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFontMetrics>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+
+namespace varnow::test {
+
+namespace {
+
+struct StartTest : StartFixture
+{
+    /// Starts the program with these words behind its name.
+    void expectStart(const QString &words, const Actions &actions, int exitCode, const Boxes &boxes)
+    {
+        session = {};
+        Model model;
+        expectBoxesOf([&] { EXPECT_EQ(start(words, session, model), exitCode); }, actions, boxes);
+    }
+
+    /// The settings that the program holds, those of both databases.
+    QStringList stored() const
+    {
+        return entriesOf(session.configurationDatabase) + entriesOf(session.velmoraDatabase);
+    }
+
+    Session session;
+};
+
+/// The action, in a dialog that must show the whole of this prompt.
+Action under(const QString &prompt, const Action &action)
+{
+    return [=](const Driver &user) {
+        const QWidget *window = user.control("login")->window();
+        EXPECT_EQ(window->windowTitle(), prompt);
+        QFont bold = window->font();
+        bold.setBold(true);
+        constexpr int buttons = 80;
+        EXPECT_GT(window->width(), QFontMetrics(bold).horizontalAdvance(prompt) + buttons);
+        EXPECT_EQ(window->minimumSize(), window->maximumSize());
+        action(user);
+    };
+}
+
+const auto ending = [](const QString &reason) {
+    return Boxes{critical(reason + "\r\nThe configuration cannot continue.")};
+};
+
+} // namespace
+
+// A round left out, shown twice or after a failure; entries kept for the other database; an older schema that
+// stops the start, or an unreadable one that does not; the wrong last box; an exit code that hides it.
+TEST_P(StartTest, AsksForBothDatabasesBeforeTheEditor)
+{
+    const QString first = "Enter configuration database information.";
+    const QString second = "Enter Velmora database information.";
+    const QStringList other{valid[0], valid[1], " other ", ""};
+    const Boxes canceled = ending("The database login was canceled.");
+    const Boxes complaint{critical("A Username is required.", "ERROR")};
+    const auto nowhere = [this](const QString &server) {
+        return logIn({GetParam() == Engine::Sqlite ? valid[0] : server, valid[1] + "x", "user", ""});
+    };
+    expectStart("", {under(first, logIn(valid)), under(second, logIn(other)), close}, 0, exact + exact);
+    EXPECT_EQ(stored(), valid + other);
+    EXPECT_EQ(session.configurationNames, QStringList({"Standard", "Fixed Length"}));
+    expectStart(" \t", {under(first, cancel)}, 1, canceled);
+    expectStart("", {under(first, logIn(valid)), under(second, cancel)}, 1, exact + canceled);
+    expectStart("", {under(first, logIn({"s", "d", "", ""})), under(first, cancel)}, 1, complaint + canceled);
+    database.run("UPDATE database_version SET database_version = 2");
+    expectStart("", {logIn(valid), nowhere("no-such-host.invalid"), close}, 0, earlier + earlier);
+    expectStart("", {nowhere("127.0.0.1,1")}, 1,
+                errorBox(db::codes::Failure) + unreadable +
+                    ending("There was a serious problem with the supplied data."));
+}
+
+// Boxes that a test's handler sees and a user does not.
+TEST_P(StartTest, ShowsEveryBoxOnTheScreen)
+{
+    const auto before = ui::setMessageBoxHandler({});
+    QStringList seen;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            seen += box->windowTitle() + ": " + box->text().section("\r\n", -1);
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        }
+    });
+    user.start();
+    expectStart("", {logIn(valid), cancel}, 1, {});
+    ui::setMessageBoxHandler(before);
+    EXPECT_EQ(seen, QStringList({"Configuration:   success, the versions match exactly.",
+                                 "Reminder: for the Pentaro application.",
+                                 "Configuration: The configuration cannot continue."}));
+}
+
+// A word in the wrong place, an empty password in the wrong one, a ninth word that counts; a start with
+// half of the values.
+TEST_P(StartTest, TakesTheValuesFromEightWords)
+{
+    const Box refusal = critical("The command line must hold eight words, separated by blanks:\r\n"
+                                 "  configuration-server\r\n  configuration-database\r\n"
+                                 "  configuration-user\r\n  configuration-password\r\n"
+                                 "  velmora-server\r\n  velmora-database\r\n  velmora-user\r\n"
+                                 "  velmora-password");
+    for (int count = 1; count < 8; ++count) {
+        expectStart(QStringList(count, "word").join(' '), {}, 2, {refusal});
+        EXPECT_EQ(stored(), nothing + nothing);
+    }
+    const QString configuration = valid.mid(0, 3).join(' ') + " \"\"";
+    const QStringList values = valid.mid(0, 3) + QStringList("");
+    expectStart(configuration + " \tserver database \"\" \"\" nine ten eleven", {close}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"server", "database", "\"\"", ""}));
+    expectStart(configuration + " \"my server\" \"\" \"\"x", {close}, 0, {});
+    EXPECT_EQ(stored(), values + QStringList({"\"my", "server\"", "\"\"", "\"\"x"}));
+}
+
+// An outcome with another outcome's message, or one that ends the start; an editor on half a catalogue.
+TEST_P(StartTest, SurvivesEveryCatalogueButOneWithANullName)
+{
+    const QString words = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
+    const std::pair<const char *, Box> cases[] = {
+        {"UPDATE Misc_upload_constants SET DefaultConfigName = ' '",
+         note("The default configuration name is missing,\nsubstituting 'Standard'.")},
+        {"UPDATE Misc_upload_constants SET DefaultConfigName = NULL",
+         note("An unexpected error occurred while reading the database\n"
+              "for the default configuration name, substituting 'Standard'.")},
+        {"DELETE FROM Misc_upload_constants", note("No data was returned from the database for the default \n"
+                                                   "configuration name, substituting 'Standard'.")},
+        {"DROP TABLE Misc_upload_constants",
+         note("An unexpected problem with the database prevented reading\n"
+              "the default configuration name, substituting 'Standard'.")}};
+    for (const auto &[sql, box] : cases) {
+        database.run(sql);
+        expectStart(words, {close}, 0, {box});
+        EXPECT_EQ(session.defaultConfiguration, "Standard");
+    }
+    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
+    expectStart(words, {}, 1,
+                {{"An unexpected error occurred while getting the configuration names."},
+                 {"There was an unexpected error loading configuration data,\r\ncannot continue."}});
+}
+
+// Quotes that group, separators that count, words behind the last one allowed.
+TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
+{
+    const std::pair<QString, QStringList> cases[] = {
+        {" \t ", {}},
+        {"\t one \t\ttwo  ", {"one", "two"}},
+        {"\"two words\" \"\"", {"\"two", "words\"", "\"\""}},
+        {"a\nb\u00a0c", {"a\nb\u00a0c"}},
+        {"1 2 3 4 5 6 7 8 9 10 11 12 ", {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}}};
+    for (const auto &[text, words] : cases)
+        EXPECT_EQ(splitWords(text), words) << qPrintable(text);
+}
+
+// Help that needs a display, or that counts as a server's name.
+TEST(Program, TellsAboutItselfWithoutADisplay)
+{
+    const auto output = [](const QString &word) {
+        QProcess program;
+        program.start(
+            "env", {"-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM", VARNOW_PROGRAM, word});
+        program.waitForFinished(-1);
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0);
+        return QString::fromUtf8(program.readAllStandardOutput());
+    };
+    EXPECT_TRUE(output("--version").startsWith("varnow "));
+    const QString help = output("--help");
+    for (const char *word : {"configuration-server", "velmora-password", "(sqlite)", "\"\""})
+        EXPECT_TRUE(help.contains(word)) << word;
+}
+
+// A password that every user of the machine can read.
+TEST(Program, BlanksItsWordsInTheProcessList)
+{
+    TestDatabase database(Engine::SqlServer);
+    database.server()->failLogins({.kind = Fault::Hang});
+    const QStringList words = entriesOf(database.settings());
+    QProcess program;
+    program.start(VARNOW_PROGRAM, words + words);
+    while (program.state() != QProcess::NotRunning && database.server()->logins().empty())
+        QTest::qWait(1); // it has read its words once it logs in
+    ASSERT_FALSE(database.server()->logins().empty());
+    QFile list(QStringLiteral("/proc/%1/cmdline").arg(program.processId()));
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    EXPECT_EQ(list.readAll().replace('\0', ""), QByteArray(VARNOW_PROGRAM));
+    EXPECT_EQ(database.server()->logins().front().password, database.settings().password);
+    program.kill();
+    program.waitForFinished(-1);
+}
+
+ON_EVERY_ENGINE(StartTest);
+
+} // namespace varnow::test

@@ -1,0 +1,98 @@
+// What windows share: their unloading, the hourglass over them, and the message box.
+
+#include "support/MessageLog.h"
+
+#include "ui/Application.h"
+#include "ui/Window.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <optional>
+
+namespace varnow::test {
+
+// A window that is forgotten, unloaded without its handlers, or against its will; an unload that unloads
+// others meanwhile; a program that goes on without windows.
+TEST(WindowTest, UnloadsWithAllOthersUnlessItRefuses)
+{
+    using enum ui::CloseDecision;
+    ui::Window first("first", "", 1000, 1000);
+    ui::Window stubborn("stubborn", "", 1000, 1000);
+    ui::Window last("last", "", 1000, 1000);
+    int asked = 0;
+    first.onCloseRequest = [&] { return last.unload(), Close; };
+    stubborn.onCloseRequest = [] { return StayOpen; };
+    last.onCloseRequest = [&] { return ++asked, Close; };
+    for (ui::Window *shown : {&stubborn, &first, &last})
+        shown->show();
+    QTimer::singleShot(0, [&] {
+        ui::Window::unloadAll();
+        EXPECT_EQ(asked, 1);
+        EXPECT_EQ(ui::Window::loadedWindows(), std::vector<ui::Window *>{&stubborn});
+        stubborn.onCloseRequest = nullptr;
+        ui::Window::unloadAll();
+    });
+    ui::runUntilNoWindowIsLoaded();
+    EXPECT_TRUE(ui::Window::loadedWindows().empty());
+}
+
+// An hourglass that ends with the first of several guards, or needs as many resets as it was set.
+TEST(HourglassTest, StaysUntilTheOutermostGuardIsGone)
+{
+    std::optional<ui::Hourglass> outermost(std::in_place);
+    std::optional<ui::Hourglass>(std::in_place).reset();
+    EXPECT_TRUE(ui::Hourglass::isShown());
+    outermost.reset();
+    EXPECT_FALSE(ui::Hourglass::isShown());
+}
+
+TEST(MessageBoxTest, ShowsButtonsIconDefaultAndPlainText)
+{
+    const auto press = [](Qt::Key key, ui::Icon icon, ui::Buttons buttons = ui::Buttons::Ok) {
+        QTimer::singleShot(0, [=] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->text(), "<b>&\tx</b>");
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
+            const QMessageBox::Icon icons[] = {QMessageBox::NoIcon, QMessageBox::Critical,
+                                               QMessageBox::Question, QMessageBox::Information};
+            EXPECT_EQ(box->icon(), icons[static_cast<int>(icon)]);
+            EXPECT_FALSE(ui::Hourglass::isShown());
+            QTest::keyClick(box, key);
+        });
+        return ui::show({"<b>&\tx</b>", "Title", icon, buttons});
+    };
+    const auto before = ui::setMessageBoxHandler({});
+    std::optional<ui::Hourglass> work(std::in_place);
+    EXPECT_EQ(press(Qt::Key_Return, ui::Icon::None), ui::Answer::Ok);
+    EXPECT_EQ(press(Qt::Key_Escape, ui::Icon::Critical), ui::Answer::Ok);
+    EXPECT_EQ(press(Qt::Key_Return, ui::Icon::Question, ui::Buttons::YesNo), ui::Answer::Yes);
+    EXPECT_EQ(press(Qt::Key_Escape, ui::Icon::Question, ui::Buttons::YesNo), ui::Answer::No);
+    EXPECT_EQ(press(Qt::Key_Return, ui::Icon::Question, ui::Buttons::YesNoCancel), ui::Answer::Cancel);
+    EXPECT_EQ(press(Qt::Key_Escape, ui::Icon::Question, ui::Buttons::YesNoCancel), ui::Answer::Cancel);
+    EXPECT_TRUE(ui::Hourglass::isShown()); // the work goes on
+    work.reset();
+    EXPECT_EQ(press(Qt::Key_Return, ui::Icon::Information), ui::Answer::Ok);
+    EXPECT_FALSE(ui::Hourglass::isShown());
+    ui::setMessageBoxHandler(before);
+}
+
+// A reminder of the buttons that is missing or stands alone, or an answer taken for another one.
+TEST(MessageBoxTest, RemindsOfTheButtonsBelowAText)
+{
+    const QString reminded = "Text\r\nPlease select 'Yes', 'No' or 'Cancel'";
+    MessageLog messages;
+    for (const ui::Answer answer : {ui::Answer::Yes, ui::Answer::No, ui::Answer::Cancel}) {
+        messages.answerWith(answer);
+        EXPECT_EQ(ui::askYesNo("", "Sure"), answer == ui::Answer::Yes);
+        messages.answerWith(answer);
+        EXPECT_EQ(ui::askYesNoCancel("Text", "Sure"), answer);
+        EXPECT_EQ(messages.take(),
+                  (Boxes{question("", "Sure"), question(reminded, "Sure", ui::Buttons::YesNoCancel)}));
+    }
+}
+
+} // namespace varnow::test
