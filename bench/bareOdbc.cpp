@@ -61,20 +61,32 @@ std::string odbcConnectionString(const db::ConnectionSettings &settings)
     return text.toStdString();
 }
 
-void runBare(const std::string &connectionString, const std::string &sql)
+BareConnection::BareConnection(const std::string &connectionString)
 {
-    SQLHDBC connection = nullptr;
-    SQLHSTMT statement = nullptr;
-    require(SQLAllocHandle(SQL_HANDLE_DBC, environment(), &connection), "allocation");
-    require(SQLDriverConnect(connection, nullptr, text(connectionString), SQL_NTS, nullptr, 0, nullptr,
+    require(SQLAllocHandle(SQL_HANDLE_DBC, environment(), &m_handle), "allocation");
+    require(SQLDriverConnect(m_handle, nullptr, text(connectionString), SQL_NTS, nullptr, 0, nullptr,
                              SQL_DRIVER_NOPROMPT),
             "connecting");
-    require(SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement), "allocation");
+}
+
+BareConnection::~BareConnection()
+{
+    SQLDisconnect(m_handle);
+    SQLFreeHandle(SQL_HANDLE_DBC, m_handle);
+}
+
+void BareConnection::run(const std::string &sql)
+{
+    SQLHSTMT statement = nullptr;
+    require(SQLAllocHandle(SQL_HANDLE_STMT, m_handle, &statement), "allocation");
     require(SQLExecDirect(statement, text(sql), SQL_NTS), sql.c_str());
     fetchEverything(statement);
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
-    SQLDisconnect(connection);
-    SQLFreeHandle(SQL_HANDLE_DBC, connection);
+}
+
+void runBare(const std::string &connectionString, const std::string &statement)
+{
+    BareConnection(connectionString).run(statement);
 }
 
 } // namespace varnow::bench

@@ -32,11 +32,18 @@ RecordTree &treeOf(const ui::Window &window)
     std::abort();
 }
 
+Model loaded(const db::ConnectionSettings &settings)
+{
+    Model model;
+    load(settings, model);
+    return model;
+}
+
 /// The editor, open on a configuration of a database.
 class OpenEditor
 {
 public:
-    explicit OpenEditor(Size size) : m_database(size) {}
+    explicit OpenEditor(Size size) : m_database(size), m_model(loaded(m_database.settings())) {}
     ~OpenEditor() { m_editor.surface()->hide(); }
 
     const Session &session() const { return m_session; }

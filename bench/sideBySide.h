@@ -8,17 +8,28 @@
 
 namespace varnow::bench {
 
-/// Processor seconds that `work` takes; time that other programs take from this one does not count.
-template <class Work> double seconds(Work work)
+inline double secondsOn(clockid_t clock, const auto &work)
 {
-    const auto now = [] {
+    const auto now = [clock] {
         timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        clock_gettime(clock, &time);
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
     };
     const double start = now();
     work();
     return now() - start;
+}
+
+/// Processor seconds that `work` takes in all threads; time that other programs take does not count.
+double seconds(const auto &work)
+{
+    return secondsOn(CLOCK_PROCESS_CPUTIME_ID, work);
+}
+
+/// Seconds on the clock on the wall.
+double wallSeconds(const auto &work)
+{
+    return secondsOn(CLOCK_MONOTONIC, work);
 }
 
 inline double median(std::vector<double> values)

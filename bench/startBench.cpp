@@ -127,9 +127,9 @@ void startBesideEmptyWindow(benchmark::State &state, double atMost, double Usage
 void addStartRows()
 {
     addRow("start to the editor shown, processor | empty window", "s", 9,
-           [](benchmark::State &state) { startBesideEmptyWindow(state, 2.5, &Usage::processorSeconds); });
+           [](benchmark::State &state) { startBesideEmptyWindow(state, 2.3, &Usage::processorSeconds); });
     addRow("start to the editor shown, resident | empty window", "bytes", 3,
-           [](benchmark::State &state) { startBesideEmptyWindow(state, 1.6, &Usage::residentBytes); });
+           [](benchmark::State &state) { startBesideEmptyWindow(state, 1.55, &Usage::residentBytes); });
 }
 
 } // namespace varnow::bench

@@ -36,7 +36,7 @@ void loadBesideBareFetch(benchmark::State &state)
         runBare(connection, selectAllRows<Field>().toStdString());
     };
     sideBySide(
-        state, 1.5, [&] { return secondsToLoad(database, model); }, [&] { return seconds(bareFetch); });
+        state, 1.35, [&] { return secondsToLoad(database, model); }, [&] { return seconds(bareFetch); });
 }
 
 void loadBesideTenth(benchmark::State &state)

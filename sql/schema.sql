@@ -64,8 +64,9 @@ CREATE TABLE data_extractor_fields_config (
 
 -- The schema version that a login checks. The configuration database keeps it in the first column, the
 -- main application database in the second; with both, this one table serves either.
--- A real is what the required versions are too, so an equal version compares equal.
+-- A real is what the required versions are too, so an equal version compares equal. The brackets keep the
+-- word from FreeTDS' tsql, to which a line that begins with it is a command of its own.
 CREATE TABLE database_version (
     database_version  real,
-    version           real
+    [version]         real
 );

@@ -48,7 +48,7 @@ bool printInformation(const QString &argumentText)
     QTextStream out(stdout);
     if (argumentText == "--version")
         out << "varnow " VARNOW_VERSION "\n";
-    else if (argumentText == "--help")
+    else if (argumentText == "--help" || argumentText == "-h")
         out << "Usage: varnow [" << eightWords
             << "]\n"
                "Edits the lines and fields of upload messages in a SQL Server database.\n"
@@ -63,7 +63,8 @@ bool printInformation(const QString &argumentText)
 QString partialCommandLineMessage()
 {
     return "The command line must hold eight words, separated by blanks:" + lineBreak + "  " +
-           QString(eightWords).replace(u' ', lineBreak + "  ");
+           QString(eightWords).replace(u' ', lineBreak + "  ") + lineBreak +
+           "An empty password is written as '\"\"'.";
 }
 
 } // namespace varnow

@@ -1,11 +1,14 @@
 #include "app/start.h"
 
 #include "app/commandLine.h"
+#include "app/process.h"
 #include "base/guarded.h"
 #include "base/text.h"
 #include "editor/EditorWindow.h"
+#include "editor/RunWindow.h"
 #include "signin/SignInDialog.h"
 #include "storage/catalogue.h"
+#include "storage/load.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
@@ -60,26 +63,41 @@ void tellSubstitution(DefaultConfiguration::Problem problem)
     }
 }
 
-/// Reads the names of the configurations and the one to begin with. Returns whether the start can go on; if
-/// not, says why.
-bool loadCatalogue(Session &session)
+/// Reads the names of the configurations and the one to begin with. Raises errors::UserInterrupt when the
+/// user stopped it, and what loadConfigurationNames() raises, after a message.
+void loadCatalogue(Session &session, RunObserver &observer)
 {
-    const auto load = [&] {
-        session.configurationNames = loadConfigurationNames(session.configurationDatabase);
+    Run run(session.configurationDatabase, observer);
+    const auto loadNames = [&] { return loadConfigurationNames(run); };
+    session.configurationNames = guarded(loadNames, [](const RuntimeError &error) -> QStringList {
+        if (error.number() != errors::UserInterrupt)
+            ui::show({"An unexpected error occurred while getting the configuration names."});
+        throw error;
+    });
+    const DefaultConfiguration first = loadDefaultConfiguration(run);
+    run.close(); // nothing stays open while the user reads
+    tellSubstitution(first.problem);
+    session.defaultConfiguration = first.name;
+}
+
+/// Reads the catalogue and all records. Returns whether the start can go on; if not, says why.
+bool load(Session &session, Model &model)
+{
+    RunWindow progress;
+    const auto loadBoth = [&] {
+        loadCatalogue(session, progress);
+        const int code = loadAll(session.configurationDatabase, model, progress);
+        if (code == errors::UserInterrupt)
+            throw RuntimeError(code);
+        if (code != 0)
+            EditorWindow::tellLoadFailure({"continue, any current information will be lost."});
         return true;
     };
-    const auto report = [](const RuntimeError &) {
-        ui::show({"An unexpected error occurred while getting the configuration names."});
+    return guarded(loadBoth, [](const RuntimeError &) {
         ui::show(
             {"There was an unexpected error loading configuration data," + lineBreak + "cannot continue."});
         return false;
-    };
-    if (!guarded(load, report))
-        return false;
-    const DefaultConfiguration first = loadDefaultConfiguration(session.configurationDatabase);
-    tellSubstitution(first.problem);
-    session.defaultConfiguration = first.name;
-    return true;
+    });
 }
 
 } // namespace
@@ -97,7 +115,7 @@ int start(const QString &argumentText, Session &session, Model &model)
              !signIn(DatabaseRole::Velmora, session.velmoraDatabase))
         return exitCodes::Failure;
 
-    if (!loadCatalogue(session))
+    if (!load(session, model))
         return exitCodes::Failure;
     EditorWindow editor(session, model);
     editor.show();
@@ -107,6 +125,7 @@ int start(const QString &argumentText, Session &session, Model &model)
 
 int runProgram(int argc, char **argv)
 {
+    forbidCoreFiles();
     const QString argumentText = takeArgumentText(argc, argv);
     if (printInformation(argumentText))
         return exitCodes::Success;

@@ -63,7 +63,8 @@ SQLRETURN run(const Handle &statement, const QString &sql, Dialect dialect)
 
 SQLHENV environment()
 {
-    static const Handle handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    // Never freed: a connection that nobody waits for any more may outlive the end of main().
+    static const Handle &handle = *new Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
     static const SQLRETURN version =
         SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(int{SQL_OV_ODBC3}), 0);
     Q_UNUSED(version)
@@ -114,16 +115,16 @@ struct Connection::Handles
     const int timeout; // of a statement, in seconds
 };
 
-Connection::Connection(const ConnectionSettings &settings, int timeout)
+Connection::Connection(const ConnectionSettings &settings)
 {
     const QString everything = settings.server + settings.database + settings.user + settings.password;
     if (!settings.isComplete() || everything.contains(QChar(u'\0')) || !everything.isValidUtf16())
         throw RuntimeError(codes::Failure, QStringLiteral("The connection settings are incomplete"));
     const Dialect dialect = settings.dialect();
+    const int timeout = std::clamp(settings.timeout, 1, connectionTimeout); // 0 would mean to wait for ever
     const QString text = odbcConnectionString(settings, dialect, timeout);
 
-    // Never 0, which would mean to wait for ever.
-    auto handles = std::make_unique<Handles>(dialect, std::clamp(timeout, 1, connectionTimeout));
+    auto handles = std::make_unique<Handles>(dialect, timeout);
     const Handle &connection = handles->connection;
     SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(timeout), 0);
     if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
@@ -146,6 +147,13 @@ ResultSet Connection::execute(const QString &sql, const RowObserver &onRow)
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) // which says that no row was touched
         throw statement.error(dialect);
     return fetchAll(statement, dialect, onRow);
+}
+
+bool Connection::isDead() const
+{
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttr(m_handles->connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+    return dead == SQL_CD_TRUE;
 }
 
 ResultSet executeOnce(const ConnectionSettings &settings, const QString &sql, const RowObserver &onRow)

@@ -9,17 +9,12 @@
 
 namespace varnow::db {
 
-/// Time-out of a log-in in seconds, and the longest that a statement is waited for.
-inline constexpr int connectionTimeout = 30;
-
 /// One open connection to a database. It closes when this object goes.
 class Connection
 {
 public:
-    /// Opens the database. `timeout` is how long to wait for the log-in, and for a statement, in seconds; a
-    /// statement is waited for at least one and never more than connectionTimeout seconds.
-    /// Raises codes::Failure whatever the reason of the failure.
-    explicit Connection(const ConnectionSettings &settings, int timeout = connectionTimeout);
+    /// Opens the database. Raises codes::Failure whatever the reason of the failure.
+    explicit Connection(const ConnectionSettings &settings);
     ~Connection();
     Connection(Connection &&) noexcept;
     Connection &operator=(Connection &&) noexcept;
@@ -27,6 +22,9 @@ public:
     /// Runs one SQL statement and fetches all rows of its result; a statement without a result gives a
     /// closed result set. Raises the provider's error code.
     ResultSet execute(const QString &sql, const RowObserver &onRow = {});
+
+    /// Whether the connection is known to be lost, after a statement failed.
+    bool isDead() const;
 
 private:
     struct Handles;

@@ -6,12 +6,13 @@ namespace varnow::db {
 
 Dialect ConnectionSettings::dialect() const
 {
-    return trimmedView(server) == u"(sqlite)" ? Dialect::Sqlite : Dialect::SqlServer;
+    return trimmedView(server).compare(u"(sqlite)", Qt::CaseInsensitive) == 0 ? Dialect::Sqlite
+                                                                              : Dialect::SqlServer;
 }
 
 ConnectionSettings ConnectionSettings::trimmed() const
 {
-    return {trim(server), trim(database), trim(user), trim(password)};
+    return {trim(server), trim(database), trim(user), trim(password), timeout};
 }
 
 } // namespace varnow::db

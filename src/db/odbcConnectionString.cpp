@@ -59,6 +59,25 @@ Address parseServer(const QString &server)
     return {host + u'\\' + instance, 0};
 }
 
+bool isThisMachine(const QString &host)
+{
+    static const QRegularExpression names(QRegularExpression::anchoredPattern(
+        R"(localhost|::1|127(\.(25[0-5]|2[0-4][0-9]|1[0-9][0-9]|[1-9]?[0-9])){3})"));
+    return names.match(host.section(u'\\', 0, 0).toLower()).hasMatch();
+}
+
+/// Whether the log-in may reach this host only encrypted. A word in VARNOW_ENCRYPTION that has no meaning
+/// gets the strictest one, lest a slip of the pen send a password in the clear.
+bool requiresEncryption(const QString &host)
+{
+    const QString scope = qEnvironmentVariable("VARNOW_ENCRYPTION");
+    if (scope == u"never")
+        return false;
+    if (scope.isEmpty() || scope == u"remote")
+        return !isThisMachine(host);
+    return true;
+}
+
 /// FreeTDS ends a value at the first "};" and knows no way to write that inside one. To the driver manager it
 /// ends at the first "}" already, and what follows could name another driver or a data source.
 QString freeTdsValue(const QString &value)
@@ -71,12 +90,23 @@ QString freeTdsValue(const QString &value)
     return u'{' + value + u'}';
 }
 
+/// FreeTDS believes these more than the connection string: they name another server, or a version of the
+/// protocol from before encryption.
+void dropFreeTdsVariables()
+{
+    for (const char *variable : {"TDSHOST", "TDSPORT", "TDSVER"})
+        qunsetenv(variable);
+}
+
 QString odbcValue(const QString &value)
 {
     return u'{' + QString(value).replace(u'}', QLatin1String("}}")) + u'}';
 }
 
 } // namespace
+
+// The driver manager looks for the key DRIVER by the rules of the locale: in Turkish, "Driver" is another
+// word.
 
 QString sqliteConnectionString(const ConnectionSettings &settings, int timeout)
 {
@@ -87,7 +117,7 @@ QString sqliteConnectionString(const ConnectionSettings &settings, int timeout)
     if (path.contains(u';'))
         refuse(QStringLiteral("SQLite's driver cannot take a path that holds a semicolon"));
     // The driver may wait three times for one connection and its statement.
-    return QStringLiteral("Driver={SQLite3};NoCreat=Yes;Timeout=%1;Database=%2;")
+    return QStringLiteral("DRIVER={SQLite3};NoCreat=Yes;Timeout=%1;Database=%2;")
         .arg(timeout * 1000 / 3)
         .arg(path);
 }
@@ -98,8 +128,9 @@ QString sqlServerConnectionString(const ConnectionSettings &settings, const QStr
     const bool freeTds = driver == u"FreeTDS";
     const auto value = freeTds ? freeTdsValue : odbcValue;
 
-    QString result = "Driver={" + driver + "};";
+    QString result = "DRIVER={" + driver + "};";
     if (freeTds) {
+        dropFreeTdsVariables();
         result += "Server=" + value(address.host) + ";TDS_Version=7.4;";
         if (address.port != 0)
             result += "Port=" + QString::number(address.port) + u';';
@@ -109,6 +140,9 @@ QString sqlServerConnectionString(const ConnectionSettings &settings, const QStr
     }
     result += "UID=" + value(settings.user) + ";PWD=" + value(settings.password) +
               ";Database=" + value(trim(settings.database)) + ";APP=" + application + u';';
+    // Behind everything else, for of two such entries the last one counts.
+    if (requiresEncryption(address.host))
+        result += freeTds ? "Encryption=require;" : "Encrypt=yes;";
     return result;
 }
 

@@ -22,6 +22,11 @@ bool DataCheck::passed() const
     return !m_failed;
 }
 
+int typedIndex(const QString &text)
+{
+    return isBlank(text) ? 0 : toLong(text);
+}
+
 bool isTooLarge(const QString &text)
 {
     return guarded([&] { return leadingNumber(text), false; }, [](const RuntimeError &) { return true; });

@@ -21,6 +21,10 @@ private:
     bool m_failed = false;
 };
 
+/// The name index of a record to remove as it was typed; a blank one is 0. Raises errors::TypeMismatch and
+/// errors::Overflow for what is no 32-bit number.
+int typedIndex(const QString &text);
+
 /// Whether the beginning of the text is a number that no 32-bit integer holds.
 bool isTooLarge(const QString &text);
 

@@ -9,6 +9,8 @@
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
+#include <utility>
+
 namespace varnow {
 
 namespace {
@@ -34,12 +36,9 @@ void EditorWindow::connectControls()
 {
     m_state.onLinesChanged = [this] { m_fieldPage.listLines(); };
     m_configuration.onChange = m_configuration.onClick = [this] { switchConfiguration(); };
+    m_configuration.onTypingPaused = [this] { tellProblems(); };
     m_tabs.onClick = [this] { turnPage(); };
-    m_tree.onLineClick = [this](const QString &name, int nameIndex) {
-        m_tabs.setCurrentPage(0);
-        m_linePage.show(name, nameIndex);
-    };
-    m_tree.onFieldClick = [this](const QString &name, int nameIndex) { showField(name, nameIndex); };
+    m_tree.onRecordClick = [this](const RecordName &record) { showRecord(record); };
     m_clear.onClick = [this] { shownPage().clear(); };
     m_change.onClick = [this] { change(); };
     m_delete.onClick = [this] { removeShown(); };
@@ -72,12 +71,10 @@ void EditorWindow::loadWindow()
 {
     for (EntryPage *page : m_state.pages)
         page->empty();
-    loadRecords({"continue, any current information will be lost."});
     listConfigurations();
     selectDefaultConfiguration();
     m_fieldPage.followFixedLength();
     m_tabs.setCurrentPage(0);
-    m_tree.showFirst();
     m_state.changesMade = false;
 }
 
@@ -122,7 +119,7 @@ void EditorWindow::layOut()
 
     for (EntryPage *page : m_state.pages)
         page->layOut();
-    m_tabs.hideOtherPages();
+    m_tabs.finishLayout();
 }
 
 void EditorWindow::accessDataDisplay()
@@ -150,16 +147,31 @@ void EditorWindow::turnPage()
     shown.turnedTo();
 }
 
-void EditorWindow::showField(const QString &name, int nameIndex)
+void EditorWindow::showRecord(const RecordName &record)
 {
-    m_tabs.setCurrentPage(1);
-    if (const std::optional<Field> field = m_fieldPage.show(name, nameIndex))
-        m_linePage.show(field->line, field->lineIndex);
+    switch (record.kind) {
+    case RecordName::Kind::Line:
+        m_tabs.setCurrentPage(0);
+        m_linePage.show(record.name, record.nameIndex);
+        return;
+    case RecordName::Kind::Field:
+        m_tabs.setCurrentPage(1);
+        if (const std::optional<Field> field = m_fieldPage.show(record.name, record.nameIndex))
+            m_linePage.show(field->line, field->lineIndex);
+        return;
+    }
 }
 
 void EditorWindow::change()
 {
     const ui::Hourglass hourglass;
+    tellProblems();
+    if (isBlank(m_state.configuration())) {
+        ui::show({"There is no configuration selected." + lineBreak +
+                      "Please select or enter a configuration first.",
+                  "Data Checking", ui::Icon::Critical});
+        return;
+    }
     EntryPage &page = shownPage();
     const std::optional<QString> nodeKey = page.store();
     if (!nodeKey)
@@ -173,7 +185,7 @@ void EditorWindow::change()
 void EditorWindow::bringIntoView(const QString &nodeKey)
 {
     if (const int node = m_tree.find(nodeKey); node != ui::TreeView::none) {
-        m_tree.ensureVisible(node);
+        m_tree.select(node);
         return;
     }
     ui::show({.text = QStringList{"An error occurred that prevented displaying the",
@@ -188,11 +200,16 @@ void EditorWindow::bringIntoView(const QString &nodeKey)
 void EditorWindow::removeShown()
 {
     const ui::Hourglass hourglass;
+    tellProblems();
+    const std::optional<RecordName> record = shownPage().namedRecord();
+    const std::optional<RecordName> neighbour = m_tree.neighbourOf(record);
     const Removal removal = shownPage().remove();
+    if (removal == Removal::Declined)
+        return;
+    rebuildTree();
+    m_tree.select(removal == Removal::Done ? neighbour : record);
     if (removal == Removal::Done)
         m_state.changesMade = true;
-    if (removal != Removal::Declined)
-        rebuildTree();
 }
 
 void EditorWindow::listConfigurations()
@@ -206,12 +223,34 @@ void EditorWindow::listConfigurations()
 void EditorWindow::switchConfiguration()
 {
     const ui::Hourglass hourglass;
+    m_problems.clear();
+    m_treeHasBoxes = false;
     if (isBlank(m_state.configuration()))
         return;
-    rebuildTree();
-    m_linePage.showFirst();
+    const bool isTyped = m_configuration.isBeingTyped(); // a box would take the next keys
+    m_treeHasBoxes = rebuildTree(isTyped ? RecordTree::Boxes::HeldBack : RecordTree::Boxes::Shown);
+    m_tree.showFirst();
+    const auto take = [this](const std::optional<ui::MessageBox> &problem) {
+        if (problem)
+            m_problems.push_back(*problem);
+    };
+    take(m_linePage.showFirst());
     m_fieldPage.listLines();
-    m_fieldPage.listDataFields();
+    take(m_fieldPage.listDataFields());
+    if (!isTyped)
+        tellProblems();
+}
+
+/// Tells what has not been told of the shown configuration. To be called before anything changes it or shows
+/// a box of its own.
+void EditorWindow::tellProblems()
+{
+    if (std::exchange(m_treeHasBoxes, false)) {
+        rebuildTree();
+        m_tree.showFirst();
+    }
+    for (const ui::MessageBox &problem : std::exchange(m_problems, {}))
+        ui::show(problem);
 }
 
 void EditorWindow::selectDefaultConfiguration()
@@ -221,18 +260,13 @@ void EditorWindow::selectDefaultConfiguration()
         m_configuration.setText(m_configuration.itemText(index));
 }
 
-/// Reads all records from the database. A failure is shown, `warning` being the end of its message.
-void EditorWindow::loadRecords(const QStringList &warning)
+void EditorWindow::tellLoadFailure(const QStringList &warning)
 {
-    RunWindow run;
-    const int result = loadAll(m_state.session.configurationDatabase, m_state.model, run);
-    m_state.changesMade = false;
-    if (result != 0)
-        ui::show({(QStringList{"An unexpected error occurred while reading the",
-                               "current Line and Line Fields configuration.",
-                               "No current information is available and, if you"} +
-                   warning)
-                      .join(lineBreak)});
+    ui::show({(QStringList{"An unexpected error occurred while reading the",
+                           "current Line and Line Fields configuration.",
+                           "No current information is available and, if you"} +
+               warning)
+                  .join(lineBreak)});
 }
 
 void EditorWindow::refresh()
@@ -250,8 +284,13 @@ void EditorWindow::reload()
         return;
     for (EntryPage *page : m_state.pages)
         page->empty();
-    loadRecords({"'Save' this configuration, any current information", "will be lost."});
+    RunWindow run;
+    if (loadAll(m_state.session.configurationDatabase, m_state.model, run) != 0)
+        tellLoadFailure({"'Save' this configuration, any current information", "will be lost."});
+    m_state.changesMade = false;
+    m_fieldPage.clearChoices();
     refresh();
+    m_fieldPage.empty();
     m_tabs.setCurrentPage(0);
     m_state.changesMade = false;
 }
@@ -259,6 +298,7 @@ void EditorWindow::reload()
 void EditorWindow::save()
 {
     const ui::Hourglass hourglass;
+    tellProblems();
     RunWindow run;
     const db::ConnectionSettings &database = m_state.session.configurationDatabase;
     const int result = saveAll(database, m_state.model, run);
@@ -271,6 +311,7 @@ void EditorWindow::save()
 /// Asks whether to save what would be lost, and saves. StayOpen when the user wants neither.
 ui::CloseDecision EditorWindow::promptToSave()
 {
+    tellProblems();
     if (!m_state.changesMade)
         return ui::CloseDecision::Close;
     const ui::Answer answer =

@@ -16,13 +16,16 @@ namespace varnow {
 
 class ListingWindow;
 
-/// The main window: the lines and fields of one configuration as a tree, and the pages to enter them. Its
-/// load reads all records from the database. All coordinates and sizes in twips.
+/// The main window: the lines and fields of one configuration as a tree, and the pages to enter them. All
+/// coordinates and sizes in twips.
 class EditorWindow : public ui::Window
 {
 public:
     EditorWindow(Session &session, Model &model);
     ~EditorWindow() override;
+
+    /// Tells that the records could not be loaded; `warning` is the end of the message.
+    static void tellLoadFailure(const QStringList &warning);
 
 private:
     void connectControls();
@@ -35,17 +38,20 @@ private:
 
     EntryPage &shownPage() { return *m_state.pages[static_cast<std::size_t>(m_tabs.currentPage())]; }
     void turnPage();
-    void rebuildTree() { m_tree.rebuild(m_state.configuration()); }
+    bool rebuildTree(RecordTree::Boxes boxes = RecordTree::Boxes::Shown)
+    {
+        return m_tree.rebuild(m_state.configuration(), boxes);
+    }
     void bringIntoView(const QString &nodeKey);
-    void showField(const QString &name, int nameIndex);
+    void showRecord(const RecordName &record);
 
     void change();
     void removeShown();
 
     void listConfigurations();
     void switchConfiguration();
+    void tellProblems();
     void selectDefaultConfiguration();
-    void loadRecords(const QStringList &warning);
     void refresh();
     void reload();
     void save();
@@ -65,6 +71,10 @@ private:
     ui::CommandButton m_reload{*this, "reload", "&Reload", {0, 0, 1515, 765}};
     ui::CommandButton m_save{*this, "save", "&Save", {0, 0, 1515, 765}};
     ui::CommandButton m_exit{*this, "exit", "E&xit", {0, 0, 1515, 765}};
+
+    // What is to be told of the shown configuration as soon as it is no longer being typed.
+    bool m_treeHasBoxes = false;
+    std::vector<ui::MessageBox> m_problems;
 
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;

@@ -1,6 +1,8 @@
 #include "editor/EntryPage.h"
 
+#include "base/guarded.h"
 #include "base/text.h"
+#include "editor/DataCheck.h"
 
 namespace varnow {
 
@@ -24,6 +26,17 @@ void EntryPage::connect(ui::ComboBox &box)
 void EntryPage::connect(ui::OptionButton &option)
 {
     option.onClick = [this] { markChanged(); };
+}
+
+std::optional<RecordName> EntryPage::recordOf(RecordName::Kind kind, const ui::TextBox &name,
+                                              const ui::TextBox &nameIndex)
+{
+    using Name = std::optional<RecordName>;
+    return guarded(
+        [&] {
+            return Name({kind, name.text(), typedIndex(nameIndex.text())});
+        },
+        [](const RuntimeError &) { return Name(); });
 }
 
 } // namespace varnow

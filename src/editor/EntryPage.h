@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/EditorState.h"
+#include "editor/RecordTree.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Label.h"
@@ -45,6 +46,8 @@ public:
     /// Checks the entries and stores the record that they make. Returns the key of its node, or nothing after
     /// telling the user which checks failed.
     virtual std::optional<QString> store() = 0;
+    /// The record that the entries name; nothing when they name none that the tree could show.
+    virtual std::optional<RecordName> namedRecord() const = 0;
     /// Asks, and removes the record that the entries name. A failure has been shown.
     virtual Removal remove() = 0;
     /// Moves the focus to the first entry.
@@ -56,6 +59,10 @@ protected:
     /// Lets the entry mark changes.
     void connect(ui::ComboBox &box);
     void connect(ui::OptionButton &option);
+
+    /// The record that these texts of entries name.
+    static std::optional<RecordName> recordOf(RecordName::Kind kind, const ui::TextBox &name,
+                                              const ui::TextBox &nameIndex);
 
     /// The controls' height is centred on a line; `left` is the label's edge. Returns the right edge.
     template <class Box>

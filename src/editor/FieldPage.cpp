@@ -5,9 +5,7 @@
 #include "base/text.h"
 #include "editor/DataCheck.h"
 #include "editor/LinePage.h"
-#include "editor/RecordTree.h"
 #include "storage/catalogue.h"
-#include "ui/MessageBox.h"
 
 #include <algorithm>
 #include <array>
@@ -60,13 +58,15 @@ void FieldPage::layOut()
 {
     const float firstColumn = m_messageIndex.width() + labelGap + m_messageIndex.label.width();
     const float secondColumn = m_constant.width() + labelGap + m_constant.label.width();
-    const float gap = (m_tabs.width() - (firstColumn + secondColumn + m_fixedLengthFrame.width())) / 4;
+    const float columns = firstColumn + secondColumn + m_fixedLengthFrame.width();
     const float strip = m_tabs.tabHeight();
+    const auto room = m_tabs.roomFor({columns, strip + m_fixedLengthFrame.height() + 2 * labelGap});
+    const float gap = (room.width - columns) / 4;
     float row = 0;
     for (const ui::Control *control : std::initializer_list<ui::Control *>{
              &m_name, &m_index, &m_line, &m_messageIndex, &m_lookup, &m_format, &m_constant, &m_name.label})
         row = std::max(row, control->height());
-    const float rowGap = (m_tabs.height() - (4 * row + strip)) / 5;
+    const float rowGap = (room.height - (4 * row + strip)) / 5;
     const auto centre = [&](int j) {
         const auto n = static_cast<float>(j);
         return strip + (n + 1) * rowGap + n * row + row / 2;
@@ -83,20 +83,19 @@ void FieldPage::layOut()
     placeAt(m_format, second, 1);
     placeAt(m_constant, second, 2);
     placeAt(m_position, second, 3);
-    m_fixedLengthFrame.move(3 * gap + firstColumn + secondColumn, centre(0) - 250);
+    const float lowestTop = room.height - m_fixedLengthFrame.height() - labelGap;
+    m_fixedLengthFrame.move(3 * gap + firstColumn + secondColumn, std::min(centre(0) - 250, lowestTop));
 }
 
 void FieldPage::turnedTo()
 {
-    chooseLineOfLinePage(ui::ItemMatch::Prefix);
+    if (m_line.text().isEmpty()) {
+        const int exact = m_line.findItem(m_linePage.lineChoice(), ui::ItemMatch::Exact);
+        m_line.setSelectedIndex(exact >= 0 ? exact
+                                           : m_line.findItem(m_linePage.lineName(), ui::ItemMatch::Prefix));
+    }
     m_fixedLength.setTabStop(true);
     m_state.changesMade = false;
-}
-
-void FieldPage::chooseLineOfLinePage(ui::ItemMatch match)
-{
-    if (m_line.text().isEmpty())
-        m_line.setSelectedIndex(m_line.findItem(m_linePage.lineName(), match));
 }
 
 void FieldPage::followFixedLength()
@@ -126,17 +125,13 @@ std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
     m_constant.setText(field.constant);
     m_position.setText(QString::number(field.position));
     m_fixedLength.setTicked(field.fixedLength != 0);
-    if (field.fixedLength != 0)
-        showFixedLength(field);
-    return field;
-}
-
-void FieldPage::showFixedLength(const Field &field)
-{
     m_length.setText(QString::number(field.length));
     m_characterPosition.setText(QString::number(field.characterPosition));
-    (field.padDirection > 0 ? m_alignRight : m_alignLeft).choose();
-    (field.padCharacter == " " ? m_padSpaces : m_padZeros).choose();
+    if (field.fixedLength != 0) {
+        (field.padDirection > 0 ? m_alignRight : m_alignLeft).choose();
+        (field.padCharacter == " " ? m_padSpaces : m_padZeros).choose();
+    }
+    return field;
 }
 
 void FieldPage::empty()
@@ -159,7 +154,8 @@ void FieldPage::clear()
     empty();
     m_line.setText(line);
     takeOverMessageIndex();
-    chooseLineOfLinePage(ui::ItemMatch::Whole);
+    if (m_line.text().isEmpty())
+        m_line.setSelectedIndex(m_line.findItem(m_linePage.lineName(), ui::ItemMatch::Whole));
     proposePosition();
     focusFirst();
 }
@@ -199,35 +195,39 @@ void FieldPage::listLines()
     for (const Line &line : m_state.model.lines) {
         if (trimmedView(line.configuration) != configuration)
             continue;
-        QString item = trim(line.name);
-        if (line.nameIndex > 0)
-            item += QStringLiteral("(%1)").arg(line.nameIndex);
-        m_line.setItemData(m_line.addItem(item), line.messageIndex);
+        m_line.setItemData(m_line.addItem(choiceOf(trim(line.name), line.nameIndex)), line.messageIndex);
     }
 }
 
-void FieldPage::listDataFields()
+void FieldPage::clearChoices()
+{
+    m_line.clear();
+    m_lookup.clear();
+}
+
+std::optional<ui::MessageBox> FieldPage::listDataFields()
 {
     using enum DataFieldNames::Outcome;
-    const auto report = [](const QStringList &lines) {
-        ui::show({.text = lines.join(lineBreak), .icon = ui::Icon::Critical});
+    const auto problem = [](const QStringList &lines) {
+        return ui::MessageBox{.text = lines.join(lineBreak), .icon = ui::Icon::Critical};
     };
     const DataFieldNames found =
         loadDataFieldNames(m_state.session.configurationDatabase, m_state.configuration());
     if (found.outcome == NotConnected || found.outcome == QueryFailed) {
-        report({"Could not load Data Fields.",
-                found.outcome == NotConnected ? "Could not open the connection to the database."
-                                              : "Could not open recordset.",
-                QStringLiteral("Return code: %1").arg(found.errorNumber)});
-        return;
+        return problem({"Could not load Data Fields.",
+                        found.outcome == NotConnected ? "Could not open the connection to the database."
+                                                      : "Could not open recordset.",
+                        QStringLiteral("Return code: %1").arg(found.errorNumber)});
     }
     m_lookup.clear();
     for (const QString &name : found.names)
         m_lookup.addItem(name);
     if (found.outcome == BrokenOff)
-        report({"An unexpected error occurred while retrieving the",
-                "Data Fields configuration.  Some or all of the", "Data Fields may be missing from the list.",
-                QStringLiteral("Error code: %1").arg(found.errorNumber), found.errorDescription});
+        return problem({"An unexpected error occurred while retrieving the",
+                        "Data Fields configuration.  Some or all of the",
+                        "Data Fields may be missing from the list.",
+                        QStringLiteral("Error code: %1").arg(found.errorNumber), found.errorDescription});
+    return {};
 }
 
 std::optional<QString> FieldPage::store()
@@ -251,7 +251,7 @@ Field FieldPage::enteredField(const LineChoice &line) const
     field.lineIndex = leadingNumber(line.index);
     field.messageIndex = leadingNumber(m_messageIndex.text());
     field.position = leadingNumber(m_position.text());
-    field.length = leadingNumber(m_length.text());
+    field.length = isTooLarge(m_length.text()) ? 0 : leadingNumber(m_length.text());
     field.dataType = "String";
     field.lookup = m_lookup.text();
     field.format = m_format.text();
@@ -285,7 +285,7 @@ bool FieldPage::check(const LineChoice &line)
         check.failIf(true, "The Position Field is empty.");
     else
         check.failIf(!isLong(m_position.text()), "The Position Field nust be a number.");
-    const QString complaint = lengthComplaint();
+    const QString complaint = m_fixedLength.isTicked() ? lengthComplaint() : QString();
     check.failIf(!complaint.isEmpty(), "A Fixed Length was indicated, however, the " + complaint);
     return check.passed();
 }
@@ -295,8 +295,6 @@ QString FieldPage::lengthComplaint() const
 {
     const QString length = m_length.text();
     const QString position = m_characterPosition.text();
-    if (!m_fixedLength.isTicked())
-        return isTooLarge(length) ? "length is not a number." : QString();
     if (isBlank(length) && isBlank(position))
         return "length and position were not specified.";
     if (isBlank(length))
@@ -310,6 +308,11 @@ QString FieldPage::lengthComplaint() const
     if (!isLong(position))
         return "position is not a number.";
     return {};
+}
+
+std::optional<RecordName> FieldPage::namedRecord() const
+{
+    return recordOf(RecordName::Kind::Field, m_name, m_index);
 }
 
 Removal FieldPage::remove()
@@ -331,7 +334,7 @@ bool FieldPage::removeField()
     if (isBlank(m_state.configuration()) || isBlank(m_name.text()))
         return false;
     FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), leadingNumber(m_index.text()));
+    const int index = fields.find(m_state.configuration(), m_name.text(), typedIndex(m_index.text()));
     if (index < 0)
         return false;
     fields.remove(index);

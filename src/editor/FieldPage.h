@@ -3,6 +3,7 @@
 #include "editor/EntryPage.h"
 #include "editor/LineChoice.h"
 #include "ui/Frame.h"
+#include "ui/MessageBox.h"
 
 namespace varnow {
 
@@ -21,8 +22,11 @@ public:
 
     /// Refills the lines to choose from.
     void listLines();
-    /// Refills the data field names to choose from out of the database. A failure is shown.
-    void listDataFields();
+    /// Refills the data field names to choose from out of the database. The message about a failure is
+    /// returned.
+    std::optional<ui::MessageBox> listDataFields();
+    /// Empties both lists to choose from.
+    void clearChoices();
     /// Disables what only a fixed-length field has.
     void followFixedLength();
 
@@ -34,6 +38,7 @@ public:
     void empty() override;
     void clear() override;
     std::optional<QString> store() override;
+    std::optional<RecordName> namedRecord() const override;
     Removal remove() override;
 
 private:
@@ -41,12 +46,10 @@ private:
     using ComboBox = ui::Labelled<ui::ComboBox>;
 
     std::vector<ui::TextBox *> textBoxes();
-    void showFixedLength(const Field &field);
     Field enteredField(const LineChoice &line) const;
     bool check(const LineChoice &line);
     QString lengthComplaint() const;
     bool removeField();
-    void chooseLineOfLinePage(ui::ItemMatch match);
     void takeOverMessageIndex();
     void proposePosition();
 

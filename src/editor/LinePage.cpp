@@ -4,8 +4,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "editor/DataCheck.h"
-#include "editor/RecordTree.h"
-#include "ui/MessageBox.h"
+#include "editor/LineChoice.h"
 
 #include <algorithm>
 #include <array>
@@ -38,33 +37,29 @@ void LinePage::layOut()
     }
 }
 
-void LinePage::showFirst()
+std::optional<ui::MessageBox> LinePage::showFirst()
 {
-    const auto display = [this] {
+    using Problem = std::optional<ui::MessageBox>;
+    const auto display = [this]() -> Problem {
         const LineTable &lines = m_state.model.lines;
         const auto first = std::ranges::find(lines, m_state.configuration(), &Line::configuration);
         if (first == lines.end())
-            throw RuntimeError(errors::SubscriptOutOfRange);
+            return ui::MessageBox{"There is no line configuration" + lineBreak + "data to display."};
         show(*first);
-        return 0;
+        return {};
     };
-    const auto report = [](const RuntimeError &error) {
-        if (error.number() == errors::SubscriptOutOfRange)
-            ui::show({"There is no line configuration" + lineBreak + "data to display."});
-        else
-            ui::show({QStringList{"An unexpected error occurred while displaying",
-                                  "the current line configuration data.",
-                                  QStringLiteral("Error: %1").arg(error.number()), error.description()}
-                          .join(lineBreak)});
-        return error.number();
-    };
-    guarded(display, report);
+    return guarded(display, [](const RuntimeError &error) -> Problem {
+        return ui::MessageBox{QStringList{
+            "An unexpected error occurred while displaying", "the current line configuration data.",
+            QStringLiteral("Error: %1").arg(error.number()), error.description()}
+                                  .join(lineBreak)};
+    });
 }
 
 void LinePage::show(const QString &name, int nameIndex)
 {
     const LineTable &lines = m_state.model.lines;
-    const int index = lines.find(m_state.configuration(), trim(name), nameIndex);
+    const int index = lines.findNamed(m_state.configuration(), trim(name), nameIndex);
     if (index < 0)
         empty();
     else
@@ -119,13 +114,26 @@ bool LinePage::check()
     return check.passed();
 }
 
+QString LinePage::lineChoice() const
+{
+    const std::optional<RecordName> line = namedRecord();
+    return line ? choiceOf(line->name, line->nameIndex) : QString();
+}
+
+std::optional<RecordName> LinePage::namedRecord() const
+{
+    return recordOf(RecordName::Kind::Line, m_name, m_index);
+}
+
 Removal LinePage::remove()
 {
     if (!ui::askYesNo("Are you sure that you want to PERMANENTLY" + lineBreak +
                           "remove this line from this configuration?",
                       "Remove Line"))
         return Removal::Declined;
-    return removeLine() ? Removal::Done : Removal::Failed;
+    const bool removed = removeLine();
+    m_state.onLinesChanged(); // some of it may be done after a failure, too
+    return removed ? Removal::Done : Removal::Failed;
 }
 
 /// Removes the line, renumbers the rest and lets the fields follow. Returns whether every step went well; the
@@ -143,7 +151,7 @@ bool LinePage::removeLine()
     };
     int fields = 0;
     const auto remove = [&] {
-        const int nameIndex = leadingNumber(m_index.text());
+        const int nameIndex = typedIndex(m_index.text());
         fields = model.fields.countOfLine(configuration, m_name.text(), nameIndex);
         const int line = fields > 0 ? -1 : model.lines.find(configuration, m_name.text(), nameIndex);
         return line >= 0 && (model.lines.remove(line), true);

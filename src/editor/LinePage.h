@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/EntryPage.h"
+#include "ui/MessageBox.h"
 
 namespace varnow {
 
@@ -10,19 +11,22 @@ class LinePage : public EntryPage
 public:
     LinePage(ui::TabControl &tabs, EditorState &state);
 
-    /// Shows the configuration's first line; without one a message tells so.
-    void showFirst();
+    /// Shows the configuration's first line. Without one the message that tells so is returned.
+    std::optional<ui::MessageBox> showFirst();
     /// Shows the line with this name, blanks around it ignored, and name index, any one below 1. Without such
     /// a line the entries are emptied.
     void show(const QString &name, int nameIndex);
 
     QString lineName() const { return m_name.text(); }
+    /// The line as the field page lists it: its name, and its name index where that is above 0.
+    QString lineChoice() const;
 
     std::vector<ui::Control *> focusOrder() override { return {&m_name, &m_index, &m_messageIndex}; }
     void layOut() override;
     void empty() override;
     void clear() override;
     std::optional<QString> store() override;
+    std::optional<RecordName> namedRecord() const override;
     Removal remove() override;
 
 private:

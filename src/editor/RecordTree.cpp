@@ -14,22 +14,26 @@ RecordTree::RecordTree(ui::Container &parent, const QString &name, const ui::Rec
     onClick = [this] { tellClick(); };
 }
 
-void RecordTree::rebuild(const QString &configuration)
+bool RecordTree::rebuild(const QString &configuration, Boxes boxes)
 {
     clear();
     m_records.clear();
     m_lineNodes.clear();
-    const Filling filling(*this);
+    m_boxes = boxes;
+    m_hasHeldBack = false;
     guarded([&] { return fill(trim(configuration)), 0; },
             [](const RuntimeError &error) { return error.number(); });
+    return m_hasHeldBack;
 }
 
 void RecordTree::fill(const QString &configuration)
 {
+    const Filling fillingLines(*this);
     for (const Line &line : m_model.lines) {
         if (trimmedView(line.configuration) == configuration)
             addLine(line);
     }
+    const Filling fillingFields(*this); // anew, for a question over the lines has ended the first
     for (const Field &field : m_model.fields) {
         if (trimmedView(field.configuration) == configuration)
             addField(field);
@@ -53,7 +57,7 @@ void RecordTree::addLine(const Line &line)
         std::ranges::lower_bound(m_lineNodes, line.messageIndex, {}, &LineNode::greatestMessageIndex);
     const int node = notSmaller == m_lineNodes.begin() ? addRoot(key, text)
                                                        : addAfter(std::prev(notSmaller)->node, key, text);
-    m_records.push_back({line.name, line.nameIndex});
+    m_records.push_back({RecordName::Kind::Line, line.name, line.nameIndex});
     const int greatest = m_lineNodes.empty()
                              ? line.messageIndex
                              : std::max(line.messageIndex, m_lineNodes.back().greatestMessageIndex);
@@ -62,6 +66,9 @@ void RecordTree::addLine(const Line &line)
 
 void RecordTree::offerToUpdate(int node, const QString &text, const Line &line)
 {
+    if (!mayShowBox())
+        return;
+    finishFilling();
     const ui::Answer answer = ui::show({.text = "A node with this message index already esists." + lineBreak +
                                                 "Do you wish to update this node?",
                                         .icon = ui::Icon::Question,
@@ -69,14 +76,22 @@ void RecordTree::offerToUpdate(int node, const QString &text, const Line &line)
     if (answer != ui::Answer::Yes)
         return;
     setText(node, text);
-    m_records[static_cast<std::size_t>(node)] = {line.name, line.nameIndex};
+    m_records[static_cast<std::size_t>(node)] = {RecordName::Kind::Line, line.name, line.nameIndex};
+}
+
+/// Whether a box that is due may be shown now; keeps in mind that one was held back.
+bool RecordTree::mayShowBox()
+{
+    m_hasHeldBack = m_hasHeldBack || m_boxes == Boxes::HeldBack;
+    return m_boxes == Boxes::Shown;
 }
 
 void RecordTree::addField(const Field &field)
 {
     if (nodeCount() == 0) {
-        ui::show({"The system requires a line for field attachment." + lineBreak +
-                  "Please check your input and try again."});
+        if (mayShowBox())
+            ui::show({"The system requires a line for field attachment." + lineBreak +
+                      "Please check your input and try again."});
         return;
     }
     const QString messageIndex = QString::number(field.messageIndex);
@@ -90,7 +105,7 @@ void RecordTree::addField(const Field &field)
     if (field.nameIndex > 0)
         text += QStringLiteral("(%1)").arg(field.nameIndex);
     ensureVisible(addChild(line, key, text));
-    m_records.push_back({field.name, field.nameIndex});
+    m_records.push_back({RecordName::Kind::Field, field.name, field.nameIndex});
 }
 
 void RecordTree::showFirst()
@@ -99,13 +114,37 @@ void RecordTree::showFirst()
         ensureVisible(0);
 }
 
+int RecordTree::nodeOf(const std::optional<RecordName> &record) const
+{
+    const auto found = record ? std::ranges::find(m_records, *record) : m_records.end();
+    return found == m_records.end() ? none : static_cast<int>(found - m_records.begin());
+}
+
+std::optional<RecordName> RecordTree::neighbourOf(const std::optional<RecordName> &record) const
+{
+    const int node = nodeOf(record);
+    if (node == none)
+        return {};
+    for (const int neighbour : {sibling(node, 1), sibling(node, -1), parent(node)}) {
+        if (neighbour != none)
+            return m_records[static_cast<std::size_t>(neighbour)];
+    }
+    return {};
+}
+
+void RecordTree::select(const std::optional<RecordName> &record)
+{
+    if (const int node = nodeOf(record); node != none)
+        select(node);
+}
+
 void RecordTree::tellClick() const
 {
-    const int node = selectedNode();
-    if (node == none)
-        return;
-    const NodeRecord record = m_records[static_cast<std::size_t>(node)]; // the tree may be rebuilt meanwhile
-    (parent(node) == none ? onLineClick : onFieldClick)(record.name, record.nameIndex);
+    if (const int node = selectedNode(); node != none) {
+        const RecordName record =
+            m_records[static_cast<std::size_t>(node)]; // the tree may be rebuilt meanwhile
+        onRecordClick(record);
+    }
 }
 
 } // namespace varnow

@@ -6,9 +6,22 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace varnow {
+
+/// What names a record within its configuration.
+struct RecordName
+{
+    enum class Kind { Line, Field };
+
+    Kind kind;
+    QString name;
+    int nameIndex;
+
+    bool operator==(const RecordName &) const = default;
+};
 
 /// The tree of the lines and fields of one configuration. It holds no records: rebuild() makes it anew.
 class RecordTree : public ui::TreeView
@@ -16,13 +29,24 @@ class RecordTree : public ui::TreeView
 public:
     RecordTree(ui::Container &parent, const QString &name, const ui::Rect &place, const Model &model);
 
-    /// The user chose the node of a line or of a field.
-    std::function<void(const QString &name, int nameIndex)> onLineClick;
-    std::function<void(const QString &name, int nameIndex)> onFieldClick;
+    /// The user chose the node of a record.
+    std::function<void(const RecordName &record)> onRecordClick;
+
+    /// Whether the boxes that a rebuild gives are shown.
+    enum class Boxes { Shown, HeldBack };
 
     /// Fills the tree anew. Where two lines have one message index, the user is asked which of them the node
-    /// shows; a field without a line in the whole tree gives a message.
-    void rebuild(const QString &configuration);
+    /// shows; a field without a line in the whole tree gives a message. Returns whether a box was held back,
+    /// a question counting as answered with No.
+    bool rebuild(const QString &configuration, Boxes boxes = Boxes::Shown);
+
+    /// The record of the node that is to be selected when that of a record goes: the next one of its kind,
+    /// else the one before, else its line.
+    std::optional<RecordName> neighbourOf(const std::optional<RecordName> &record) const;
+
+    /// Selects the node of a record, if there is one; no click.
+    void select(const std::optional<RecordName> &record);
+    using TreeView::select;
 
     /// Scrolls to the first node, if there is one.
     void showFirst();
@@ -39,17 +63,14 @@ private:
     void addLine(const Line &line);
     void addField(const Field &field);
     void offerToUpdate(int node, const QString &text, const Line &line);
+    bool mayShowBox();
     void tellClick() const;
+    int nodeOf(const std::optional<RecordName> &record) const;
 
     const Model &m_model;
 
-    /// The record that a node stands for; the node's text cannot tell when a name holds parentheses.
-    struct NodeRecord
-    {
-        QString name;
-        int nameIndex;
-    };
-    std::vector<NodeRecord> m_records; // by node
+    // By node; a node's text cannot tell its record when a name holds parentheses.
+    std::vector<RecordName> m_records;
 
     /// The line nodes in the order of adding, each with the greatest message index so far.
     struct LineNode
@@ -58,6 +79,9 @@ private:
         int greatestMessageIndex;
     };
     std::vector<LineNode> m_lineNodes;
+
+    Boxes m_boxes = Boxes::Shown; // of the rebuild that runs
+    bool m_hasHeldBack = false;
 };
 
 } // namespace varnow

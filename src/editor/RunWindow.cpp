@@ -70,7 +70,7 @@ void RunWindow::partEnds()
     m_parts.pop_back();
 }
 
-bool RunWindow::recordBegins()
+bool RunWindow::advance(int records)
 {
     if (m_isStopped)
         return false;
@@ -79,19 +79,20 @@ bool RunWindow::recordBegins()
         show(part);
         part.nextShow = part.sinceStart.elapsed() + betweenShows;
     }
-    ++part.done;
+    part.done += records;
     return !m_isStopped;
 }
 
 /// Opens the window or brings its count up to date, and lets the user press its button.
 void RunWindow::show(Part &part)
 {
-    if (!part.window) {
+    if (!part.window)
         part.window = std::make_unique<Window>(*this, part.what);
+    part.window->count.setCaption(part.total > 0  ? QStringLiteral("%1 of %2").arg(part.done).arg(part.total)
+                                  : part.done > 0 ? QString::number(part.done)
+                                                  : QString());
+    if (!part.window->isLoaded())
         part.window->showInFront();
-    }
-    part.window->count.setCaption(part.total > 0 ? QStringLiteral("%1 of %2").arg(part.done).arg(part.total)
-                                                 : QString::number(part.done));
     ui::handleEvents();
 }
 

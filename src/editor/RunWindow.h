@@ -20,7 +20,7 @@ public:
 
     void showMessage(const QString &text) override;
     void partBegins(const QString &what, int total) override;
-    bool recordBegins() override;
+    bool advance(int records) override;
     void partEnds() override;
     bool isStopped() const override { return m_isStopped; }
 

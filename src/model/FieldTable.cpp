@@ -27,8 +27,9 @@ void FieldTable::store(Field field)
         insertOrdered(std::move(field));
         return;
     }
-    if (field.id <= 0)
-        field.id = (*this)[index].id;
+    const Field &old = (*this)[index];
+    if (field.id <= 0 && field.line == old.line && field.lineIndex == old.lineIndex)
+        field.id = old.id;
     replace(index, std::move(field));
 }
 

@@ -34,7 +34,7 @@ public:
 
     /// Replaces the field with this key in place, or inserts a new one among the fields of its configuration.
     /// All texts but the pad character lose the blanks around them. An id of 0 or less keeps the id of a
-    /// replaced field.
+    /// replaced field of the same line: the row of one that moves stays behind.
     void store(Field field);
 
     /// Moves the field at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the table.

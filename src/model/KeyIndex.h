@@ -15,22 +15,6 @@ template <class Node> class KeyIndex
 public:
     std::size_t size() const { return m_size; }
 
-    /// Makes room for this many nodes.
-    void reserve(std::size_t count)
-    {
-        std::size_t capacity = 16;
-        while (capacity < 2 * count)
-            capacity *= 2;
-        if (capacity <= m_slots.size())
-            return;
-        std::vector<Slot> slots(capacity);
-        std::swap(slots, m_slots);
-        for (Slot &slot : slots) {
-            if (slot.node)
-                m_slots[freeSlot(slot.hash)] = std::move(slot);
-        }
-    }
-
     Node &add(std::size_t hash, std::unique_ptr<Node> node)
     {
         reserve(m_size + 1);
@@ -76,6 +60,22 @@ private:
         std::size_t hash = 0;
         std::unique_ptr<Node> node; // empty in a free slot
     };
+
+    /// Makes room for this many nodes.
+    void reserve(std::size_t count)
+    {
+        std::size_t capacity = 16;
+        while (capacity < 2 * count)
+            capacity *= 2;
+        if (capacity <= m_slots.size())
+            return;
+        std::vector<Slot> slots(capacity);
+        std::swap(slots, m_slots);
+        for (Slot &slot : slots) {
+            if (slot.node)
+                m_slots[freeSlot(slot.hash)] = std::move(slot);
+        }
+    }
 
     std::size_t homeOf(std::size_t hash) const { return hash & (m_slots.size() - 1); }
     std::size_t behind(std::size_t slot) const { return (slot + 1) & (m_slots.size() - 1); }

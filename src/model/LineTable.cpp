@@ -9,13 +9,19 @@ namespace varnow {
 
 int LineTable::find(const QString &configuration, const QString &name, int nameIndex) const
 {
-    const auto matches = [&](const Line &line) {
-        return (nameIndex < 1 || line.nameIndex == nameIndex) && trimmedView(line.name) == name &&
+    return RecordTable::find(configuration, name, nameIndex, [&](const Line &line) {
+        return line.nameIndex == nameIndex && trimmedView(line.name) == name &&
                trimmedView(line.configuration) == configuration;
-    };
+    });
+}
+
+int LineTable::findNamed(const QString &configuration, const QString &name, int nameIndex) const
+{
     if (nameIndex > 0)
-        return RecordTable::find(configuration, name, nameIndex, matches);
-    const auto found = std::find_if(begin(), end(), matches);
+        return find(configuration, name, nameIndex);
+    const auto found = std::find_if(begin(), end(), [&](const Line &line) {
+        return trimmedView(line.name) == name && trimmedView(line.configuration) == configuration;
+    });
     return found == end() ? -1 : static_cast<int>(std::distance(begin(), found));
 }
 

@@ -20,9 +20,12 @@ public:
     /// The lines removed since the last deletion run without errors, in the order of their removal.
     std::vector<Line> removed;
 
-    /// Index of the first line with this configuration, name and name index, or -1. The line's texts are
-    /// compared without blanks around them, with the arguments as they are. A name index below 1 matches any.
+    /// Index of the first line with this key, or -1. The line's texts are compared without blanks around
+    /// them, with the arguments as they are.
     int find(const QString &configuration, const QString &name, int nameIndex) const;
+
+    /// The same for what a node or a field names: a name index below 1 matches any.
+    int findNamed(const QString &configuration, const QString &name, int nameIndex) const;
 
     /// Replaces the line with this key in place or appends a new one. An id of 0 or less keeps the id of a
     /// replaced line.

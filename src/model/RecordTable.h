@@ -157,15 +157,6 @@ public:
         return found ? indexOf(*found) : -1;
     }
 
-    /// Drops all records and takes these.
-    void assign(std::vector<Record> records)
-    {
-        clear();
-        m_nodes.reserve(records.size());
-        for (Record &record : records)
-            append(std::move(record));
-    }
-
     void clear() { *this = RecordTable(); }
 
     /// Adds a record behind all others.

@@ -113,20 +113,24 @@ ui::CloseDecision SignInDialog::accept()
     return ui::CloseDecision::Close;
 }
 
-/// Complains about each required entry that is blank. Returns whether none is.
+/// Complains about each required entry that is blank and moves the focus to the first. Returns whether none
+/// is.
 bool SignInDialog::isComplete()
 {
-    bool complete = true;
-    const auto require = [&complete](const TextBox &entry, const QString &complaint) {
+    TextBox *firstMissing = nullptr;
+    const auto require = [&firstMissing](TextBox &entry, const QString &complaint) {
         if (!isBlank(entry.text()))
             return;
         ui::show({complaint, "ERROR", ui::Icon::Critical});
-        complete = false;
+        if (firstMissing == nullptr)
+            firstMissing = &entry;
     };
     require(m_server, "A Server name is required.");
     require(m_database, "A Database name is required.");
     require(m_user, "A Username is required.");
-    return complete;
+    if (firstMissing != nullptr)
+        firstMissing->setFocus();
+    return firstMissing == nullptr;
 }
 
 } // namespace varnow

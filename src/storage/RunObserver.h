@@ -17,8 +17,9 @@ public:
     /// A part of the run begins. `total` is its number of records, 0 while nobody knows it. Parts may stand
     /// inside one another; stopping one stops those around it.
     virtual void partBegins(const QString &what, int total) = 0;
-    /// The next record of the innermost part begins. Returns false when the user has stopped it.
-    virtual bool recordBegins() = 0;
+    /// So many more records of the innermost part have begun; 0 while it waits for the database. To be called
+    /// often, for it lets the user act. Returns false when he has stopped it.
+    virtual bool advance(int records) = 0;
     virtual void partEnds() = 0;
     /// Whether the user has stopped a part that has not ended.
     virtual bool isStopped() const = 0;
@@ -36,7 +37,8 @@ public:
     RunPart(const RunPart &) = delete;
     RunPart &operator=(const RunPart &) = delete;
 
-    bool step() { return m_observer.recordBegins(); }
+    bool advance(int records) { return m_observer.advance(records); }
+    bool step() { return advance(1); }
     bool isStopped() const { return m_observer.isStopped(); }
 
 private:

@@ -20,10 +20,14 @@ QString textOf(const db::ResultSet &rows, const QString &column)
 }
 
 /// The result of a query, closed when it failed.
-db::ResultSet tryQuery(const db::ConnectionSettings &database, const QString &sql)
+db::ResultSet tryQuery(Run &run, const QString &sql)
 {
-    return guarded([&] { return db::executeOnce(database, sql); },
-                   [](const RuntimeError &) { return db::ResultSet(); });
+    const auto query = [&] { return run.load(QStringLiteral("Reading the configurations"), sql); };
+    return guarded(query, [](const RuntimeError &error) {
+        if (error.number() == errors::UserInterrupt)
+            throw error;
+        return db::ResultSet();
+    });
 }
 
 void readDataFieldNames(db::ResultSet rows, const QString &configuration, QStringList &names)
@@ -40,21 +44,21 @@ void readDataFieldNames(db::ResultSet rows, const QString &configuration, QStrin
 
 } // namespace
 
-QStringList loadConfigurationNames(const db::ConnectionSettings &database)
+QStringList loadConfigurationNames(Run &run)
 {
     db::ResultSet rows =
-        tryQuery(database, QStringLiteral("SELECT DISTINCT config_name FROM data_extractor_config;"));
+        tryQuery(run, QStringLiteral("SELECT DISTINCT config_name FROM data_extractor_config;"));
     QStringList names;
     for (; rows.isOpen() && !rows.atEnd(); rows.moveNext())
         names += textOf(rows, QStringLiteral("config_name"));
     return names;
 }
 
-DefaultConfiguration loadDefaultConfiguration(const db::ConnectionSettings &database)
+DefaultConfiguration loadDefaultConfiguration(Run &run)
 {
     using enum DefaultConfiguration::Problem;
     const db::ResultSet rows =
-        tryQuery(database, QStringLiteral("SELECT DefaultConfigName FROM Misc_upload_constants;"));
+        tryQuery(run, QStringLiteral("SELECT DefaultConfigName FROM Misc_upload_constants;"));
     if (!rows.isOpen())
         return {.problem = QueryFailed};
     if (rows.rowCount() == 0)

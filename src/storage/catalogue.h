@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/ConnectionSettings.h"
+#include "storage/Run.h"
 
 #include <QString>
 #include <QStringList>
@@ -8,8 +8,8 @@
 namespace varnow {
 
 /// The names of all configurations, trimmed, in the database's order; none when the query fails. Raises
-/// errors::InvalidUseOfNull for a name that is Null.
-QStringList loadConfigurationNames(const db::ConnectionSettings &database);
+/// errors::InvalidUseOfNull for a name that is Null, and errors::UserInterrupt when the user stopped it.
+QStringList loadConfigurationNames(Run &run);
 
 /// The configuration that the editor opens first, and why it is only a substitute.
 struct DefaultConfiguration
@@ -20,7 +20,8 @@ struct DefaultConfiguration
     Problem problem = Problem::None;
 };
 
-DefaultConfiguration loadDefaultConfiguration(const db::ConnectionSettings &database);
+/// Raises errors::UserInterrupt when the user stopped it.
+DefaultConfiguration loadDefaultConfiguration(Run &run);
 
 /// The data field names of a configuration, trimmed, and how the reading of them ended.
 struct DataFieldNames

@@ -2,34 +2,21 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
+#include "storage/Run.h"
 #include "storage/statements.h"
 
 namespace varnow {
 
 namespace {
 
-template <class Record>
-db::ResultSet queryRows(const db::ConnectionSettings &database, RunObserver &observer, const QString &what)
+void loadLines(Run &run, LineTable &lines)
 {
-    RunPart part(observer, what);
-    return db::executeOnce(database, selectAllRows<Record>(), [&] { return part.step(); });
-}
-
-void loadLines(const db::ConnectionSettings &database, LineTable &lines, RunObserver &observer)
-{
-    db::ResultSet rows = queryRows<Line>(database, observer, QStringLiteral("Reading the lines"));
+    db::ResultSet rows = run.load(QStringLiteral("Reading the lines"), selectAllRows<Line>());
     if (rows.rowCount() == 0)
         return;
-    std::vector<Line> loaded(static_cast<std::size_t>(rows.rowCount()));
-    try {
-        const RecordReader<Line> reader(rows);
-        for (auto line = loaded.begin(); !rows.atEnd(); rows.moveNext(), ++line)
-            *line = reader.read();
-    } catch (const RuntimeError &) {
-        lines.assign(std::move(loaded)); // what was read so far is kept, the rest is blank
-        throw;
-    }
-    lines.assign(std::move(loaded));
+    lines.clear();
+    for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
+        lines.append(reader.read()); // those read before an error stay
 }
 
 void mergeFields(db::ResultSet &rows, FieldTable &fields, RunObserver &observer)
@@ -42,23 +29,25 @@ void mergeFields(db::ResultSet &rows, FieldTable &fields, RunObserver &observer)
     }
 }
 
-void loadFields(const db::ConnectionSettings &database, FieldTable &fields, RunObserver &observer)
+void loadFields(Run &run, FieldTable &fields)
 {
-    const auto query = [&] {
-        return queryRows<Field>(database, observer, QStringLiteral("Reading the fields"));
+    const auto query = [&run] {
+        return run.load(QStringLiteral("Reading the fields"), selectAllRows<Field>());
     };
     const auto report = [&](const RuntimeError &error) {
-        observer.showMessage("There was a problem retrieving the Line Field" + lineBreak +
-                             QStringLiteral("configuration records.  Return code: %1").arg(error.number()));
+        if (error.number() == errors::UserInterrupt)
+            throw error;
+        run.showMessage("There was a problem retrieving the Line Field" + lineBreak +
+                        QStringLiteral("configuration records.  Return code: %1").arg(error.number()));
         return db::ResultSet();
     };
     db::ResultSet rows = guarded(query, report);
     if (!rows.isOpen())
         return;
     if (rows.rowCount() == 0)
-        observer.showMessage(QStringLiteral("No configuration data returned from database."));
+        run.showMessage(QStringLiteral("No configuration data returned from database."));
     else
-        mergeFields(rows, fields, observer);
+        mergeFields(rows, fields, run.observer());
 }
 
 } // namespace
@@ -66,8 +55,9 @@ void loadFields(const db::ConnectionSettings &database, FieldTable &fields, RunO
 int loadAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
     const auto load = [&] {
-        loadLines(database, model.lines, observer);
-        loadFields(database, model.fields, observer);
+        Run run(database, observer);
+        loadLines(run, model.lines);
+        loadFields(run, model.fields);
         return 0;
     };
     return guarded(load, [](const RuntimeError &error) { return error.number(); });

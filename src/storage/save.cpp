@@ -2,11 +2,10 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
+#include "storage/Run.h"
 #include "storage/statements.h"
 
 #include <QSet>
-
-#include <utility>
 
 namespace varnow {
 
@@ -70,20 +69,17 @@ bool isComplete(const Field &field)
     return !field.name.isEmpty() && !field.configuration.isEmpty() && !field.line.isEmpty();
 }
 
-/// Identifier of the record's row; 0 when there is none, when it is Null, and on failure.
-template <class Record> int findId(const db::ConnectionSettings &database, const Record &record)
+/// Identifier of the record's row; 0 when there is none or it is Null.
+template <class Record> int findId(Run &run, const Record &record)
 {
-    const auto lookUp = [&] {
-        const db::ResultSet rows = db::executeOnce(database, selectId(record));
-        return rows.rowCount() == 0 || rows.value(0).isNull() ? 0 : toLong(rows.value(0));
-    };
-    return guarded(lookUp, [](const RuntimeError &) { return 0; });
+    const db::ResultSet rows = run.query(selectId(record));
+    return rows.rowCount() == 0 || rows.value(0).isNull() ? 0 : toLong(rows.value(0));
 }
 
 /// The identifier of the next new row. Raises errors::Overflow when there is no higher one.
-template <class Record> int nextId(const db::ConnectionSettings &database)
+template <class Record> int nextId(Run &run)
 {
-    const db::ResultSet rows = db::executeOnce(database, selectGreatestId<Record>());
+    const db::ResultSet rows = run.query(selectGreatestId<Record>());
     const QVariant &greatest = rows.value(0);
     const int next = greatest.isNull() ? 1 : toLong(toDouble(greatest) + 1);
     if (next < 1)
@@ -91,99 +87,100 @@ template <class Record> int nextId(const db::ConnectionSettings &database)
     return next;
 }
 
-/// Updates the record's row, or inserts one where there is none. The identifier in memory plays no part.
-template <class Record> void saveRecord(const db::ConnectionSettings &database, Record record)
+/// Updates the record's row, or inserts one where there is none. The identifier in memory plays no part. A
+/// look-up that fails is an error: taken for "no row" it would give the record a second one.
+template <class Record> void saveRecord(Run &run, Record record)
 {
     if (!isComplete(record))
         return;
-    const int id = findId(database, record);
-    record.id = id > 0 ? id : nextId<Record>(database);
-    db::executeOnce(database, id > 0 ? updateRow(record) : insertRow(record));
+    const int id = findId(run, record);
+    record.id = id > 0 ? id : nextId<Record>(run);
+    run.change(id > 0 ? updateRow(record) : insertRow(record));
 }
 
-/// Runs `step`, which raises an error when it fails, over every record and shows the summary. Records that
-/// come after the user stopped the run count as errors. Returns the number of errors.
-template <class Records, class Step>
-int runOver(Records &records, const RunTexts &texts, RunObserver &observer, Step step)
+/// Runs `step`, which raises an error when it fails, over every record, `done` when what it wrote is
+/// committed, and shows the summary. Records that come after the user stopped the run count as errors.
+/// Returns the number of errors.
+template <class Records, class Step, class Done>
+int runOver(Run &run, Records &records, const RunTexts &texts, Step step, Done done)
 {
     const auto count = static_cast<int>(records.size());
-    int errorCount = 0;
+    int stopped = 0;
+    RunSteps steps(run);
     {
-        RunPart part(observer, texts.what, count);
+        RunPart part(run.observer(), texts.what, count);
         for (auto &record : records) {
-            const bool done = part.step() && guarded([&] { return step(record), true; },
-                                                     [](const RuntimeError &) { return false; });
-            if (!done)
-                ++errorCount;
+            if (part.step())
+                steps.add([&step, &record] { step(record); }, [&done, &record] { done(record); });
+            else
+                ++stopped;
         }
+        steps.finish();
     }
-    observer.showMessage(
-        QStringList{texts.title, QStringLiteral("  %1 errors occurred").arg(errorCount),
-                    QStringLiteral("  %1 records processed correctly.").arg(count - errorCount)}
-            .join(lineBreak));
+    const int errorCount = steps.errorCount() + stopped;
+    run.showMessage(QStringList{texts.title, QStringLiteral("  %1 errors occurred").arg(errorCount),
+                                QStringLiteral("  %1 records processed correctly.").arg(count - errorCount)}
+                        .join(lineBreak));
     return errorCount;
 }
 
 /// Runs a whole run. An error outside its statements is shown, where the run has a message for it. Returns 0
 /// or the error's number.
-template <class Run> int reporting(const RunTexts &texts, RunObserver &observer, Run run)
+template <class Body> int reporting(Run &run, const RunTexts &texts, Body body)
 {
-    return guarded([&] { return run(), 0; },
+    return guarded([&] { return body(), 0; },
                    [&](const RuntimeError &error) {
+                       run.close(); // a group may have begun
                        if (!texts.failure.isEmpty())
-                           observer.showMessage(
+                           run.showMessage(
                                texts.failure.arg(QString::number(error.number()), error.description()));
                        return error.number();
                    });
 }
 
 /// Does nothing without removed records, and forgets them when all went well; otherwise all stay for the next
-/// run. A deleted row's identifier is forgotten at once, by the removed record and by one that a reload has
-/// put back into the table, for another row may get it next.
+/// run. The row of a record that a reload has brought back stays. A deleted row's identifier is forgotten at
+/// once, for another row may get it next.
 template <class Record, class Order>
-int deleteRemoved(const db::ConnectionSettings &database, RecordTable<Record, Order> &table,
-                  std::vector<Record> &removed, RunObserver &observer)
+int deleteRemoved(Run &run, const RecordTable<Record, Order> &table, std::vector<Record> &removed)
 {
     if (removed.empty())
         return 0;
     const RunTexts &texts = SaveTexts<Record>::deletion;
-    return reporting(texts, observer, [&] {
-        QSet<int> deleted;
-        const auto deleteOne = [&](Record &record) {
-            if (hasRow(record))
-                db::executeOnce(database, deleteRow<Record>(record.id));
-            deleted.insert(std::exchange(record.id, -1));
+    return reporting(run, texts, [&] {
+        QSet<int> inUse;
+        for (const Record &record : table)
+            inUse.insert(record.id);
+        const auto deleteOne = [&](const Record &record) {
+            if (hasRow(record) && !(record.id > 0 && inUse.contains(record.id)))
+                run.change(deleteRow<Record>(record.id));
         };
-        if (runOver(removed, texts, observer, deleteOne) == 0)
+        if (runOver(run, removed, texts, deleteOne, [](Record &record) { record.id = -1; }) == 0)
             removed.clear();
-        table.changeEach([&](Record &record) {
-            if (deleted.contains(record.id))
-                record.id = -1;
-        });
     });
 }
 
-template <class Record, class Order>
-int save(const db::ConnectionSettings &database, const RecordTable<Record, Order> &table,
-         RunObserver &observer)
+template <class Record, class Order> int save(Run &run, const RecordTable<Record, Order> &table)
 {
     const RunTexts &texts = SaveTexts<Record>::save;
-    return reporting(texts, observer, [&] {
+    return reporting(run, texts, [&] {
         if (table.isEmpty())
-            observer.showMessage(QStringLiteral("No records found to process."));
+            run.showMessage(QStringLiteral("No records found to process."));
         else
-            runOver(table, texts, observer, [&](const Record &record) { saveRecord(database, record); });
+            runOver(
+                run, table, texts, [&run](const Record &record) { saveRecord(run, record); },
+                [](const Record &) {});
     });
 }
 
-template <class Record, class Order>
-void adopt(const db::ConnectionSettings &database, RecordTable<Record, Order> &table, RunObserver &observer)
+template <class Record, class Order> void adopt(Run &run, RecordTable<Record, Order> &table)
 {
-    RunPart part(observer, SaveTexts<Record>::adoption, table.size());
+    RunPart part(run.observer(), SaveTexts<Record>::adoption, table.size());
     table.changeEach([&](Record &record) {
         if (!part.step() || record.id > 0)
             return;
-        if (const int id = findId(database, record); id > 0)
+        const auto lookUp = [&] { return findId(run, record); };
+        if (const int id = guarded(lookUp, [](const RuntimeError &) { return 0; }); id > 0)
             record.id = id;
     });
 }
@@ -192,19 +189,21 @@ void adopt(const db::ConnectionSettings &database, RecordTable<Record, Order> &t
 
 int saveAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
+    Run run(database, observer);
     const RunPart whole(observer, QStringLiteral("Saving")); // stopping one run stops those that follow
-    deleteRemoved(database, model.lines, model.lines.removed, observer);
-    if (const int code = save(database, model.lines, observer))
+    deleteRemoved(run, model.lines, model.lines.removed);
+    if (const int code = save(run, model.lines))
         return code;
-    deleteRemoved(database, model.fields, model.fields.removed, observer);
-    const int code = save(database, model.fields, observer);
+    deleteRemoved(run, model.fields, model.fields.removed);
+    const int code = save(run, model.fields);
     return code == 0 && whole.isStopped() ? errors::UserInterrupt : code;
 }
 
 void adoptIds(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
-    adopt(database, model.lines, observer);
-    adopt(database, model.fields, observer);
+    Run run(database, observer);
+    adopt(run, model.lines);
+    adopt(run, model.fields);
 }
 
 } // namespace varnow

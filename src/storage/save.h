@@ -4,7 +4,7 @@
 #include "model/Model.h"
 #include "storage/RunObserver.h"
 
-// Writing the records back to the database, one statement and one connection each.
+// Writing the records back to the database, one statement after the other.
 
 namespace varnow {
 

@@ -5,9 +5,23 @@
 #include <QApplication>
 #include <QCursor>
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace varnow::ui {
 
 namespace {
+
+/// The toolkit ends a process without a display by a crash, after several lines of its own.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtFatalMsg) {
+        std::fputs("varnow: There is no display to open a window on.\n", stderr);
+        std::_Exit(1);
+    }
+    if (!text.contains(u"display") && !text.contains(u"platform plugin"))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
 
 void showHourglass(bool shown)
 {
@@ -19,8 +33,11 @@ void showHourglass(bool shown)
 
 } // namespace
 
-Application::Application(int &argc, char **argv) : m_application(std::make_unique<QApplication>(argc, argv))
+Application::Application(int &argc, char **argv)
 {
+    const QtMessageHandler before = qInstallMessageHandler(endWithoutDisplay);
+    m_application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(before);
     QApplication::setApplicationName(QStringLiteral("varnow"));
     QApplication::setQuitOnLastWindowClosed(false);
 }

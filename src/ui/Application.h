@@ -10,6 +10,7 @@ namespace varnow::ui {
 class Application
 {
 public:
+    /// Where no display can be opened, says so on the standard error and ends the process with exit code 1.
     Application(int &argc, char **argv);
     ~Application();
 

@@ -5,6 +5,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcutEvent>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace varnow::ui {
 
@@ -34,6 +37,19 @@ protected:
     }
 };
 
+/// Height of the box or circle beside a caption.
+int indicatorHeight(const QWidget *button, QStyle::PixelMetric indicator)
+{
+    return button->style()->pixelMetric(indicator, nullptr, button);
+}
+
+/// Some styles give buttons no focus by click; then the entry being left would not be trimmed before.
+template <class Button> Button *focusable(Button *button)
+{
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
 template <class Owner> auto clickForwarder(Owner *owner)
 {
     return [owner] {
@@ -46,7 +62,7 @@ template <class Owner> auto clickForwarder(Owner *owner)
 
 CommandButton::CommandButton(Container &parent, const QString &name, const QString &caption,
                              const Rect &place)
-    : Control(parent, name, new PushButton(caption, parent.surface()), place)
+    : Control(parent, name, focusable(new PushButton(caption, parent.surface())), place)
 {
     auto *button = static_cast<QPushButton *>(widget());
     QObject::connect(button, &QPushButton::clicked, button, clickForwarder(this));
@@ -69,7 +85,7 @@ QSize CommandButton::neededPixels() const
 }
 
 CheckBox::CheckBox(Container &parent, const QString &name, const QString &caption, const Rect &place)
-    : Control(parent, name, new QCheckBox(caption, parent.surface()), place)
+    : Control(parent, name, focusable(new QCheckBox(caption, parent.surface())), place)
 {
     auto *box = static_cast<QCheckBox *>(widget());
     QObject::connect(box, &QCheckBox::toggled, box, clickForwarder(this));
@@ -87,11 +103,17 @@ void CheckBox::setTicked(bool ticked)
 
 QSize CheckBox::neededPixels() const
 {
-    return widget()->sizeHint();
+    return {widget()->sizeHint().width(),
+            std::max(letterHeight(), indicatorHeight(widget(), QStyle::PM_IndicatorHeight))};
+}
+
+int CheckBox::wantedHeight() const
+{
+    return widget()->fontMetrics().height();
 }
 
 OptionButton::OptionButton(Container &parent, const QString &name, const QString &caption, const Rect &place)
-    : Control(parent, name, new QRadioButton(caption, parent.surface()), place)
+    : Control(parent, name, focusable(new QRadioButton(caption, parent.surface())), place)
 {
     auto *button = static_cast<QRadioButton *>(widget());
     QObject::connect(button, &QRadioButton::toggled, button, [this](bool chosen) {
@@ -112,7 +134,13 @@ void OptionButton::choose()
 
 QSize OptionButton::neededPixels() const
 {
-    return widget()->sizeHint();
+    return {widget()->sizeHint().width(),
+            std::max(letterHeight(), indicatorHeight(widget(), QStyle::PM_ExclusiveIndicatorHeight))};
+}
+
+int OptionButton::wantedHeight() const
+{
+    return widget()->fontMetrics().height();
 }
 
 } // namespace varnow::ui

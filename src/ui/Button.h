@@ -34,6 +34,9 @@ public:
     void setTicked(bool ticked);
 
     QSize neededPixels() const override;
+
+protected:
+    int wantedHeight() const override;
 };
 
 /// One of the exclusive choices of a frame.
@@ -49,6 +52,9 @@ public:
     void choose();
 
     QSize neededPixels() const override;
+
+protected:
+    int wantedHeight() const override;
 };
 
 } // namespace varnow::ui

@@ -14,6 +14,11 @@ public:
 
     std::function<void()> onChange; ///< the text was typed or set; not for a chosen item
     std::function<void()> onClick;  ///< an item was chosen, by the user or by index in code
+    /// Typing has paused for 700 ms, or ended with Enter or by leaving the box.
+    std::function<void()> onTypingPaused;
+
+    /// From a typed key until typing pauses.
+    bool isBeingTyped() const;
 
     QString text() const;
     void setText(const QString &text);
@@ -30,6 +35,7 @@ public:
     /// Chooses the item: its text becomes the text of the box. -1 does nothing.
     void setSelectedIndex(int index);
 
+    void setAccessibleName(const QString &name) override;
     QSize neededPixels() const override;
 
 private:

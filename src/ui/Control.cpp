@@ -1,13 +1,15 @@
 #include "ui/Control.h"
 
+#include <QFontMetrics>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace varnow::ui {
 
 Control::Control(Container &parent, const QString &name, QWidget *widget, const Rect &place)
-    : m_host(parent.host()), m_widget(widget), m_place(place)
+    : m_host(parent.host()), m_parent(parent), m_widget(widget), m_place(place)
 {
     m_widget->setObjectName(name);
     m_host.add(*this);
@@ -40,12 +42,15 @@ void Control::move(const Rect &place)
 void Control::applyPlace()
 {
     // Edges are rounded, not sizes, so that controls that touch in twips touch on the screen.
-    const float scale = m_host.pixelsPerTwip();
-    const auto pixel = [scale](float twips) { return static_cast<int>(std::lround(twips * scale)); };
-    const int left = pixel(m_place.left);
-    const int top = pixel(m_place.top);
-    m_widget->setGeometry(left, top, pixel(m_place.left + m_place.width) - left,
-                          pixel(m_place.top + m_place.height) - top);
+    const auto [x, y] = m_host.scale();
+    const auto pixel = [](float twips, float scale) { return static_cast<int>(std::lround(twips * scale)); };
+    const int left = pixel(m_place.left, x);
+    const int top = pixel(m_place.top, y);
+    const QSize size(pixel(m_place.left + m_place.width, x) - left,
+                     pixel(m_place.top + m_place.height, y) - top);
+    const int missing = std::max(0, wantedHeight() - size.height());
+    const QPoint corner = QPoint(left, top - missing / 2) - m_parent.origin();
+    m_widget->setGeometry({corner, size + QSize(0, missing)});
 }
 
 bool Control::isEnabled() const
@@ -76,6 +81,17 @@ void Control::setAccessibleName(const QString &name)
 QSize Control::neededPixels() const
 {
     return {};
+}
+
+int Control::letterHeight() const
+{
+    // The tallest letter that captions have, and the lowest.
+    return m_widget->fontMetrics().tightBoundingRect(QStringLiteral("fg")).height();
+}
+
+int Control::lineHeight() const
+{
+    return m_widget->fontMetrics().height() + 2;
 }
 
 } // namespace varnow::ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QSize>
 #include <QString>
 
@@ -18,12 +19,19 @@ struct Rect
     float height = 0;
 };
 
+/// Pixels to the twip in each direction.
+struct Scale
+{
+    float x = 0;
+    float y = 0;
+};
+
 /// The window as its controls see it.
 class ControlHost
 {
 public:
     virtual ~ControlHost() = default;
-    virtual float pixelsPerTwip() const = 0;
+    virtual Scale scale() const = 0;
     virtual void add(Control &control) = 0;
     virtual void remove(Control &control) = 0;
 };
@@ -35,6 +43,8 @@ public:
     virtual ~Container() = default;
     virtual ControlHost &host() = 0;
     virtual QWidget *surface() = 0;
+    /// Pixels from the corner that places count from to the corner of the surface.
+    virtual QPoint origin() const { return {}; }
     /// Told about every control made on this container.
     virtual void adopt(Control &) {}
 };
@@ -64,13 +74,14 @@ public:
     void setTabStop(bool stop);
 
     /// What a screen reader calls the control; its caption when nothing is set.
-    void setAccessibleName(const QString &name);
+    virtual void setAccessibleName(const QString &name);
 
-    /// Pixels that the control needs to show its caption whole at its designed size.
+    /// Pixels that the control needs to show its caption or entry whole at its designed size. They decide the
+    /// scale, so room that looks good but stays blank is not among them.
     virtual QSize neededPixels() const;
 
     /// Puts the control on the screen at its place, at the scale that its window has now.
-    void applyPlace();
+    virtual void applyPlace();
 
     QWidget *widget() const { return m_widget; }
 
@@ -78,8 +89,17 @@ protected:
     /// Takes over the widget, whose parent is the container's surface.
     Control(Container &parent, const QString &name, QWidget *widget, const Rect &place);
 
+    /// Height of what letters paint in the control's font: less than a line, which has blank room.
+    int letterHeight() const;
+    /// Height of a line in the control's font, with the pixel that an entry leaves above and below.
+    int lineHeight() const;
+    /// Pixels of height that the widget wants even where the scale gives its place less: then it stands out
+    /// above and below by the same, where no other control is.
+    virtual int wantedHeight() const { return 0; }
+
 private:
     ControlHost &m_host;
+    Container &m_parent;
     QWidget *m_widget;
     Rect m_place;
 };

@@ -12,9 +12,13 @@ public:
 
     ControlHost &host() override { return m_host; }
     QWidget *surface() override { return widget(); }
+    void adopt(Control &control) override;
+
+    QSize neededPixels() const override;
 
 private:
     ControlHost &m_host;
+    const Control *m_first = nullptr; // the control below the caption
 };
 
 /// A container with a raised three-dimensional border.

@@ -28,7 +28,12 @@ void Label::setBuddy(Control &control)
 
 QSize Label::neededPixels() const
 {
-    return widget()->sizeHint();
+    return {widget()->sizeHint().width(), letterHeight()};
+}
+
+int Label::wantedHeight() const
+{
+    return widget()->sizeHint().height();
 }
 
 } // namespace varnow::ui

@@ -15,6 +15,9 @@ public:
     /// Makes the caption what a screen reader calls the control.
     void setBuddy(Control &control);
     QSize neededPixels() const override;
+
+protected:
+    int wantedHeight() const override;
 };
 
 /// A control made together with the label beside it.

@@ -17,6 +17,7 @@ public:
 
 private:
     class Rows;
+    class View;
     Rows *m_rows;
 };
 

@@ -7,11 +7,19 @@ namespace varnow::ui {
 int ListControl::findItem(const QString &text, ItemMatch match) const
 {
     const QString key = trim(text);
-    if (key.isEmpty())
-        return -1;
-    for (int i = 0; i < itemCount(); ++i) {
-        const QString item = itemText(i);
-        if (match == ItemMatch::Prefix ? item.startsWith(key) : item.toLower() == key.toLower())
+    const auto matches = [&](const QString &item) {
+        switch (match) {
+        case ItemMatch::Exact:
+            return item == key;
+        case ItemMatch::Whole:
+            return item.toLower() == key.toLower();
+        case ItemMatch::Prefix:
+            return item.startsWith(key);
+        }
+        Q_UNREACHABLE();
+    };
+    for (int i = 0; i < itemCount() && !key.isEmpty(); ++i) {
+        if (matches(itemText(i)))
             return i;
     }
     return -1;

@@ -6,6 +6,7 @@ namespace varnow::ui {
 
 /// How a text is compared with an item.
 enum class ItemMatch {
+    Exact,  ///< the whole item as it is
     Whole,  ///< the whole item, letter case ignored
     Prefix, ///< the beginning of the item, exactly
 };

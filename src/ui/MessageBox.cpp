@@ -4,8 +4,13 @@
 #include "ui/Application.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
+#include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace varnow::ui {
@@ -68,10 +73,44 @@ Answer answerOf(int button)
     }
 }
 
+/// A box whose lines are wrapped only where the screen is too narrow for them: the toolkit wraps much
+/// earlier.
+class WideBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const bool handled = QMessageBox::event(event);
+        if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest)
+            widen();
+        return handled;
+    }
+
+private:
+    void widen()
+    {
+        auto *label = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        if (label == nullptr || !label->wordWrap())
+            return;
+        label->setWordWrap(false);
+        const int room = screen()->availableSize().width() - (frameGeometry().width() - width());
+        if (layout()->totalMinimumSize().width() > room)
+            label->setWordWrap(true);
+        const int wide = label->wordWrap() ? room : layout()->totalMinimumSize().width();
+        const int high = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(wide)
+                                                       : layout()->totalMinimumSize().height();
+        setFixedSize(std::max(wide, width()), high);
+        QCoreApplication::removePostedEvents(this, QEvent::LayoutRequest); // the one that this posted
+    }
+};
+
 Answer showRealBox(const MessageBox &box)
 {
-    QMessageBox dialog(standardIcon(box.icon), box.title, box.text, standardButtons(box.buttons),
-                       QApplication::activeWindow());
+    WideBox dialog(standardIcon(box.icon), box.title, box.text, standardButtons(box.buttons),
+                   QApplication::activeWindow());
     dialog.setTextFormat(Qt::PlainText);
     dialog.setDefaultButton(defaultButton(box.buttons));
     const Hourglass::Paused waitsForTheUser;

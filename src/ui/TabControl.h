@@ -28,11 +28,23 @@ public:
     int currentPage() const;
     void setCurrentPage(int index);
 
-    /// To be called after a layout has moved controls of the pages that are not shown to their places.
-    void hideOtherPages();
+    /// To be called after a layout has moved controls of any page to their places.
+    void finishLayout();
 
     /// Height of the row of tabs in twips.
     float tabHeight() const;
+
+    struct Room
+    {
+        float width;
+        float height;
+    };
+
+    /// What a page can lay its controls out in, row of tabs included: the size of the tab control, but not
+    /// less than the page needs at `least`. The page then scrolls.
+    Room roomFor(const Room &least) const;
+
+    void applyPlace() override;
 
     /// While such an object lives nothing is painted, so that a layout shows only its result.
     class PaintingPaused

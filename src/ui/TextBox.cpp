@@ -1,13 +1,43 @@
 #include "ui/TextBox.h"
 
+#include "ui/pasting.h"
+
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QStyleOptionFrame>
 
 #include <limits>
 #include <utility>
 
 namespace varnow::ui {
+
+namespace {
+
+QAccessible::UpdateHandler handlerBefore = nullptr;
+
+/// Passes everything on but the text that enters or leaves a password box: a line edit tells its true
+/// letters.
+void withholdPasswords(QAccessibleEvent *event)
+{
+    const bool tellsText = event->type() == QAccessible::TextInserted ||
+                           event->type() == QAccessible::TextRemoved ||
+                           event->type() == QAccessible::TextUpdated;
+    const auto *edit = tellsText ? qobject_cast<QLineEdit *>(event->object()) : nullptr;
+    if (edit != nullptr && edit->echoMode() != QLineEdit::Normal)
+        return;
+    if (handlerBefore != nullptr) {
+        handlerBefore(event);
+        return;
+    }
+    // The toolkit reaches the assistive tools only while no handler stands in between.
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(withholdPasswords);
+}
+
+} // namespace
 
 class TextBox::Widget : public QLineEdit
 {
@@ -15,6 +45,14 @@ public:
     explicit Widget(QWidget *parent) : QLineEdit(parent) { setMaxLength(std::numeric_limits<int>::max()); }
 
     std::function<void()> lostFocus;
+
+    int frameHeight() const
+    {
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        const QRect inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+        return option.rect.height() - inside.height();
+    }
 
 protected:
     void focusInEvent(QFocusEvent *event) override
@@ -69,6 +107,7 @@ TextBox::TextBox(Container &parent, const QString &name, const Rect &place)
                 event();
         };
     };
+    endPastedTextAtLineBreak(*edit());
     edit()->lostFocus = forward(onLostFocus);
     QObject::connect(edit(), &QLineEdit::textChanged, edit(), forward(onChange));
 }
@@ -100,11 +139,14 @@ void TextBox::setPassword(bool password)
 {
     edit()->setEchoMode(password ? QLineEdit::Password : QLineEdit::Normal);
     edit()->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42 }"));
+    const QAccessible::UpdateHandler before = QAccessible::installUpdateHandler(withholdPasswords);
+    if (before != withholdPasswords)
+        handlerBefore = before;
 }
 
 QSize TextBox::neededPixels() const
 {
-    return {0, edit()->sizeHint().height()};
+    return {0, lineHeight() + edit()->frameHeight()};
 }
 
 } // namespace varnow::ui

@@ -108,7 +108,7 @@ int TreeView::node(const QString &key) const
 int TreeView::selectedNode() const
 {
     const QTreeWidgetItem *current = tree()->currentItem();
-    return current != nullptr && current->isSelected() ? static_cast<const Item *>(current)->number : none;
+    return current != nullptr && current->isSelected() ? numberOf(current) : none;
 }
 
 int TreeView::keep(Item *item)
@@ -151,8 +151,25 @@ int TreeView::addChild(int parent, const QString &key, const QString &text)
 
 int TreeView::parent(int node) const
 {
-    const QTreeWidgetItem *owner = item(node)->parent();
-    return owner == nullptr ? none : static_cast<const Item *>(owner)->number;
+    return numberOf(item(node)->parent());
+}
+
+int TreeView::numberOf(const QTreeWidgetItem *item)
+{
+    return item == nullptr ? none : static_cast<const Item *>(item)->number;
+}
+
+int TreeView::sibling(int node, int offset) const
+{
+    QTreeWidgetItem *child = item(node);
+    const QTreeWidgetItem *owner = child->parent() ? child->parent() : tree()->invisibleRootItem();
+    return numberOf(owner->child(owner->indexOfChild(child) + offset));
+}
+
+void TreeView::select(int node)
+{
+    ensureVisible(node);
+    tree()->setCurrentItem(item(node));
 }
 
 const QString &TreeView::key(int node) const
@@ -209,13 +226,19 @@ TreeView::Filling::Filling(TreeView &tree) : m_tree(tree)
 
 TreeView::Filling::~Filling()
 {
-    m_tree.m_filling = false;
-    m_tree.tree()->addTopLevelItems(std::exchange(m_tree.m_waitingRoots, {}));
-    for (Item *owner : std::exchange(m_tree.m_waitingToExpand, {}))
+    m_tree.finishFilling();
+}
+
+void TreeView::finishFilling()
+{
+    if (!std::exchange(m_filling, false))
+        return;
+    tree()->addTopLevelItems(std::exchange(m_waitingRoots, {}));
+    for (Item *owner : std::exchange(m_waitingToExpand, {}))
         expand(owner);
-    if (m_tree.m_scrollTo != none)
-        m_tree.tree()->scrollToItem(m_tree.item(m_tree.m_scrollTo));
-    m_tree.tree()->setUpdatesEnabled(true);
+    if (m_scrollTo != none)
+        tree()->scrollToItem(item(m_scrollTo));
+    tree()->setUpdatesEnabled(true);
 }
 
 } // namespace varnow::ui

@@ -44,6 +44,12 @@ public:
 
     void clear();
 
+    /// The node so many places behind (or, negative, before) it under the same parent, or `none`.
+    int sibling(int node, int offset) const;
+
+    /// Selects the node and scrolls until it is seen; no click.
+    void select(int node);
+
     /// Expands what hides the node and scrolls until it is seen. While the tree is being filled that waits
     /// for the end.
     void ensureVisible(int node);
@@ -62,10 +68,14 @@ public:
         TreeView &m_tree;
     };
 
+    /// Shows what has been filled in so far. What follows is added one node at a time.
+    void finishFilling();
+
 private:
     class Item;
     class Widget;
     Widget *tree() const;
+    static int numberOf(const QTreeWidgetItem *item);
     Item *item(int node) const;
     int insertRoot(qsizetype place, const QString &key, const QString &text);
     int keep(Item *item);

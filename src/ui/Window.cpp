@@ -1,5 +1,7 @@
 #include "ui/Window.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -10,16 +12,18 @@
 #include <QShortcut>
 #include <QStyle>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace varnow::ui {
 
 namespace {
 
 /// The scale never goes below this: 15 twips to the pixel, 96 pixels to the inch.
-constexpr float smallestScale = 1.0F / 15.0F;
+constexpr Scale smallestScale{1.0F / 15.0F, 1.0F / 15.0F};
 
 std::vector<Window *> &loaded()
 {
@@ -41,11 +45,36 @@ int titleBarWidth(const QWidget &widget)
 class Window::Widget : public QWidget
 {
 public:
-    explicit Widget(Window &owner) : m_owner(owner) {}
+    explicit Widget(Window &owner) : m_owner(owner)
+    {
+        QAccessible::installFactory(&makeInterface); // once, however often it is called
+    }
+
+    QSize frame() const { return frameGeometry().size() - size(); }
+    /// What the screen has for the window inside its frame.
+    QSize room() const { return screen()->availableSize() - frame(); }
 
 protected:
+    void changeEvent(QEvent *event) override
+    {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+            desktopChanged();
+    }
+
+    void showEvent(QShowEvent *event) override
+    {
+        QWidget::showEvent(event);
+        QObject::connect(windowHandle(), &QWindow::screenChanged, this, &Widget::screenChanged,
+                         Qt::UniqueConnection);
+        followScreen();
+    }
+
+    void moveEvent(QMoveEvent *) override { findFrame(); }
+
     void resizeEvent(QResizeEvent *) override
     {
+        findFrame();
         if (m_owner.m_loaded && m_owner.onResize)
             m_owner.onResize();
     }
@@ -80,7 +109,43 @@ protected:
     }
 
 private:
+    static QAccessibleInterface *makeInterface(const QString &, QObject *object)
+    {
+        auto *window = dynamic_cast<Widget *>(object);
+        return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
+    }
+
+    /// The frame is there only when the window stands on the screen.
+    void findFrame()
+    {
+        const QSize before = std::exchange(m_knownFrame, frame());
+        if (before != m_knownFrame)
+            desktopChanged();
+    }
+
+    void screenChanged()
+    {
+        followScreen();
+        desktopChanged();
+    }
+
+    void followScreen()
+    {
+        QObject::connect(screen(), &QScreen::availableGeometryChanged, this, &Widget::desktopChanged,
+                         Qt::UniqueConnection);
+        QObject::connect(screen(), &QScreen::logicalDotsPerInchChanged, this, &Widget::desktopChanged,
+                         Qt::UniqueConnection);
+    }
+
+    /// Acts later, when all controls have learned of the change.
+    void desktopChanged()
+    {
+        QMetaObject::invokeMethod(
+            this, [this] { m_owner.followDesktop(); }, Qt::QueuedConnection);
+    }
+
     Window &m_owner;
+    QSize m_knownFrame{0, 0};
 };
 
 Window::Window(const QString &name, const QString &caption, float innerWidth, float innerHeight,
@@ -89,7 +154,7 @@ Window::Window(const QString &name, const QString &caption, float innerWidth, fl
     , m_designedWidth(innerWidth)
     , m_designedHeight(innerHeight)
     , m_border(border)
-    , m_pixelsPerTwip(smallestScale)
+    , m_scale(smallestScale)
 {
     m_widget->setObjectName(name);
     m_widget->setWindowTitle(caption);
@@ -112,7 +177,7 @@ void Window::setCaption(const QString &caption)
 {
     m_widget->setWindowTitle(caption);
     if (m_loaded && m_border == Border::FixedDialog)
-        fitScale();
+        fit();
 }
 
 bool Window::isMinimised() const
@@ -122,30 +187,33 @@ bool Window::isMinimised() const
 
 float Window::width() const
 {
-    return static_cast<float>(m_widget->frameGeometry().width()) / m_pixelsPerTwip;
+    return static_cast<float>(m_widget->frameGeometry().width()) / m_scale.x;
 }
 
 float Window::height() const
 {
-    return static_cast<float>(m_widget->frameGeometry().height()) / m_pixelsPerTwip;
+    return static_cast<float>(m_widget->frameGeometry().height()) / m_scale.y;
 }
 
 float Window::innerWidth() const
 {
-    return static_cast<float>(m_widget->width()) / m_pixelsPerTwip;
+    return static_cast<float>(m_widget->width()) / m_scale.x;
 }
 
 float Window::innerHeight() const
 {
-    return static_cast<float>(m_widget->height()) / m_pixelsPerTwip;
+    return static_cast<float>(m_widget->height()) / m_scale.y;
+}
+
+QSize Window::pixels(float width, float height) const
+{
+    return {static_cast<int>(std::ceil(width * m_scale.x)), static_cast<int>(std::ceil(height * m_scale.y))};
 }
 
 void Window::enforceMinimumSize(float width, float height)
 {
-    const QSize frame = m_widget->frameGeometry().size() - m_widget->size();
-    const QSize outer(static_cast<int>(std::ceil(width * m_pixelsPerTwip)),
-                      static_cast<int>(std::ceil(height * m_pixelsPerTwip)));
-    m_widget->setMinimumSize((outer - frame).expandedTo({1, 1}));
+    const QSize inner = pixels(width, height) - m_widget->frame();
+    m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}));
 }
 
 void Window::add(Control &control)
@@ -158,37 +226,53 @@ void Window::remove(Control &control)
     std::erase(m_controls, &control);
 }
 
-/// Widens the scale until every control shows its caption whole at its designed size. A fixed dialog, which
-/// the user cannot widen, shows its own whole too.
-void Window::fitScale()
+/// The least scale at which every control shows its caption or entry whole at its designed size. A fixed
+/// dialog, which the user cannot widen, shows its own caption whole too.
+Scale Window::leastScale() const
 {
+    Scale least = smallestScale;
+    const auto widen = [](float &scale, int pixels, float twips) {
+        if (pixels > 0)
+            scale = std::max(scale, static_cast<float>(pixels) / twips);
+    };
     if (m_border == Border::FixedDialog)
-        m_pixelsPerTwip =
-            std::max(m_pixelsPerTwip, static_cast<float>(titleBarWidth(*m_widget)) / m_designedWidth);
+        widen(least.x, titleBarWidth(*m_widget), m_designedWidth);
     for (const Control *control : m_controls) {
         const QSize needed = control->neededPixels();
-        if (needed.width() > 0)
-            m_pixelsPerTwip =
-                std::max(m_pixelsPerTwip, static_cast<float>(needed.width()) / control->width());
-        if (needed.height() > 0)
-            m_pixelsPerTwip =
-                std::max(m_pixelsPerTwip, static_cast<float>(needed.height()) / control->height());
+        widen(least.x, needed.width(), control->width());
+        widen(least.y, needed.height(), control->height());
     }
+    return least;
+}
+
+void Window::fit()
+{
+    m_scale = leastScale();
     for (Control *control : m_controls)
         control->applyPlace();
-    const QSize size(static_cast<int>(std::ceil(m_designedWidth * m_pixelsPerTwip)),
-                     static_cast<int>(std::ceil(m_designedHeight * m_pixelsPerTwip)));
     if (m_border == Border::FixedDialog)
-        m_widget->setFixedSize(size);
-    else
-        m_widget->resize(size);
+        m_widget->setFixedSize(pixels(m_designedWidth, m_designedHeight));
+}
+
+/// Takes over another font, screen or frame. The user's size stays where the screen has room for it.
+void Window::followDesktop()
+{
+    if (!m_loaded)
+        return;
+    fit();
+    if (onResize)
+        onResize();
+    if (m_border == Border::Sizable && m_widget->windowState() == Qt::WindowNoState)
+        m_widget->resize(m_widget->size().boundedTo(m_widget->room()));
 }
 
 void Window::load()
 {
     if (m_loaded)
         return;
-    fitScale();
+    fit();
+    if (m_border == Border::Sizable)
+        m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()));
     m_loaded = true;
     loaded().push_back(this);
     if (onLoad)

@@ -43,7 +43,8 @@ public:
     float innerWidth() const;
     float innerHeight() const;
 
-    /// Makes the window at least this large (outer size, twips), now and for the user's own resizing.
+    /// Makes the window at least this large (outer size, twips), now and for the user's own resizing, as far
+    /// as its screen has room.
     void enforceMinimumSize(float width, float height);
 
     /// Shows the window without waiting; one that is open already comes to the front.
@@ -66,7 +67,7 @@ public:
     QWidget *surface() override;
 
     ControlHost &host() override { return *this; }
-    float pixelsPerTwip() const override { return m_pixelsPerTwip; }
+    Scale scale() const override { return m_scale; }
     void add(Control &control) override;
     void remove(Control &control) override;
 
@@ -79,14 +80,17 @@ private:
     class Widget;
 
     void load();
-    void fitScale();
+    void fit();
+    Scale leastScale() const;
+    QSize pixels(float width, float height) const;
+    void followDesktop();
 
     std::unique_ptr<Widget> m_widget;
     std::vector<Control *> m_controls;
     float m_designedWidth;
     float m_designedHeight;
     Border m_border;
-    float m_pixelsPerTwip;
+    Scale m_scale;
     Control *m_firstInFocusOrder = nullptr;
     bool m_loaded = false;
     bool m_unloading = false;

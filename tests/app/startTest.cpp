@@ -12,6 +12,7 @@
 #include <QFontMetrics>
 #include <QMessageBox>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QPushButton>
 #include <QTest>
 
@@ -36,6 +37,8 @@ struct StartTest : StartFixture
     }
 
     Session session;
+    const QString eightWords = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
+    const Box cannotContinue{"There was an unexpected error loading configuration data,\r\ncannot continue."};
 };
 
 /// The action, in a dialog that must show the whole of this prompt.
@@ -52,6 +55,8 @@ Action under(const QString &prompt, const Action &action)
         action(user);
     };
 }
+
+using SilentServerTest = StartTest;
 
 const auto ending = [](const QString &reason) {
     return Boxes{critical(reason + "\r\nThe configuration cannot continue.")};
@@ -112,7 +117,7 @@ TEST_P(StartTest, TakesTheValuesFromEightWords)
                                  "  configuration-server\r\n  configuration-database\r\n"
                                  "  configuration-user\r\n  configuration-password\r\n"
                                  "  velmora-server\r\n  velmora-database\r\n  velmora-user\r\n"
-                                 "  velmora-password");
+                                 "  velmora-password\r\nAn empty password is written as '\"\"'.");
     for (int count = 1; count < 8; ++count) {
         expectStart(QStringList(count, "word").join(' '), {}, 2, {refusal});
         EXPECT_EQ(stored(), nothing + nothing);
@@ -128,7 +133,6 @@ TEST_P(StartTest, TakesTheValuesFromEightWords)
 // An outcome with another outcome's message, or one that ends the start; an editor on half a catalogue.
 TEST_P(StartTest, SurvivesEveryCatalogueButOneWithANullName)
 {
-    const QString words = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
     const std::pair<const char *, Box> cases[] = {
         {"UPDATE Misc_upload_constants SET DefaultConfigName = ' '",
          note("The default configuration name is missing,\nsubstituting 'Standard'.")},
@@ -142,13 +146,44 @@ TEST_P(StartTest, SurvivesEveryCatalogueButOneWithANullName)
               "the default configuration name, substituting 'Standard'.")}};
     for (const auto &[sql, box] : cases) {
         database.run(sql);
-        expectStart(words, {close}, 0, {box});
+        expectStart(eightWords, {close}, 0, {box});
         EXPECT_EQ(session.defaultConfiguration, "Standard");
     }
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    expectStart(words, {}, 1,
-                {{"An unexpected error occurred while getting the configuration names."},
-                 {"There was an unexpected error loading configuration data,\r\ncannot continue."}});
+    expectStart(eightWords, {}, 1,
+                {{"An unexpected error occurred while getting the configuration names."}, cannotContinue});
+}
+
+// A failed load that ends the start, or that nobody tells of.
+TEST_P(StartTest, OpensTheEditorWithoutRecordsThatCannotBeLoaded)
+{
+    database.run("ALTER TABLE LabLineConfig RENAME TO gone");
+    expectStart(eightWords, {close}, 0,
+                {{"An unexpected error occurred while reading the\r\ncurrent Line and Line Fields "
+                  "configuration.\r\nNo current information is available and, if you\r\ncontinue, any "
+                  "current information will be lost."},
+                 {"There is no line configuration\r\ndata to display."}});
+}
+
+// A silent server that leaves the screen empty or cannot be given up; an editor without what was not waited
+// for.
+TEST_P(SilentServerTest, ShowsWhatItWaitsForAndStops)
+{
+    TdsServer *server = database.server();
+    const auto expectStop = [&](const QString &what) {
+        const Action stop = [&](const Driver &user) {
+            EXPECT_EQ(user.text("what"), what);
+            user.click("stop");
+        };
+        expectStart(eightWords, {stop}, 1, {cannotContinue});
+        server->clearFaults();
+    };
+    server->failLogins({.kind = Fault::Hang});
+    expectStop("Connecting to " + valid[0]);
+    server->failStatements({.kind = Fault::Hang}, "data_extractor_config");
+    expectStop("Reading the configurations");
+    server->failStatements({.kind = Fault::Hang}, "LabLineFieldConfig");
+    expectStop("Reading the fields");
 }
 
 // Quotes that group, separators that count, words behind the last one allowed.
@@ -164,26 +199,32 @@ TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
         EXPECT_EQ(splitWords(text), words) << qPrintable(text);
 }
 
-// Help that needs a display, or that counts as a server's name.
+// Help that needs a display, or that counts as a server's name; a start without one that ends in a crash.
 TEST(Program, TellsAboutItselfWithoutADisplay)
 {
-    const auto output = [](const QString &word) {
+    const auto output = [](const QStringList &words, int exitCode = 0) {
+        QProcessEnvironment dark = QProcessEnvironment::systemEnvironment();
+        for (const QString name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM"})
+            dark.remove(name);
         QProcess program;
-        program.start(
-            "env", {"-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM", VARNOW_PROGRAM, word});
+        program.setProcessEnvironment(dark);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(VARNOW_PROGRAM, words);
         program.waitForFinished(-1);
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(program.exitCode(), 0);
+        EXPECT_EQ(program.exitCode(), exitCode);
         return QString::fromUtf8(program.readAllStandardOutput());
     };
-    EXPECT_TRUE(output("--version").startsWith("varnow "));
-    const QString help = output("--help");
+    EXPECT_TRUE(output({"--version"}).startsWith("varnow "));
+    const QString help = output({"--help"});
+    EXPECT_EQ(output({"-h"}), help);
+    EXPECT_EQ(output({}, 1), "varnow: There is no display to open a window on.\n");
     for (const char *word : {"configuration-server", "velmora-password", "(sqlite)", "\"\""})
         EXPECT_TRUE(help.contains(word)) << word;
 }
 
-// A password that every user of the machine can read.
-TEST(Program, BlanksItsWordsInTheProcessList)
+// A password that every user of the machine can read, or that a crash writes to the disk.
+TEST(Program, KeepsItsWordsOutOfTheProcessListAndOfCoreFiles)
 {
     TestDatabase database(Engine::SqlServer);
     database.server()->failLogins({.kind = Fault::Hang});
@@ -193,14 +234,19 @@ TEST(Program, BlanksItsWordsInTheProcessList)
     while (program.state() != QProcess::NotRunning && database.server()->logins().empty())
         QTest::qWait(1); // it has read its words once it logs in
     ASSERT_FALSE(database.server()->logins().empty());
-    QFile list(QStringLiteral("/proc/%1/cmdline").arg(program.processId()));
-    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
-    EXPECT_EQ(list.readAll().replace('\0', ""), QByteArray(VARNOW_PROGRAM));
+    const auto read = [&program](const char *what) {
+        QFile file(QStringLiteral("/proc/%1/%2").arg(program.processId()).arg(what));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    EXPECT_EQ(read("cmdline").replace('\0', ""), QByteArray(VARNOW_PROGRAM));
+    EXPECT_TRUE(read("limits").contains("Max core file size        0                    0 "));
     EXPECT_EQ(database.server()->logins().front().password, database.settings().password);
     program.kill();
     program.waitForFinished(-1);
 }
 
 ON_EVERY_ENGINE(StartTest);
+ON_ENGINES(SilentServerTest, Engine::SqlServer);
 
 } // namespace varnow::test

@@ -3,7 +3,12 @@
 #include "support/TestDatabase.h"
 #include "support/errorOf.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
+
+#include <clocale>
 
 namespace varnow::db {
 
@@ -79,6 +84,20 @@ TEST_P(DatabaseTest, NamesTheReasonWhyAStatementFailed)
         EXPECT_EQ(errorOf([&] { connection.execute(sql); }), code); // whatever failed on it before
     }
     EXPECT_EQ(tables.run("SELECT id, Name FROM LabLineConfig"), QStringList("1|NULL"));
+}
+
+// A keyword of the connection that is another word by the rules of the user's language.
+TEST_P(DatabaseTest, IsReachedByATurkishUser)
+{
+    const QTemporaryDir locales;
+    QProcess::execute("localedef", {"-i", "tr_TR", "-f", "UTF-8", locales.filePath("tr_TR.UTF-8")});
+    qputenv("LOCPATH", locales.path().toUtf8());
+    const bool isTurkish = setlocale(LC_ALL, "tr_TR.UTF-8") != nullptr;
+    EXPECT_EQ(codeOf("SELECT id FROM LabLineConfig;"), 0);
+    setlocale(LC_ALL, "C.UTF-8");
+    qunsetenv("LOCPATH");
+    if (!isTurkish)
+        GTEST_SKIP() << "this machine cannot make the locale";
 }
 
 // A text cut at the size of a buffer or packet, a letter split there, an apostrophe that ends a literal.

@@ -31,7 +31,8 @@ struct SqlServer : testing::Test
     /// The same with a connection made before, which may not wait longer than a second.
     std::function<int()> connected(const QString &sql)
     {
-        const auto connection = std::make_shared<Connection>(settings, 1);
+        settings.timeout = 1;
+        const auto connection = std::make_shared<Connection>(settings);
         return [=] { return errorOf([&] { connection->execute(sql); }); };
     }
 
@@ -63,11 +64,12 @@ TEST_F(SqlServer, TurnsEveryNumberIntoItsCode)
 // A connection that fails with a code of its own or that waits for ever, at the log-in or behind it.
 TEST_F(SqlServer, GivesEveryLostConnectionOneCode)
 {
+    settings.timeout = 1;
     for (const Fault &fault : {Fault{.number = 18456}, Fault{.number = 4060}, Fault{.kind = Fault::CutOff},
                                Fault{.kind = Fault::CutOff, .bytes = 20}, Fault{.kind = Fault::NoAnswer},
                                Fault{.kind = Fault::Hang}}) {
         server.failLogins(fault);
-        EXPECT_EQ(errorOf([this] { Connection(settings, 1); }), codes::Failure) << fault.kind << fault.number;
+        EXPECT_EQ(errorOf([this] { Connection{settings}; }), codes::Failure) << fault.kind << fault.number;
     }
     server.clearFaults();
     server.failStatements({.kind = Fault::CutOff}, "UPDATE");

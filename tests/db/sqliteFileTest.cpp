@@ -30,6 +30,7 @@ struct SqliteFile : testing::Test
     int run(const QString &file, const QString &sql)
     {
         ConnectionSettings settings = tables.settings();
+        settings.server = " (SQLite) ";
         settings.database = file;
         return test::errorOf([&] { executeOnce(settings, sql); });
     }
@@ -78,7 +79,9 @@ TEST_F(SqliteFile, IsReadButNotWrittenWhenItIsReadOnly)
 TEST_F(SqliteFile, TimesOutWhenItIsLocked)
 {
     tables.run("BEGIN EXCLUSIVE");
-    Connection connection(tables.settings(), 1);
+    ConnectionSettings settings = tables.settings();
+    settings.timeout = 1;
+    Connection connection(settings);
     const auto insert = [&] { connection.execute(insertLine); };
     EXPECT_EQ(test::errorOf(insert), codes::TimeOut);
     tables.run("COMMIT");

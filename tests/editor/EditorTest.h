@@ -6,6 +6,8 @@
 #include "support/TestDatabase.h"
 
 #include "editor/EditorWindow.h"
+#include "editor/RunWindow.h"
+#include "storage/load.h"
 
 #include <optional>
 
@@ -39,11 +41,13 @@ struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
                          .arg(nameIndex));
     }
 
-    /// Opens the editor on a catalogue.
+    /// Loads the records and opens the editor on a catalogue.
     void open(const QStringList &configurations = {"Standard"}, const QString &defaultName = "Standard")
     {
         session.configurationNames = configurations;
         session.defaultConfiguration = defaultName;
+        RunWindow run;
+        ASSERT_EQ(loadAll(database.settings(), model, run), 0);
         editor.emplace(session, model);
         user.emplace(*editor);
     }

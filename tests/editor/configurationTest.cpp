@@ -1,5 +1,6 @@
 #include "editor/EditorTest.h"
 
+#include <QApplication>
 #include <QTest>
 
 namespace varnow::test {
@@ -49,37 +50,70 @@ TEST_P(ConfigurationTest, SwitchesOnceAndKeepsEdits)
     expectBoxes({});
 }
 
-TEST_P(ConfigurationTest, SwitchesAtEveryKeystroke)
+TEST_P(ConfigurationTest, FollowsEveryKeyAndTellsWhatIsMissingWhenTypingPauses)
 {
-    open({"Standard"});
+    open({"Standard", "None"});
     messages.take();
+    const Boxes noLines{{"There is no line configuration\r\ndata to display."}};
+    QWidget *box = user->control("configuration");
+    const auto pressAndLook = [this](int key) {
+        user->press(key);
+        QApplication::processEvents();
+    };
     user->type("configuration", "It");
-    EXPECT_EQ(messages.take().size(), 2); // no such configuration, twice; emptying the box does nothing
     EXPECT_TRUE(user->tree().isEmpty());
-    user->press(Qt::Key_Return);
+    expectBoxes({});
+    QTest::qWait(800);
+    expectBoxes(noLines);
+    pressAndLook(Qt::Key_Return);
     EXPECT_EQ(user->text("configuration"), "It"); // nothing is completed
-    QTest::keyClicks(user->control("configuration"), "'s");
-    expectBoxes({{"There is no line configuration\r\ndata to display."}});
+    expectBoxes({});
+    QTest::keyClicks(box, "'");
+    pressAndLook(Qt::Key_Return);
+    expectBoxes(noLines);
+    QTest::keyClicks(box, "'");
+    user->press(Qt::Key_Backspace);
+    QTest::keyClicks(box, "s");
     EXPECT_EQ(user->text("lineName"), "HDR");
-    QTest::keyClicks(user->control("configuration"), " ");
+    QTest::keyClicks(box, " ");
     EXPECT_EQ(user->tree(), QStringList("1 HDR"));
     EXPECT_TRUE(user->items("lookup").isEmpty()); // compared with the blank
+    expectBoxes({});
+    pressAndLook(Qt::Key_Tab);
+    expectBoxes(noLines);
     user->click("refresh");
     EXPECT_EQ(user->text("configuration"), "Standard");
+    QTest::keyClick(box, Qt::Key_Down); // a chosen name is not typed on
+    expectBoxes(noLines);
+}
+
+TEST_P(ConfigurationTest, TellsWhatIsMissingBeforeItIsAdded)
+{
+    open();
+    messages.take();
+    user->type("configuration", "New");
+    user->press(Qt::Key_H, Qt::AltModifier);
+    QTest::qWait(800);
+    expectBoxes({{"There is no line configuration\r\ndata to display."}});
+    EXPECT_EQ(user->tree(), QStringList("1 PID(1)"));
 }
 
 TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
 {
-    open();
-    messages.take();
-    user->showPage(1);
-    // The first that begins with the shown line's name.
-    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "PID(1)|1");
-    QTest::keyClick(user->control("fieldLine"), Qt::Key_Down);
-    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "OBR|2");
-    user->type("fieldLine", "obx(7)");
+    addLine("PID", 3, 4);
+    const auto visit = [this](const QString &lineName, const QString &index) {
+        open();
+        user->fill({{"lineName", lineName}, {"lineIndex", index}});
+        user->showPage(1);
+        return user->texts({"fieldLine", "fieldMessageIndex"});
+    };
+    EXPECT_EQ(visit("PI", "3"), "PID(1)|1"); // the first that begins so
+    EXPECT_EQ(visit("PID", "3"), "PID(3)|4");
+    QTest::keyClick(user->control("fieldLine"), Qt::Key_Up);
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "OBX|3");
+    user->type("fieldLine", "obr(7)");
     user->click("clear"); // looks the typed text up, with and without its index
-    EXPECT_EQ(user->text("fieldMessageIndex"), "3");
+    EXPECT_EQ(user->text("fieldMessageIndex"), "2");
 }
 
 TEST_P(ConfigurationTest, TellsWhyDataFieldsAreMissing)
@@ -113,12 +147,22 @@ TEST_P(ConfigurationTest, ReloadsAfterAskingAboutChanges)
     open({"It's", "Standard"});
     changeMessageIndex("2 OBR", "9");
     messages.answerWith(ui::Answer::Cancel);
-    messages.answerWith(ui::Answer::No);
     user->click("reload");
     EXPECT_EQ(user->text("lineMessageIndex"), "9");
+    QTest::keyClick(user->control("configuration"), Qt::Key_Up);
+    user->showPage(1);
+    user->fill({{"fieldName", "File"}, {"fieldLine", "HDR(0)"}, {"lookup", "file"}});
+    messages.answerWith(ui::Answer::No);
     user->click("reload");
     expectBoxes({saveChanges, saveChanges});
     EXPECT_EQ(user->tree(), QStringList({"1 PID(1)", "2 OBR", "  2.1 Set ID", "3 OBX(-1)"}));
+    const QStringList entries{"fieldName", "fieldLine", "fieldMessageIndex", "lookup"};
+    EXPECT_EQ(user->texts(entries), "|PID(1)|1|");
+    session.defaultConfiguration = "Missing";
+    user->click("reload");
+    EXPECT_EQ(user->texts(entries), "|||");
+    EXPECT_EQ(user->items("fieldLine") + user->items("lookup"), QStringList());
+    session.defaultConfiguration = "Standard";
     database.run("ALTER TABLE LabLineConfig RENAME TO gone");
     user->click("reload");
     expectBoxes(

@@ -79,23 +79,26 @@ TEST_P(EntryTest, AddsAndChangesLinesInPlace)
     EXPECT_EQ(user->items("fieldLine"), QStringList({"PID", "OBX", "A\tB(2)", "OBR"}));
     // The field stays where its line was, so no node shows it.
     EXPECT_EQ(user->tree(), QStringList({"5 PID", "4 OBX", "6 OBR", "7 A\tB(2)"}));
-    user->type("configuration", "");
-    changeLine("Nameless", "0", "1");
-    EXPECT_EQ(lineTexts().last() + lines[4].configuration, "Nameless(0)=1");
+    expectBoxes({});
+    changeLine("A\tB", "", "08"); // another line; its node is found only by a number as the tree writes it
+    EXPECT_EQ(lineTexts().last(), "A\tB(0)=8");
+    expectBoxes({notDisplayed});
     EXPECT_TRUE(leavingAsks());
 }
 
-TEST_P(EntryTest, UnderstandsEveryWayToWriteANumber)
+TEST_P(EntryTest, StoresNothingWithoutAConfiguration)
 {
-    // Only what is written as the tree writes it leads to the node afterwards.
-    const std::tuple<QString, int, bool> numbers[] = {
-        {"+7", 7, false},   {"-0", 0, false},  {"13.", 13, false}, {".5", 0, false}, {"1e2", 100, false},
-        {"014", 14, false}, {"2.5", 2, false}, {"4.50", 4, false}, {" 8 ", 8, true}, {"-5", -5, true}};
-    for (const auto &[typed, stored, isShown] : numbers) {
-        changeLine("NTE", "9", typed);
-        EXPECT_EQ(lineTexts().last(), QStringLiteral("NTE(9)=%1").arg(stored)) << qPrintable(typed);
-        expectBoxes(isShown ? Boxes() : Boxes{notDisplayed});
+    for (const QString blank : {"", "  "}) {
+        user->type("configuration", blank);
+        changeLine("Nameless", "0", "1");
+        changeField({});
+        const Box refusal =
+            critical("There is no configuration selected.\r\nPlease select or enter a configuration first.",
+                     "Data Checking");
+        expectBoxes({refusal, refusal});
+        user->showPage(0);
     }
+    EXPECT_EQ(lineTexts() + fieldTexts(), QStringList({"PID(0)=3", "3.1 Set ID"}));
 }
 
 TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
@@ -130,11 +133,11 @@ TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
         changeField(field);
         expectBoxes({dataChecking("line field", complaints)});
     }
-    // What is too large is refused also in the disabled box.
-    user->click("fixedLength");
-    user->click("change");
-    expectBoxes({dataChecking("line field", {fixed + "length is not a number."})});
     EXPECT_EQ(fieldTexts(), QStringList("3.1 Set ID"));
+    user->click("fixedLength");
+    user->click("change"); // what is too large in the disabled box is no length
+    expectBoxes({});
+    EXPECT_EQ(columnOf(fields, &Field::length), QList<int>({0, 0}));
 }
 
 TEST_P(EntryTest, StoresAFieldWithItsSettings)

@@ -1,5 +1,7 @@
 #include "editor/EditorTest.h"
 
+#include <QTest>
+
 namespace varnow::test {
 
 namespace {
@@ -45,6 +47,12 @@ TEST_P(RemovalTest, RemovesALineAndRenumbersTheRest)
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Sep", "2 OBX(1)", "  2.1 Value", "  2.2 Value(2)"}));
     EXPECT_EQ(user->text("lineName"), "PID"); // the entries stay
     EXPECT_EQ(lineTexts(), QStringList({"MSH(0)=1", "OBX(1)=2"}));
+    EXPECT_EQ(user->selectedNode(), "2 OBX(1)");
+    EXPECT_EQ(user->items("fieldLine"), QStringList({"MSH", "OBX(1)"}));
+    user->showPage(1);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(user->control("fieldLine"), Qt::Key_Down);
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "OBX(1)|2");
     EXPECT_TRUE(leavingAsks());
 }
 
@@ -53,15 +61,17 @@ TEST_P(RemovalTest, RefusesALineThatHasFields)
     const Box noSuchLine{notRemoved.arg("line")};
     const std::tuple<QString, QString, Box> refusals[] = {
         {"OBX", "1", hasFields},  {"OBX", "0", hasFields}, // index 0 owns the fields of every index
-        {"OBX", "", hasFields},   {"OBX", "x", hasFields},
-        {"OBX", "2", noSuchLine}, {"OBX", "99999999999", noSuchLine},
-        {"MSH", "1", noSuchLine}};
+        {"OBX", "", hasFields},   {"OBX", "x", noSuchLine}, {"OBX", "2", noSuchLine},
+        {"PID", "1", noSuchLine}, {"PID", "x", noSuchLine}, {"PID", "99999999999", noSuchLine}};
     for (const auto &[name, typedIndex, refusal] : refusals) {
         user->fill({{"lineName", name}, {"lineIndex", typedIndex}});
         removeWith(ui::Answer::Yes);
         expectBoxes({confirmLine, refusal});
     }
     EXPECT_EQ(lineTexts().size(), 3);
+    user->clickNode("1 MSH");
+    removeWith(ui::Answer::Yes);
+    EXPECT_EQ(user->selectedNode(), "1 MSH"); // as it was, though the tree was filled anew
 }
 
 TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
@@ -72,8 +82,10 @@ TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
     EXPECT_EQ(fieldTexts().size(), 3);
     removeWith(ui::Answer::Yes);
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Sep", "2 PID", "3 OBX(1)", "  3.1 Value"}));
+    EXPECT_EQ(user->selectedNode(), "3.1 Value");
+    EXPECT_EQ(user->text("fieldIndex"), "2"); // no click
     messages.take();
-    for (const QString noSuchIndex : {"2", "2147483648"}) {
+    for (const QString noSuchIndex : {"2", "2147483648", "x"}) {
         user->type("fieldIndex", noSuchIndex);
         removeWith(ui::Answer::Yes);
         expectBoxes({confirmField, {notRemoved.arg("field")}});
@@ -81,6 +93,7 @@ TEST_P(RemovalTest, RemovesTheFieldWithTheTypedIndex)
     user->type("fieldIndex", ""); // reads as 0
     removeWith(ui::Answer::Yes);
     EXPECT_EQ(fieldTexts(), QStringList("1.1 Sep"));
+    EXPECT_EQ(user->selectedNode(), "3 OBX(1)");
     EXPECT_TRUE(leavingAsks());
 }
 

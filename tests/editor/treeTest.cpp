@@ -1,5 +1,9 @@
 #include "editor/EditorTest.h"
 
+#include <QApplication>
+#include <QTest>
+#include <QTreeWidget>
+
 namespace varnow::test {
 
 using TreeTest = EditorTest;
@@ -17,9 +21,41 @@ TEST_P(TreeTest, AsksWhichOfTwoLinesWithOneMessageIndexToShow)
     EXPECT_EQ(user->tree(), QStringList({"1 PID(2)", "  1.1 Separator"}));
     user->clickNode("1 PID(2)");
     EXPECT_EQ(user->text("lineName"), "PID");
-    messages.answerWith(ui::Answer::No);
+    const auto before = ui::setMessageBoxHandler([this](const Box &) {
+        EXPECT_EQ(user->tree(), QStringList("1 MSH")); // what was built so far
+        EXPECT_TRUE(user->treeWidget()->updatesEnabled());
+        return ui::Answer::No;
+    });
     user->click("refresh");
+    ui::setMessageBoxHandler(before);
     EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Separator"}));
+    user->type("configuration", "Standard"); // asks when typing is over, for a question would take a key
+    messages.answerWith(ui::Answer::Yes);
+    user->press(Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(user->tree(), QStringList({"1 PID(2)", "  1.1 Separator"}));
+}
+
+TEST_P(TreeTest, ShowsWhatWasChangedAndTheBeginningOfAnotherConfiguration)
+{
+    for (int i = 1; i <= 99; ++i) {
+        addLine(QStringLiteral("L%1").arg(i), 0, i);
+        addField(QStringLiteral("L%1").arg(i), 0, i, 1, QStringLiteral("F%1").arg(i));
+    }
+    open({"Other", "Standard"});
+    const auto first = [this] { return user->treeWidget()->itemAt(5, 5)->text(0); };
+    EXPECT_EQ(first(), "1 L1");
+    user->fill({{"lineName", "L50"}, {"lineMessageIndex", "50"}});
+    user->click("change");
+    EXPECT_EQ(user->selectedNode(), "50 L50");
+    EXPECT_EQ(user->text("lineName"), "L50"); // no click
+    user->clickNode("70.1 F70");
+    user->type("position", "2");
+    user->click("change");
+    EXPECT_EQ(user->selectedNode(), "70.2 F70");
+    QTest::keyClick(user->control("configuration"), Qt::Key_Up);
+    QTest::keyClick(user->control("configuration"), Qt::Key_Down);
+    EXPECT_EQ(first(), "1 L1");
 }
 
 TEST_P(TreeTest, RefusesFieldsWithoutAnyLine)
@@ -40,7 +76,8 @@ TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
     addField("A (b", 2, 2, 8, "Name (x) (y)", 3);
     database.run(
         "UPDATE LabLineFieldConfig SET FixedLength = 1, PadChar = ' ', PadDirection = -1, Length = 12, "
-        "ValidationString = '30', FormatString = 'fmt', LookupString = 'look' WHERE NameIndex = 3");
+        "ValidationString = '30', FormatString = 'fmt', LookupString = 'look' WHERE NameIndex = 3; "
+        "UPDATE LabLineFieldConfig SET Length = 4, ValidationString = '9' WHERE NameIndex = 0");
     open();
     user->clickNode("2 A (b(2)");
     EXPECT_EQ(user->texts({"lineName", "lineIndex", "lineMessageIndex"}), "A (b|2|2");
@@ -52,7 +89,7 @@ TEST_P(TreeTest, ShowsTheRecordOfAClickedNode)
               "Name (x) (y)|3|A (b(2)|2|look|fmt|x|8|12|30");
     EXPECT_TRUE(user->control("length")->isEnabled());
     user->clickNode("2.7 Name (x) (y)");
-    EXPECT_EQ(user->texts({"fieldIndex", "length"}), "0|12"); // the length is left, and disabled
+    EXPECT_EQ(user->texts({"fieldIndex", "length", "characterPosition"}), "0|4|9"); // its own
     EXPECT_FALSE(user->control("length")->isEnabled());
     fields.clear();
     lines.clear(); // what has no record any more empties its page

@@ -18,12 +18,14 @@ struct FieldTableTest : testing::Test, ModelFixture
 
 } // namespace
 
-// Faults: a field kept twice because of blanks, one that moves or loses its identifier, a pad character or
-// the argument of a search trimmed or not.
+// Faults: a field kept twice because of blanks, one that moves, one that loses its identifier or takes it to
+// another line, whose removal then deletes the old row, a pad character or the argument of a search trimmed
+// or not.
 TEST_F(FieldTableTest, StoresAndFindsWhateverTheBlanks)
 {
     Field padded = field(" S ", " F2 ", 9);
-    for (QString *text : {&padded.line, &padded.dataType, &padded.lookup, &padded.format, &padded.constant})
+    padded.line = " PID ";
+    for (QString *text : {&padded.dataType, &padded.lookup, &padded.format, &padded.constant})
         *text = " x ";
     padded.padCharacter = " ";
     fields.store(padded);
@@ -32,13 +34,16 @@ TEST_F(FieldTableTest, StoresAndFindsWhateverTheBlanks)
     EXPECT_EQ(stored.id, 2);
     EXPECT_EQ((QStringList{stored.configuration, stored.name, stored.line, stored.dataType, stored.lookup,
                            stored.format, stored.constant, stored.padCharacter}),
-              (QStringList{"S", "F2", "x", "x", "x", "x", "x", " "}));
+              (QStringList{"S", "F2", "PID", "x", "x", "x", "x", " "}));
     const std::tuple<QString, QString, int, int> searches[] = {
         {" S ", " F2 ", 0, 1}, {"S", "F3", 0, 2},  {"S", "f3", 0, -1},
         {"s", "F3", 0, -1},    {"S", "F3", 1, -1}, {"S", "  ", 0, -1},
     };
     for (const auto &[configuration, name, nameIndex, found] : searches)
         EXPECT_EQ(fields.find(configuration, name, nameIndex), found) << qPrintable(name) << nameIndex;
+    padded.lineIndex = 1;
+    fields.store(padded);
+    EXPECT_EQ(columnOf(fields, &Field::id), (QList{1, -1, 3}));
 }
 
 // Faults: the wrong one of two candidates removed, a removed field that is lost, one that is none.

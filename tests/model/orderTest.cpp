@@ -105,7 +105,7 @@ private:
             m_walk.insert(placeFor(field), field);
             return;
         }
-        if (field.id <= 0)
+        if (field.id <= 0 && field.line == m_walk[old].line && field.lineIndex == m_walk[old].lineIndex)
             field.id = m_walk[old].id;
         m_walk[old] = field;
     }

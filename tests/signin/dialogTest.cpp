@@ -46,7 +46,8 @@ struct SignInTest : StartFixture
 
 } // namespace
 
-// A check that stops at the first blank entry, takes blanks for a name, loses what was typed, or returns it.
+// A check that stops at the first blank entry, takes blanks for a name, loses what was typed, returns it, or
+// leaves the user at an entry that is not missing.
 TEST_P(SignInTest, AsksForEveryBlankEntryAndStaysOpen)
 {
     const QStringList complaints{"A Server name is required.", "A Database name is required.",
@@ -54,14 +55,18 @@ TEST_P(SignInTest, AsksForEveryBlankEntryAndStaysOpen)
     for (int filled = 0; filled < 7; ++filled) {
         QStringList entries{"", "  ", "", "secret"};
         Boxes expected;
-        for (int i = 0; i < 3; ++i) {
-            if ((filled >> i) % 2 == 1)
+        QString firstMissing;
+        for (int i = 2; i >= 0; --i) {
+            if ((filled >> i) % 2 == 1) {
                 entries[i] = "x";
-            else
-                expected += critical(complaints[i], "ERROR");
+            } else {
+                expected.prepend(critical(complaints[i], "ERROR"));
+                firstMissing = allEntries[i];
+            }
         }
         const Action stillThere = [&](const Driver &user) {
             EXPECT_EQ(user.texts(allEntries), entries.join(u'|'));
+            EXPECT_EQ(user.focused(), firstMissing);
             expectBoxes(expected);
         };
         // Login and the close box do the same.

@@ -1,6 +1,7 @@
 #include "storage/catalogue.h"
 
 #include "db/codes.h"
+#include "support/RunLog.h"
 #include "support/TdsServer.h"
 #include "support/TestDatabase.h"
 #include "support/errorOf.h"
@@ -14,6 +15,8 @@ struct CatalogueTest : testing::TestWithParam<Engine>
 {
     TestDatabase database{GetParam()};
     db::ConnectionSettings settings = database.settings();
+    RunLog log;
+    varnow::Run run{settings, log};
 };
 
 } // namespace
@@ -36,7 +39,7 @@ TEST_P(CatalogueTest, SubstitutesADefaultConfigurationItCannotRead)
     };
     for (const auto &[sql, name, problem] : cases) {
         database.run(sql);
-        const DefaultConfiguration found = loadDefaultConfiguration(settings);
+        const DefaultConfiguration found = loadDefaultConfiguration(run);
         EXPECT_EQ(found.name, name) << qPrintable(sql);
         EXPECT_EQ(found.problem, problem) << qPrintable(sql);
     }
@@ -45,13 +48,13 @@ TEST_P(CatalogueTest, SubstitutesADefaultConfigurationItCannotRead)
 // Names that are sorted, merged or padded; a failed query that stops the start, or a Null name that does not.
 TEST_P(CatalogueTest, ListsTheConfigurations)
 {
-    EXPECT_EQ(loadConfigurationNames(settings), QStringList());
+    EXPECT_EQ(loadConfigurationNames(run), QStringList());
     database.run("INSERT INTO data_extractor_config VALUES ('b'), (' a '), ('b'), ('a')");
-    EXPECT_EQ(loadConfigurationNames(settings), QStringList({"b", "a", "a"}));
+    EXPECT_EQ(loadConfigurationNames(run), QStringList({"b", "a", "a"}));
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    EXPECT_EQ(errorOf([this] { loadConfigurationNames(settings); }), errors::InvalidUseOfNull);
+    EXPECT_EQ(errorOf([this] { loadConfigurationNames(run); }), errors::InvalidUseOfNull);
     database.run("DROP TABLE data_extractor_config");
-    EXPECT_EQ(loadConfigurationNames(settings), QStringList());
+    EXPECT_EQ(loadConfigurationNames(run), QStringList());
 }
 
 // Data fields of another configuration, a failure taken for another one, settings used with their blanks.

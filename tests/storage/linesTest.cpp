@@ -1,3 +1,4 @@
+#include "base/RuntimeError.h"
 #include "db/codes.h"
 #include "support/StorageFixture.h"
 
@@ -11,7 +12,8 @@ using LinePersistence = StorageTest;
 
 ON_EVERY_ENGINE(LinePersistence);
 
-// Faults: Null taken for something else, another order, untrimmed names, spare columns mixed up.
+// Faults: Null taken for something else, another order, untrimmed names, spare columns mixed up, blank lines
+// for rows that could not be read.
 TEST_P(LinePersistence, LoadsEveryColumn)
 {
     EXPECT_EQ(load(), 0);
@@ -33,9 +35,16 @@ TEST_P(LinePersistence, LoadsEveryColumn)
     EXPECT_EQ(load(), 0);
     expectLines(); // a load without rows leaves the table alone, as one that fails does
     expectMessages({noFieldRows, noFieldRows, noFieldRows});
-    database.run("DROP TABLE LabLineConfig");
+    database.run("ALTER TABLE LabLineConfig RENAME TO elsewhere");
     EXPECT_EQ(load(), db::codes::MissingTable);
     expectLines();
+    database.run("CREATE TABLE LabLineConfig AS SELECT * FROM elsewhere;"
+                 "ALTER TABLE LabLineConfig DROP COLUMN number1;"
+                 "ALTER TABLE LabLineConfig ADD COLUMN number1 bigint;"
+                 "INSERT INTO LabLineConfig (id, Configuration, number1) VALUES (1, 'A', 1), (2, 'B', 1e10), "
+                 "(3, 'C', 3)");
+    EXPECT_EQ(load(), errors::Overflow);
+    EXPECT_EQ(columnOf(lines, &Line::id), QList{1});
     expectMessages({});
 }
 

@@ -5,7 +5,9 @@
 #include "support/TdsServer.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 
+#include <future>
 #include <malloc.h>
 #include <thread>
 
@@ -36,64 +38,158 @@ struct SaveOverWire : StorageTest
     TdsServer &server = *database.server();
 };
 
+/// A save of twenty records: one row is deleted, ten are updated and nine inserted.
+struct TwentyRecords : Storage
+{
+    TwentyRecords() : Storage(Engine::SqlServer)
+    {
+        settings.timeout = 1;
+        const QString ids =
+            "WITH RECURSIVE n(id) AS (SELECT 1 UNION SELECT id + 1 FROM n WHERE id < 6) SELECT id";
+        database.run("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex) " + ids +
+                     ", 'S', 'L' || id, 0 FROM n;"
+                     "INSERT INTO LabLineFieldConfig (id, Configuration, Name, NameIndex, Line, LineIndex) " +
+                     ids + ", 'S', 'F' || id, 0, 'PID', 0 FROM n WHERE id < 6");
+        for (int i = 1; i <= 11; ++i)
+            storeLine(i, "S", "L" + QString::number(i), 0, i);
+        lines.remove(5);
+        for (int i = 1; i <= 9; ++i)
+            fields.store(field("S", "F" + QString::number(i), i));
+    }
+
+    /// Saves and adds up the errors in the summaries.
+    int errorsOfSave()
+    {
+        EXPECT_EQ(save(), 0);
+        int errors = 0;
+        for (const QString &message : run.takeMessages())
+            errors += message.section("\r\n", 1).trimmed().section(' ', 0, 0).toInt();
+        return errors;
+    }
+
+    QStringList rows()
+    {
+        return database.run("SELECT Name, MsgIndex FROM LabLineConfig UNION ALL "
+                            "SELECT Name, Position FROM LabLineFieldConfig ORDER BY Name");
+    }
+
+    void expectTheNextSaveToComplete(const QStringList &expectedRows)
+    {
+        server.clearFaults();
+        server.stop();
+        server.start();
+        EXPECT_EQ(errorsOfSave(), 0);
+        EXPECT_EQ(rows(), expectedRows);
+        EXPECT_TRUE(lines.removed.empty());
+    }
+
+    TdsServer &server = *database.server();
+};
+
 } // namespace
 
 ON_ENGINES(SaveOverWire, Engine::SqlServer);
 
-// Faults: a save that ends early, waits for a dead server record by record, or forgets what it could not
-// write; a row written twice because its answer was lost.
-TEST_P(SaveOverWire, GoesOnWhenTheServerDiesAndCompletesLater)
+// Faults: a connection for every statement, or one that stays open while the user reads or between two runs.
+TEST_P(SaveOverWire, KeepsOneConnectionForEachRun)
 {
-    storeLines(100);
+    run.onMessage = [this](const QString &text) {
+        QElapsedTimer timer;
+        timer.start();
+        server.waitUntilLeft();
+        EXPECT_LT(timer.elapsed(), 5000) << qPrintable(text);
+    };
+    const auto expectLogins = [this](int count, const std::function<void()> &work) {
+        const std::size_t before = server.logins().size();
+        work();
+        server.waitUntilLeft();
+        EXPECT_EQ(server.logins().size(), before + std::size_t(count));
+    };
+    expectLogins(1, [this] { load(); });
+    storeLines(3);
     fields.store(field(standard, "A", 1));
-    database.run("INSERT INTO LabLineFieldConfig (id) VALUES (77)");
-    fields.removed.emplace_back().id = 77;
-
-    server.failStatements({.kind = Fault::Death}, "INSERT", 41);
-    EXPECT_EQ(save(), 0);
-    expectMessages({summary(linesSaved, 60, 40), summary(fieldsDeleted, 1, 0), summary(fieldsSaved, 1, 0)});
-    EXPECT_EQ(rows().size(), 41) << "the last row was written, only its answer was lost";
-    EXPECT_EQ(lines.size(), 100);
-    EXPECT_EQ(fields.removed.size(), 1U);
-
-    server.start();
-    EXPECT_EQ(save(), 0);
-    expectMessages({summary(linesSaved, 0, 100), summary(fieldsDeleted, 0, 1), summary(fieldsSaved, 0, 1)});
-    EXPECT_EQ(rows().size(), 100);
-    EXPECT_EQ(rows().last(), "100|L100|100");
-    EXPECT_EQ(database.run("SELECT Name FROM LabLineFieldConfig"), QStringList("A"));
+    lines.removed.resize(2);
+    expectLogins(3, [this] { save(); });
+    expectLogins(1, [this] { adoptIds(); });
+    database.run("DROP TABLE LabLineFieldConfig");
+    expectLogins(1, [this] { load(); });
+    EXPECT_EQ(run.takeMessages().size(), 5);
 }
 
-// Fault: an error that stops the run, is not counted, or keeps its record from the next save. A lock held too
-// long comes as 1222 or, when the client gives up first, as a statement that fails like any other.
-TEST_P(SaveOverWire, CountsEveryErrorOfOneRecordAndGoesOn)
+// Faults: a look-up whose failure passes for "no row" and gives its record a second one, a change sent twice,
+// a connection that is used on after its end or given up without need, an error that is not counted, stops
+// the run, or keeps its record from the next save.
+TEST(TwentyRecords, AreSavedOnceWhicheverStatementFails)
 {
-    for (const int number : {102, 207, 208, 229, 515, 547, 1205, 1222, 2627, 8152, 0}) {
-        for (const auto &[statement, nth] : {std::pair{"MAX(id)", 2}, {"INSERT", 2}, {"UPDATE", 1}}) {
-            emptyModel();
-            database.run("DELETE FROM LabLineConfig; "
-                         "INSERT INTO LabLineConfig VALUES (9, 'Standard', 'L2', 0, 0, 0, '', '', NULL)");
-            storeLines(4);
-            server.failStatements({.kind = number == 0 ? Fault::CutOff : Fault::Error, .number = number},
-                                  statement, nth);
-            expectSave(1, 3);
-            server.clearFaults();
-            expectSave(0, 4);
-            EXPECT_EQ(database.run("SELECT Name, MsgIndex FROM LabLineConfig ORDER BY Name"),
-                      (QStringList{"L1|1", "L2|2", "L3|3", "L4|4"}))
-                << number << statement;
+    TwentyRecords undisturbed;
+    EXPECT_EQ(undisturbed.errorsOfSave(), 0);
+    const QStringList rows = undisturbed.rows();
+    const QStringList statements = undisturbed.server.statements();
+    EXPECT_EQ(rows.size(), 19);
+    ASSERT_EQ(statements.size(), 1 + 10 * 2 + 9 * 3);
+    const auto changes = [&](qsizetype from, qsizetype count) {
+        const QStringList some = statements.mid(from, count);
+        return int(some.size() - some.filter(QLatin1String("SELECT")).size());
+    };
+    const Fault cut{.kind = Fault::CutOff};
+    const int numbers[] = {102, 547, 1205, 1222, 8152};
+    for (qsizetype i = 0; i < statements.size(); ++i) {
+        // what happens at this statement and the next, and the errors that the summaries may count
+        const std::tuple<const char *, std::vector<Fault>, int> cases[] = {
+            {"error", {{.number = numbers[i % 5]}}, 1},
+            {"lost", {cut}, changes(i, 1)},
+            {"lost again", {cut, cut}, 1},
+            {"server restarted behind it", {{.kind = Fault::CutOff, .bytes = 100'000}}, changes(i + 1, 1)},
+            {"server killed", {{.kind = Fault::Death}}, 20 - changes(0, i)},
+        };
+        for (const auto &[what, faults, errors] : cases) {
+            SCOPED_TRACE(testing::Message() << what << " at " << i << ": " << qPrintable(statements[i]));
+            TwentyRecords records;
+            for (std::size_t later = 0; later < faults.size(); ++later)
+                records.server.failStatements(faults[later], {}, int(i) + 1 + int(later));
+            EXPECT_EQ(records.errorsOfSave(), errors);
+            records.expectTheNextSaveToComplete(rows);
         }
     }
 }
 
-// A limit to know of: a look-up that fails says "no row", and the line gets a second one.
-TEST_P(SaveOverWire, TakesALineForNewWhenItsLookUpFails)
+// The same for waits: without an answer, as behind a lock, and without any sign of life.
+TEST(TwentyRecords, AreSavedOnceWhicheverStatementIsNotAnswered)
 {
-    storeLines(1);
-    expectSave(0, 1);
-    server.failStatements({.number = 1222}, "SELECT id");
-    expectSave(0, 1);
-    EXPECT_EQ(rows(), (QStringList{"1|L1|1", "2|L1|1"}));
+    TwentyRecords undisturbed;
+    undisturbed.errorsOfSave();
+    std::vector<std::future<void>> saves;
+    for (const char *statement : {"DELETE", "SELECT id", "MAX(id)", "UPDATE", "INSERT"}) {
+        for (const Fault::Kind kind : {Fault::NoAnswer, Fault::Hang}) {
+            saves.push_back(std::async(std::launch::async, [=, rows = undisturbed.rows()] {
+                SCOPED_TRACE(testing::Message() << statement << kind);
+                TwentyRecords records;
+                records.server.failStatements({.kind = kind}, statement, 1);
+                EXPECT_EQ(records.errorsOfSave(), 1);
+                records.expectTheNextSaveToComplete(rows);
+            }));
+        }
+    }
+}
+
+// Faults: a result cut short that passes for a whole one or fills the table twice, a load that gives up
+// although the server is there, lines lost with a connection.
+TEST_P(SaveOverWire, LoadsAgainWhatWasLostOnTheWay)
+{
+    storeLines(100);
+    fields.store(field(standard, "A", 1));
+    EXPECT_EQ(save(), 0);
+    run.takeMessages();
+    for (const char *table : {"LabLineConfig", "LabLineFieldConfig"}) {
+        for (const qsizetype bytes : {0, 1000, 100'000}) {
+            emptyModel();
+            server.failStatements({.kind = Fault::CutOff, .bytes = bytes}, table, 1);
+            EXPECT_EQ(load(), 0);
+            EXPECT_EQ(lines.size() + fields.size(), 101) << table << bytes;
+            expectMessages({});
+            server.clearFaults();
+        }
+    }
 }
 
 // Fault: an editor that takes an identifier another one took meanwhile, and overwrites or loses a line.
@@ -109,15 +205,6 @@ TEST_P(SaveOverWire, CountsALineWhoseIdentifierAnotherEditorTakesFirst)
     expectSave(1, 0);
     expectSave(0, 1);
     EXPECT_EQ(rows(), (QStringList{"1|Other|1", "2|Mine|1"}));
-}
-
-// Fault: an answer that is not waited for.
-TEST_P(SaveOverWire, WaitsForASlowServer)
-{
-    server.setDelay(50);
-    storeLines(5);
-    expectSave(0, 5);
-    EXPECT_EQ(rows().size(), 5);
 }
 
 // Fault: a handle, socket, descriptor or memory left behind by a save that succeeds or fails.

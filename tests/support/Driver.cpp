@@ -105,6 +105,14 @@ void Driver::clickNode(const QString &text) const
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(found.first()).center());
 }
 
+QString Driver::selectedNode() const
+{
+    const QTreeWidgetItem *node = treeWidget()->selectedItems().value(0);
+    const bool isSeen =
+        node != nullptr && treeWidget()->viewport()->rect().contains(treeWidget()->visualItemRect(node));
+    return isSeen ? node->text(0) : QString();
+}
+
 QStringList Driver::items(const QString &name) const
 {
     const auto *box = qobject_cast<QComboBox *>(control(name));

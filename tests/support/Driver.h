@@ -43,6 +43,8 @@ public:
     QTreeWidget *treeWidget() const;
     /// Clicks the node with this text with the mouse.
     void clickNode(const QString &text) const;
+    /// Text of the selected node, unless it is scrolled out of sight.
+    QString selectedNode() const;
     /// The items of a combo box.
     QStringList items(const QString &name) const;
     /// Object name of the control that has the focus.

@@ -15,7 +15,8 @@ class RunLog : public RunObserver
 public:
     /// Called for every message, after it was written down.
     std::function<void(const QString &text)> onMessage;
-    /// Asked before every record of a part; false stops the run.
+    /// Asked whenever a part advances, with the number of its records that had begun before; false stops the
+    /// run.
     std::function<bool(const QString &part, int record)> goesOn;
 
     /// The messages shown since the last call.
@@ -35,10 +36,10 @@ public:
         m_parts += {what, 0};
     }
 
-    bool recordBegins() override
+    bool advance(int records) override
     {
         auto &[part, record] = m_parts.last();
-        if (goesOn && !goesOn(part, record++))
+        if (goesOn && !goesOn(part, std::exchange(record, record + records)))
             m_isStopped = true;
         return !m_isStopped;
     }

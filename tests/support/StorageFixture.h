@@ -20,18 +20,27 @@ inline QString fieldsNotRetrieved(int code)
                              code);
 }
 
-/// A model and its database, once per engine.
-struct StorageTest : testing::TestWithParam<Engine>, ModelFixture
+/// A model and its database.
+struct Storage : ModelFixture
 {
-    int load() { return loadAll(database.settings(), model, run); }
-    int save() { return saveAll(database.settings(), model, run); }
-    void adoptIds() { varnow::adoptIds(database.settings(), model, run); }
+    explicit Storage(Engine engine) : database(engine) {}
+
+    int load() { return loadAll(settings, model, run); }
+    int save() { return saveAll(settings, model, run); }
+    void adoptIds() { varnow::adoptIds(settings, model, run); }
 
     /// The messages shown since they were looked at last.
     void expectMessages(const QStringList &expected) { EXPECT_EQ(run.takeMessages(), expected); }
 
-    TestDatabase database{GetParam()};
+    TestDatabase database;
+    db::ConnectionSettings settings = database.settings();
     RunLog run;
+};
+
+/// The same, once per engine.
+struct StorageTest : testing::TestWithParam<Engine>, Storage
+{
+    StorageTest() : Storage(GetParam()) {}
 };
 
 } // namespace varnow::test

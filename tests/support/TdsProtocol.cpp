@@ -52,14 +52,14 @@ std::optional<Message> takeMessage(QByteArray &received)
     return std::nullopt;
 }
 
-QByteArray packets(const QByteArray &answer, int payload)
+QByteArray packets(const QByteArray &answer, int payload, Packet type)
 {
     QByteArray out;
     quint8 number = 1;
     for (qsizetype at = 0; at < answer.size(); at += payload, ++number) {
         const QByteArray part = answer.mid(at, payload);
         const bool last = at + payload >= answer.size();
-        put(out, static_cast<quint8>(Packet::Answer));
+        put(out, static_cast<quint8>(type));
         put(out, static_cast<quint8>(last ? endOfMessage : 0));
         put(out, qToBigEndian(static_cast<quint16>(part.size() + headerSize)));
         put(out, quint16{0});
@@ -70,15 +70,24 @@ QByteArray packets(const QByteArray &answer, int payload)
     return out;
 }
 
-QByteArray preLoginAnswer()
+// A pre-login message holds options, each with its number, offset and size (big-endian), an end mark, then
+// their values.
+
+Encrypted encryptionAsked(const QByteArray &preLogin)
 {
-    // Two options, each with its number, offset and size (big-endian), an end mark, then their values.
+    for (qsizetype at = 0; at + 5 <= preLogin.size() && preLogin[at] != '\xFF'; at += 5)
+        if (preLogin[at] == 1)
+            return static_cast<Encrypted>(preLogin.at(qFromBigEndian<quint16>(preLogin.data() + at + 1)));
+    return Encrypted::Nothing;
+}
+
+QByteArray preLoginAnswer(Encrypted encrypted)
+{
     static constexpr char answer[] = "\x00\x00\x0B\x00\x06" // version: 6 bytes at 11
                                      "\x01\x00\x11\x00\x01" // encryption: 1 byte at 17
                                      "\xFF"
-                                     "\x0F\x00\x07\xD0\x00\x00" // 15.0.2000.0
-                                     "\x02";                    // not supported
-    return QByteArray(answer, sizeof answer - 1);
+                                     "\x0F\x00\x07\xD0\x00\x00"; // 15.0.2000.0
+    return QByteArray(answer, sizeof answer - 1) + static_cast<char>(encrypted);
 }
 
 Login parseLogin(const QByteArray &record)

@@ -35,10 +35,16 @@ struct Message
 std::optional<Message> takeMessage(QByteArray &received);
 
 /// The packets of an answer, each with at most `payload` bytes of it.
-QByteArray packets(const QByteArray &answer, int payload);
+QByteArray packets(const QByteArray &answer, int payload, Packet type = Packet::Answer);
 
-/// The answer to a pre-login message: a server that cannot encrypt.
-QByteArray preLoginAnswer();
+/// What of a conversation is encrypted, as either side says it before the log-in.
+enum class Encrypted : quint8 { LoginOnly = 0, Everything = 1, Nothing = 2 };
+
+/// What a pre-login message asks for.
+Encrypted encryptionAsked(const QByteArray &preLogin);
+
+/// The answer to a pre-login message.
+QByteArray preLoginAnswer(Encrypted encrypted);
 
 /// Takes a log-in record apart.
 Login parseLogin(const QByteArray &record);

@@ -1,5 +1,7 @@
 #include "support/TdsServer.h"
 
+#include "support/TdsEncryption.h"
+
 #include <QDeadlineTimer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -24,7 +26,11 @@ public:
 private:
     void read()
     {
-        m_received += m_socket.readAll();
+        const QByteArray arrived = m_socket.readAll();
+        if (m_server.m_wire)
+            *m_server.m_wire += arrived;
+        m_received +=
+            m_encryption && m_encryption->isEstablished() ? m_encryption->decrypt(arrived) : arrived;
         while (const auto message = m_isDeaf ? std::nullopt : takeMessage(m_received))
             answer(*message);
     }
@@ -33,9 +39,11 @@ private:
     {
         switch (message.type) {
         case Packet::PreLogin:
-            m_socket.write(packets(preLoginAnswer(), packetPayload)); // never split by any server
+            answerPreLogin(message.body);
             break;
         case Packet::Login:
+            if (m_encrypted == Encrypted::LoginOnly)
+                m_encryption.reset();
             m_server.m_logins.push_back(parseLogin(message.body));
             answerWith(loginAccepted(m_server.m_logins.back().database), m_server.m_loginFault);
             break;
@@ -51,6 +59,19 @@ private:
         default:
             m_socket.abort();
         }
+    }
+
+    /// Agrees on what is encrypted; what comes in such packets behind that is the handshake.
+    void answerPreLogin(const QByteArray &body)
+    {
+        if (m_encryption) {
+            m_socket.write(packets(m_encryption->shakeHands(body), packetPayload, Packet::PreLogin));
+            return;
+        }
+        m_encrypted = m_server.m_encrypts ? encryptionAsked(body) : Encrypted::Nothing;
+        if (m_encrypted != Encrypted::Nothing)
+            m_encryption.emplace();
+        m_socket.write(packets(preLoginAnswer(m_encrypted), packetPayload)); // never split by any server
     }
 
     void runBatch()
@@ -76,7 +97,7 @@ private:
             m_isDeaf = true;
             return;
         case Fault::CutOff:
-            m_socket.write(packets(tokens, packetPayload).left(fault->bytes));
+            m_socket.write(onWire(packets(tokens, packetPayload)).left(fault->bytes));
             return m_socket.disconnectFromHost();
         case Fault::Death:
             m_server.die();
@@ -87,7 +108,7 @@ private:
     {
         QTimer::singleShot(m_server.m_delay, Qt::PreciseTimer, this, [this, tokens] {
             const int pieces = m_server.m_pieces;
-            const QByteArray bytes = packets(tokens, pieces ? pieces : packetPayload);
+            const QByteArray bytes = onWire(packets(tokens, pieces ? pieces : packetPayload));
             const qsizetype piece = pieces ? pieces : bytes.size();
             for (qsizetype at = 0; at < bytes.size(); at += piece) {
                 m_socket.write(bytes.mid(at, piece));
@@ -97,11 +118,15 @@ private:
         });
     }
 
+    QByteArray onWire(const QByteArray &bytes) { return m_encryption ? m_encryption->encrypt(bytes) : bytes; }
+
     static constexpr int packetPayload = 4096 - 8;
 
     TdsServer &m_server;
     QTcpSocket &m_socket;
-    QByteArray m_received;
+    QByteArray m_received; // in the clear
+    Encrypted m_encrypted = Encrypted::Nothing;
+    std::optional<Encryption> m_encryption;
     QString m_batch;
     std::optional<Fault> m_fault; // of the batch
     QTimer m_lockWait;

@@ -29,7 +29,8 @@ struct Fault
 };
 
 /// A server on 127.0.0.1 that speaks SQL Server's protocol over the tables of an SQLite file, and fails on
-/// demand. It accepts every log-in. All of it may be called while clients are connected.
+/// demand. It accepts every log-in and encrypts nothing unless it is told to. All of it may be called while
+/// clients are connected.
 class TdsServer
 {
 public:
@@ -47,6 +48,14 @@ public:
     /// What arrived so far: log-ins, and the statements other than the options that a driver sets.
     std::vector<Login> logins() { return copyOf(m_logins); }
     QStringList statements() { return copyOf(m_statements); }
+    /// Every byte that came in since the last call, as somebody on the way sees it. The first call starts
+    /// the record.
+    QByteArray takeWire()
+    {
+        std::optional<QByteArray> bytes(QByteArray{});
+        inThread([&] { m_wire.swap(bytes); });
+        return bytes.value_or(QByteArray());
+    }
     /// Waits until no client is connected, but not for ever on one that stays.
     void waitUntilLeft();
 
@@ -66,6 +75,11 @@ public:
         inThread([this] { m_loginFault.reset(), m_statementFaults.clear(); });
     }
 
+    /// From now on encrypts what new clients ask for: everything, or the log-in alone.
+    void encrypt()
+    {
+        inThread([this] { m_encrypts = true; });
+    }
     /// Every answer comes that much later.
     void setDelay(int milliseconds)
     {
@@ -103,6 +117,8 @@ private:
     tds::Database m_database;
     std::vector<Login> m_logins;
     QStringList m_statements;
+    std::optional<QByteArray> m_wire;
+    bool m_encrypts = false;
     std::optional<Fault> m_loginFault;
     std::vector<StatementFault> m_statementFaults;
     int m_delay = 0;

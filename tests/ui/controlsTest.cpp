@@ -12,9 +12,20 @@
 #include "ui/TreeView.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QLineEdit>
 #include <QListView>
+#include <QMenu>
+#include <QMimeData>
+#include <QProxyStyle>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QWheelEvent>
 
@@ -131,6 +142,111 @@ TEST_F(ComboBoxTest, TellsOnceOfAChosenItem)
     EXPECT_EQ(form.combo.text(), "one");
 }
 
+// An item cut off, or a list that ends beyond the edge of the screen.
+TEST_F(ComboBoxTest, DropsAListAsWideAsItsWidestItem)
+{
+    const QString wide = "a name that differs from the next only in its middle, here A, not at its end";
+    form.combo.addItem(wide);
+    auto *box = static_cast<QComboBox *>(user.control("combo"));
+    const int screen = QApplication::primaryScreen()->availableGeometry().right();
+    for (const int left : {0, screen - 150}) {
+        form.surface()->move(left, 0);
+        box->showPopup();
+        EXPECT_GT(box->view()->viewport()->width(), box->fontMetrics().horizontalAdvance(wide));
+        EXPECT_LE(box->view()->window()->geometry().right(), screen);
+        box->hidePopup();
+    }
+    form.combo.addItem(QString(1000, u'x'));
+    box->showPopup();
+    EXPECT_LE(box->view()->window()->width(), screen + 1);
+}
+
+// A line break that nobody sees makes a key that equals no other.
+TEST_F(ControlsTest, EndsWhatIsPastedOrDroppedAtItsFirstLineBreak)
+{
+    const auto drop = [this](const QString &name, const QString &text) {
+        auto *box = qobject_cast<QComboBox *>(user.control(name));
+        QWidget *edit = box != nullptr ? box->lineEdit() : user.control(name);
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(QPoint(2, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(edit, &enter);
+        QDropEvent event(QPointF(2, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(edit, &event);
+    };
+    const std::pair<QString, QString> cases[] = {
+        {"NTE\n", "NTE"},         {"a b\r\nsecond", "a b"}, {" \t(sqlite) \t\rx", "(sqlite)"},
+        {"A\u2028B", "A"},        {"A\u2029B", "A"},        {"A\vB", "A"},
+        {"one line", "one line"}, {"a\tb", "a\tb"},         {"\nNTE", ""}};
+    for (const auto &[pasted, kept] : cases) {
+        for (const QString name : {"text", "combo"}) {
+            SCOPED_TRACE(qPrintable(name + ": " + kept));
+            user.type(name, "x");
+            form.takeLog();
+            QApplication::clipboard()->setText(pasted);
+            user.press(Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(user.text(name), "x" + kept);
+            EXPECT_EQ(form.takeLog().size(), kept.isEmpty() ? 0 : 1);
+            user.press(Qt::Key_A, Qt::ControlModifier);
+            user.press(Qt::Key_Insert, Qt::ShiftModifier);
+            EXPECT_EQ(user.text(name), kept);
+            user.type(name, "");
+            drop(name, pasted);
+            EXPECT_EQ(user.text(name), kept);
+        }
+    }
+    form.text.setText("as\nstored"); // by code
+    EXPECT_EQ(form.text.text(), "as\nstored");
+}
+
+TEST_F(ControlsTest, EndsWhatTheMenuPastesAtItsFirstLineBreak)
+{
+    QApplication::clipboard()->setText(" NTE \nx");
+    user.type("text", "");
+    QTimer::singleShot(0, [] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (QAction *action : menu->actions()) {
+            if (action->text().contains("Paste"))
+                action->trigger();
+        }
+        menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2), QPoint(2, 2));
+    QApplication::sendEvent(user.control("text"), &event);
+    EXPECT_EQ(form.text.text(), "NTE");
+    form.text.setPassword(true); // whose blanks may be meant
+    user.type("text", "");
+    user.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.text.text(), " NTE ");
+}
+
+TEST_F(ButtonTest, TakesTheFocusWhenClickedInEveryStyle)
+{
+    struct Shy : QProxyStyle
+    {
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *result) const override
+        {
+            return hint == SH_Button_FocusPolicy ? Qt::TabFocus
+                                                 : QProxyStyle::styleHint(hint, option, widget, result);
+        }
+    };
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle(new Shy);
+    {
+        Form shy;
+        const Driver shyUser(shy);
+        for (const QString name : {"button", "check", "left"}) {
+            shyUser.control("text")->setFocus();
+            shyUser.click(name);
+            EXPECT_EQ(shy.takeLog().first(), "text left");
+            EXPECT_EQ(shyUser.focused(), name);
+        }
+    }
+    QApplication::setStyle(before);
+}
+
 TEST_F(ButtonTest, TakesTheFocusAlongByItsAccessKey)
 {
     user.control("text")->setFocus();
@@ -150,6 +266,17 @@ TEST_F(TabControlTest, PutsTheHiddenPageFarLeftWithoutFocus)
     user.press(Qt::Key_Tab); // from the tab bar, where the focus went
     EXPECT_EQ(user.focused(), "onSecond");
     EXPECT_FALSE(user.control("onFirst")->isVisible());
+}
+
+TEST_F(TabControlTest, HasTheFocusWhenATabIsClicked)
+{
+    for (const int page : {1, 1, 0}) {
+        user.control("combo")->setFocus();
+        user.showPage(page);
+        EXPECT_NE(qobject_cast<QTabBar *>(QApplication::focusWidget()), nullptr);
+    }
+    user.press(Qt::Key_X);
+    EXPECT_EQ(form.combo.text(), "");
 }
 
 TEST_F(TreeViewTest, KeepsNodesByKeyAndPlace)
@@ -207,11 +334,25 @@ TEST_F(ControlsTest, FindsTheFirstItemThatMatches)
     }
 }
 
-TEST_F(ListBoxTest, IsAsWideAsTheLongestOfManyRows)
+// A row measured by its number of characters, a tab taken for one of them, or a line break that hides the
+// rest.
+TEST_F(ListBoxTest, IsAsWideAsTheWidestOfManyRows)
 {
-    for (int i = 0; i < 100'000; ++i)
-        form.list.addItem(i == 70'000 ? QString(500, u'W') : QString::number(i));
-    auto *view = static_cast<QListView *>(user.control("list"));
-    QTest::qWait(0);
-    EXPECT_GT(view->sizeHintForColumn(0), 2000);
+    const auto *view = static_cast<QListView *>(user.control("list"));
+    const QFontMetrics letters(view->font());
+    const auto width = [&](const QString &row) {
+        form.list.clear();
+        for (int i = 0; i < 100'000; ++i)
+            form.list.addItem(i == 70'000 ? row : QString(300, u'i'));
+        QTest::qWait(0);
+        EXPECT_TRUE(view->horizontalScrollBar()->isVisible());
+        return view->sizeHintForColumn(0);
+    };
+    const QString wide(250, u'W');
+    EXPECT_GT(width(wide), letters.horizontalAdvance(wide));
+    EXPECT_LT(width(wide), letters.horizontalAdvance(wide) + 50);
+    EXPECT_GT(width(wide + "\t\t" + wide), 2 * letters.horizontalAdvance(wide) + 80);
+    EXPECT_GT(width(wide + "\r\n" + wide), 2 * letters.horizontalAdvance(wide));
+    EXPECT_EQ(view->model()->index(70'000, 0).data().toString(), wide + QChar(0x21B5) + wide);
+    EXPECT_EQ(form.list.itemText(70'000), wide + "\r\n" + wide);
 }

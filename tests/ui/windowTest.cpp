@@ -6,7 +6,9 @@
 #include "ui/Window.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -77,6 +79,30 @@ TEST(MessageBoxTest, ShowsButtonsIconDefaultAndPlainText)
     work.reset();
     EXPECT_EQ(press(Qt::Key_Return, ui::Icon::Information), ui::Answer::Ok);
     EXPECT_FALSE(ui::Hourglass::isShown());
+    ui::setMessageBoxHandler(before);
+}
+
+// A line that is wrapped loses the indent that shows what belongs together.
+TEST(MessageBoxTest, WrapsOnlyLinesThatDoNotFitTheScreen)
+{
+    const int screen = QApplication::primaryScreen()->availableSize().width();
+    const auto lines = [](const QString &text) {
+        int found = 0;
+        QTimer::singleShot(0, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            auto *label = box->findChild<QLabel *>("qt_msgbox_label");
+            EXPECT_LE(label->geometry().right(), box->width());
+            EXPECT_LE(label->geometry().bottom(), box->height());
+            found = label->height() / label->fontMetrics().lineSpacing();
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        ui::show({text});
+        return found;
+    };
+    const auto before = ui::setMessageBoxHandler({});
+    const int letter = QFontMetrics(QApplication::font()).horizontalAdvance(u'x');
+    EXPECT_EQ(lines(QString(screen * 8 / 10 / letter / 2, u'x').replace("x", "x ") + "\r\n  indented"), 2);
+    EXPECT_GE(lines(QString(screen / letter, u'x').replace("x", "x ")), 2);
     ui::setMessageBoxHandler(before);
 }
 
