@@ -28,6 +28,7 @@ OffscreenPlatform::OffscreenPlatform()
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", m_runtimeFolder.path().toLocal8Bit());
+    qputenv("XDG_STATE_HOME", m_runtimeFolder.path().toLocal8Bit());
 }
 
 OffscreenPlatform::~OffscreenPlatform()

@@ -37,7 +37,7 @@ template <class Measure> void display(benchmark::State &state, double allowance,
     const auto list = [&] { return secondsUntilShown([&] { user.click("fields"); }); };
     sideBySide(
         state, 1, [&] { return measure(list); }, [&] { return allowance; });
-    window.surface()->hide();
+    window.surface()->window()->hide();
 }
 
 } // namespace

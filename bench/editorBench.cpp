@@ -44,7 +44,7 @@ class OpenEditor
 {
 public:
     explicit OpenEditor(Size size) : m_database(size), m_model(loaded(m_database.settings())) {}
-    ~OpenEditor() { m_editor.surface()->hide(); }
+    ~OpenEditor() { m_editor.surface()->window()->hide(); }
 
     const Session &session() const { return m_session; }
 

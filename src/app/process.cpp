@@ -1,10 +1,15 @@
 #include "app/process.h"
 
-#include <QtGlobal>
+#include <array>
+#include <csignal>
+#include <cstdlib>
 
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#endif
+#ifdef Q_OS_UNIX
+#include <unistd.h>
 #endif
 
 namespace varnow {
@@ -17,5 +22,55 @@ void forbidCoreFiles()
     prctl(PR_SET_DUMPABLE, 0); // the limit does not hold for a core file that is piped to another program
 #endif
 }
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+constexpr std::array<int, 3> signalNumbers{SIGTERM, SIGINT, SIGHUP};
+
+// Global, for a signal handler has nothing else; it may do no more than write.
+std::array<int, 2> signalPipe{-1, -1};
+
+void tellSignal(int number)
+{
+    const auto byte = static_cast<char>(number);
+    [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
+}
+
+} // namespace
+
+EndWhenTold::EndWhenTold(const std::function<void()> &last)
+{
+    if (pipe(signalPipe.data()) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [last] {
+        char number = 0;
+        if (read(signalPipe[0], &number, 1) != 1)
+            return;
+        last();
+        std::_Exit(128 + number);
+    });
+    for (const int number : signalNumbers)
+        std::signal(number, tellSignal);
+}
+
+EndWhenTold::~EndWhenTold()
+{
+    if (!m_notifier)
+        return;
+    for (const int number : signalNumbers)
+        std::signal(number, SIG_DFL);
+    for (const int end : signalPipe)
+        close(end);
+}
+
+#else
+
+EndWhenTold::EndWhenTold(const std::function<void()> &) {}
+EndWhenTold::~EndWhenTold() = default;
+
+#endif
 
 } // namespace varnow

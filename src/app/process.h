@@ -1,9 +1,29 @@
 #pragma once
 
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
 namespace varnow {
 
 /// Sees to it, where the system can, that no core file of this process is ever written: it would hold
 /// passwords.
 void forbidCoreFiles();
+
+/// While such an object lives, the process ends without a question when the system tells it to: after calling
+/// `last`, by the exit code that such an end has, 128 and the number of the signal. Takes effect while events
+/// are handled. One at a time.
+class EndWhenTold
+{
+public:
+    explicit EndWhenTold(const std::function<void()> &last);
+    ~EndWhenTold();
+    EndWhenTold(const EndWhenTold &) = delete;
+    EndWhenTold &operator=(const EndWhenTold &) = delete;
+
+private:
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
 
 } // namespace varnow

@@ -1,6 +1,7 @@
 #include "app/start.h"
 
 #include "app/commandLine.h"
+#include "app/leftChanges.h"
 #include "app/process.h"
 #include "base/guarded.h"
 #include "base/text.h"
@@ -117,7 +118,12 @@ int start(const QString &argumentText, Session &session, Model &model)
 
     if (!load(session, model))
         return exitCodes::Failure;
+    std::vector<LeftFile> settled = offerLeftChanges(session.configurationDatabase, model);
     EditorWindow editor(session, model);
+    editor.keepUnsavedChanges();
+    for (LeftFile &file : settled)
+        file.remove();
+    const EndWhenTold endWhenTold([&editor] { editor.keepUnsavedChanges(); });
     editor.show();
     ui::runUntilNoWindowIsLoaded();
     return exitCodes::Success;

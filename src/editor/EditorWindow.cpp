@@ -22,11 +22,17 @@ constexpr float minimumHeight = 7900;
 } // namespace
 
 EditorWindow::EditorWindow(Session &session, Model &model)
-    : ui::Window("editor", "Lines Configuration", 9735, 6285), m_state{session, model, m_configuration}
+    : ui::Window("editor", "Lines Configuration", 9735, 6285)
+    , m_state{session, model, m_configuration}
+    , m_recovery(session.configurationDatabase)
 {
+    m_recoveryTimer.setSingleShot(true);
+    m_recoveryTimer.setInterval(500);
+    m_recoveryTimer.callOnTimeout([this] { m_recovery.write(m_state.model); });
     m_tabs.setAccessibleName("Entry pages");
     m_tree.setAccessibleName("Lines and fields");
     connectControls();
+    addMenus();
     arrangeFocus();
 }
 
@@ -50,7 +56,19 @@ void EditorWindow::connectControls()
     onResize = [this] { layOut(); };
     onCloseRequest = [this] { return closeRequested(); };
     onDoubleClick = [this] { accessDataDisplay(); };
-    setKey("F12", [this] { showDataDisplay(); }); // the way without a mouse
+}
+
+void EditorWindow::addMenus()
+{
+    ui::Menu configuration = addMenu("Confi&guration");
+    configuration.add("&Save", "Ctrl+S", [this] { save(); });
+    configuration.add("&Reload", "Ctrl+R", [this] { reload(); });
+    configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
+    ui::Menu edit = addMenu("Ed&it");
+    m_undo = edit.add("&Undo", "Ctrl+Z", [this] { undo(); }); // in an entry the key is the entry's own
+    m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { redo(); });
+    addMenu("&View").add("&Data display", "F12", [this] { showDataDisplay(); });
+    nameSteps();
 }
 
 void EditorWindow::arrangeFocus()
@@ -173,13 +191,16 @@ void EditorWindow::change()
         return;
     }
     EntryPage &page = shownPage();
-    const std::optional<QString> nodeKey = page.store();
+    std::optional<QString> nodeKey;
+    {
+        const Editing editing(m_state.model);
+        nodeKey = page.store();
+    }
     if (!nodeKey)
         return;
-    rebuildTree();
+    recordsChanged();
     bringIntoView(*nodeKey);
     page.focusFirst();
-    m_state.changesMade = true;
 }
 
 void EditorWindow::bringIntoView(const QString &nodeKey)
@@ -203,13 +224,23 @@ void EditorWindow::removeShown()
     tellProblems();
     const std::optional<RecordName> record = shownPage().namedRecord();
     const std::optional<RecordName> neighbour = m_tree.neighbourOf(record);
-    const Removal removal = shownPage().remove();
-    if (removal == Removal::Declined)
+    Removal removal;
+    {
+        const Editing editing(m_state.model);
+        removal = shownPage().remove();
+    }
+    switch (removal) {
+    case Removal::Declined:
         return;
-    rebuildTree();
-    m_tree.select(removal == Removal::Done ? neighbour : record);
-    if (removal == Removal::Done)
-        m_state.changesMade = true;
+    case Removal::Failed:
+        rebuildTree();
+        m_tree.select(record);
+        return;
+    case Removal::Done:
+        recordsChanged();
+        m_tree.select(neighbour);
+        return;
+    }
 }
 
 void EditorWindow::listConfigurations()
@@ -293,6 +324,7 @@ void EditorWindow::reload()
     m_fieldPage.empty();
     m_tabs.setCurrentPage(0);
     m_state.changesMade = false;
+    historyChanged();
 }
 
 void EditorWindow::save()
@@ -306,13 +338,14 @@ void EditorWindow::save()
         m_state.changesMade = false;
     if (result == 0 || result == errors::UserInterrupt)
         adoptIds(database, m_state.model, run);
+    keepUnsavedChanges();
 }
 
 /// Asks whether to save what would be lost, and saves. StayOpen when the user wants neither.
 ui::CloseDecision EditorWindow::promptToSave()
 {
     tellProblems();
-    if (!m_state.changesMade)
+    if (!m_state.changesMade && !m_state.model.hasUnsavedChanges())
         return ui::CloseDecision::Close;
     const ui::Answer answer =
         ui::askYesNoCancel(QStringList{"Changes have been made to the configuration.",
@@ -320,8 +353,12 @@ ui::CloseDecision EditorWindow::promptToSave()
                                        "Do you want to save changes now?"}
                                .join(lineBreak),
                            "Save Changes");
-    if (answer == ui::Answer::Yes)
+    if (answer == ui::Answer::Yes) {
         save();
+    } else if (answer == ui::Answer::No) {
+        m_recoveryTimer.stop();
+        m_recovery.remove();
+    }
     return answer == ui::Answer::Cancel ? ui::CloseDecision::StayOpen : ui::CloseDecision::Close;
 }
 

@@ -4,11 +4,14 @@
 #include "editor/FieldPage.h"
 #include "editor/LinePage.h"
 #include "editor/RecordTree.h"
+#include "storage/recovery.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Label.h"
 #include "ui/TabControl.h"
 #include "ui/Window.h"
+
+#include <QTimer>
 
 #include <memory>
 
@@ -24,11 +27,16 @@ public:
     EditorWindow(Session &session, Model &model);
     ~EditorWindow() override;
 
+    /// Writes at once what is unsaved into the recovery file.
+    void keepUnsavedChanges();
+
     /// Tells that the records could not be loaded; `warning` is the end of the message.
     static void tellLoadFailure(const QStringList &warning);
 
 private:
     void connectControls();
+    void addMenus();
+    void nameSteps();
     void arrangeFocus();
     void loadWindow();
     ui::CloseDecision closeRequested();
@@ -47,6 +55,11 @@ private:
 
     void change();
     void removeShown();
+    void undo();
+    void redo();
+    void showStep(const EditStep &step);
+    void recordsChanged();
+    void historyChanged();
 
     void listConfigurations();
     void switchConfiguration();
@@ -76,6 +89,10 @@ private:
     bool m_treeHasBoxes = false;
     std::vector<ui::MessageBox> m_problems;
 
+    std::optional<ui::MenuEntry> m_undo;
+    std::optional<ui::MenuEntry> m_redo;
+    RecoveryFile m_recovery;
+    QTimer m_recoveryTimer;            // runs from a change until it is in the recovery file
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;
 };

@@ -24,7 +24,7 @@ void FieldTable::store(Field field)
         *text = trim(*text);
     const int index = find(field.configuration, field.name, field.nameIndex);
     if (index < 0) {
-        insertOrdered(std::move(field));
+        addOrdered(std::move(field));
         return;
     }
     const Field &old = (*this)[index];
@@ -33,10 +33,26 @@ void FieldTable::store(Field field)
     replace(index, std::move(field));
 }
 
-void FieldTable::remove(int index)
+void FieldTable::load(Field row)
 {
-    removed.push_back((*this)[index]);
-    removeAt(index);
+    const int index = find(row.configuration, row.name, row.nameIndex);
+    ledger.settle(row);
+    if (index < 0)
+        insertOrdered(std::move(row));
+    else
+        RecordTable::replace(index, std::move(row));
+}
+
+void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf)
+{
+    changeEach([&](const Field &field) -> std::optional<Field> {
+        const std::optional<int> messageIndex = indexOf(field);
+        if (!messageIndex || *messageIndex == field.messageIndex)
+            return {};
+        Field changed = field;
+        changed.messageIndex = *messageIndex;
+        return changed;
+    });
 }
 
 int FieldTable::countOfLine(const QString &configuration, const QString &line, int lineIndex) const

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "model/EditedTable.h"
 #include "model/Field.h"
-#include "model/RecordTable.h"
 
-#include <vector>
+#include <functional>
+#include <optional>
 
 namespace varnow {
 
@@ -23,12 +24,9 @@ struct FieldOrder
 };
 
 /// The fields of all configurations, and the rules about them.
-class FieldTable : public RecordTable<Field, FieldOrder>
+class FieldTable : public EditedTable<Field, FieldOrder>
 {
 public:
-    /// The fields removed since the last deletion run without errors, in the order of their removal.
-    std::vector<Field> removed;
-
     /// Index of the first field with this key, blanks around the arguments ignored, or -1.
     int find(const QString &configuration, const QString &name, int nameIndex) const;
 
@@ -37,8 +35,12 @@ public:
     /// replaced field of the same line: the row of one that moves stays behind.
     void store(Field field);
 
-    /// Moves the field at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the table.
-    void remove(int index);
+    /// Takes a row of the database in: in place of the field with its key, or as a new one.
+    void load(Field row);
+
+    /// Copies message indexes into the fields: `indexOf` returns that of a field's line, or nothing for a
+    /// field that is to keep its own.
+    void changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf);
 
     /// Number of fields that name a line, blanks ignored. A line index below 1 counts those of every index.
     int countOfLine(const QString &configuration, const QString &line, int lineIndex) const;

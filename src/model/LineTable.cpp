@@ -31,7 +31,7 @@ void LineTable::store(Line line)
     line.name = trim(line.name);
     const int index = find(line.configuration, line.name, line.nameIndex);
     if (index < 0) {
-        append(std::move(line));
+        add(std::move(line));
         return;
     }
     if (line.id <= 0)
@@ -39,18 +39,15 @@ void LineTable::store(Line line)
     replace(index, std::move(line));
 }
 
-void LineTable::remove(int index)
-{
-    removed.push_back((*this)[index]);
-    removeAt(index);
-}
-
 void LineTable::renumber(const QString &configuration)
 {
     int number = 0;
-    changeEach([&](Line &line) {
-        if (line.configuration == configuration)
-            line.messageIndex = ++number;
+    changeEach([&](const Line &line) -> std::optional<Line> {
+        if (line.configuration != configuration || line.messageIndex == ++number)
+            return {};
+        Line renumbered = line;
+        renumbered.messageIndex = number;
+        return renumbered;
     });
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
+#include "model/EditedTable.h"
 #include "model/Line.h"
-#include "model/RecordTable.h"
-
-#include <vector>
 
 namespace varnow {
 
@@ -14,12 +12,9 @@ struct LineOrder
 };
 
 /// The lines of all configurations, and the rules about them.
-class LineTable : public RecordTable<Line, LineOrder>
+class LineTable : public EditedTable<Line, LineOrder>
 {
 public:
-    /// The lines removed since the last deletion run without errors, in the order of their removal.
-    std::vector<Line> removed;
-
     /// Index of the first line with this key, or -1. The line's texts are compared without blanks around
     /// them, with the arguments as they are.
     int find(const QString &configuration, const QString &name, int nameIndex) const;
@@ -30,9 +25,6 @@ public:
     /// Replaces the line with this key in place or appends a new one. An id of 0 or less keeps the id of a
     /// replaced line.
     void store(Line line);
-
-    /// Moves the line at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the table.
-    void remove(int index);
 
     /// Numbers the lines of a configuration 1, 2, 3 … in table order.
     void renumber(const QString &configuration);

@@ -1,11 +1,32 @@
 #include "model/Model.h"
 
+#include <ranges>
+
 namespace varnow {
+
+namespace {
+
+template <class Record> QString textOf(const Change<Record> &change, const QString &kind)
+{
+    const Record &record = change.was ? *change.was : *change.is;
+    QString name = kind + ' ' + record.name;
+    if (record.nameIndex > 0)
+        name += QStringLiteral("(%1)").arg(record.nameIndex);
+    return (!change.was ? "addition of " : !change.is ? "removal of " : "change of ") + name;
+}
+
+} // namespace
+
+QString textOf(const EditStep &step)
+{
+    return step.lines.empty() ? textOf(step.fields.front(), QStringLiteral("field"))
+                              : textOf(step.lines.front(), QStringLiteral("line"));
+}
 
 void Model::copyMessageIndexesToFields()
 {
     const Line *line = nullptr; // mostly that of the field before
-    fields.changeEach([&](Field &field) {
+    fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
         const auto owns = [&](const Line &candidate) {
             return candidate.nameIndex == field.lineIndex && candidate.name == field.line &&
                    candidate.configuration == field.configuration;
@@ -14,9 +35,54 @@ void Model::copyMessageIndexesToFields()
             const int index = lines.RecordTable::find(field.configuration, field.line, field.lineIndex, owns);
             line = index < 0 ? nullptr : &lines[index];
         }
-        if (line != nullptr)
-            field.messageIndex = line->messageIndex;
+        return line != nullptr ? std::optional(line->messageIndex) : std::nullopt;
     });
+}
+
+const EditStep &Model::undo()
+{
+    m_undone.push_back(std::move(m_done.back()));
+    m_done.pop_back();
+    EditStep &step = m_undone.back();
+    for (Change<Field> &change : step.fields | std::views::reverse)
+        fields.undo(change);
+    for (Change<Line> &change : step.lines | std::views::reverse)
+        lines.undo(change);
+    return step;
+}
+
+const EditStep &Model::redo()
+{
+    m_done.push_back(std::move(m_undone.back()));
+    m_undone.pop_back();
+    const EditStep &step = m_done.back();
+    for (const Change<Line> &change : step.lines)
+        lines.redo(change);
+    for (const Change<Field> &change : step.fields)
+        fields.redo(change);
+    return step;
+}
+
+void Model::forgetHistory()
+{
+    m_done.clear();
+    m_undone.clear();
+}
+
+Editing::Editing(Model &model) : m_model(model)
+{
+    model.lines.recordTo(&m_step.lines);
+    model.fields.recordTo(&m_step.fields);
+}
+
+Editing::~Editing()
+{
+    m_model.lines.recordTo(nullptr);
+    m_model.fields.recordTo(nullptr);
+    if (m_step.isEmpty())
+        return;
+    m_model.m_done.push_back(std::move(m_step));
+    m_model.m_undone.clear();
 }
 
 } // namespace varnow

@@ -3,16 +3,66 @@
 #include "model/FieldTable.h"
 #include "model/LineTable.h"
 
+#include <vector>
+
 namespace varnow {
 
-/// Everything that the editor edits: the lines and fields of all configurations.
-struct Model
+/// One action of the user: all that it changed.
+struct EditStep
 {
+    Changes<Line> lines;
+    Changes<Field> fields;
+
+    bool isEmpty() const { return lines.empty() && fields.empty(); }
+};
+
+/// What a step did, as part of a sentence: "change of line NTE(1)".
+QString textOf(const EditStep &step);
+
+/// Everything that the editor edits: the lines and fields of all configurations, and what was done to them.
+class Model
+{
+public:
     LineTable lines;
     FieldTable fields;
 
     /// Copies every line's message index into its fields. Fields without a line keep theirs.
     void copyMessageIndexesToFields();
+
+    /// True when some record differs from its row.
+    bool hasUnsavedChanges() const { return !lines.ledger.isEmpty() || !fields.ledger.isEmpty(); }
+
+    /// The step that undo() takes back, or redo() makes again; null without one.
+    const EditStep *undoable() const { return m_done.empty() ? nullptr : &m_done.back(); }
+    const EditStep *redoable() const { return m_undone.empty() ? nullptr : &m_undone.back(); }
+
+    /// Each returns the step. To be called only where there is one.
+    const EditStep &undo();
+    const EditStep &redo();
+
+    /// What was done so far can no longer be undone.
+    void forgetHistory();
+
+private:
+    friend class Editing;
+
+    std::vector<EditStep> m_done;   // the last step last
+    std::vector<EditStep> m_undone; // the one to redo first last
+};
+
+/// While such an object lives, what is done to a model becomes one step of its history. A step that changes
+/// nothing leaves no trace.
+class Editing
+{
+public:
+    explicit Editing(Model &model);
+    ~Editing();
+    Editing(const Editing &) = delete;
+    Editing &operator=(const Editing &) = delete;
+
+private:
+    Model &m_model;
+    EditStep m_step;
 };
 
 } // namespace varnow

@@ -157,21 +157,54 @@ public:
         return found ? indexOf(*found) : -1;
     }
 
+    /// Index of a record of this table. Raises errors::SubscriptOutOfRange for any other, a copy among them.
+    int indexOf(const Record &record) const
+    {
+        const Node *found = nullptr;
+        m_nodes.visitAll(keyHash(record), [&](const Node &node) {
+            if (&node.record == &record)
+                found = &node;
+        });
+        if (found == nullptr)
+            throw RuntimeError(errors::SubscriptOutOfRange);
+        return indexOf(*found);
+    }
+
     void clear() { *this = RecordTable(); }
 
-    /// Adds a record behind all others.
-    void append(Record record)
+    /// Adds a record behind all others and returns it.
+    const Record &append(Record record)
     {
         const int configuration = configurationNumber(record.configuration);
         if (m_chunks.empty() || m_chunks.back()->configuration != configuration)
             m_chunks.push_back(std::make_unique<Chunk>(configuration));
-        insertAt(m_chunks.size() - 1, m_chunks.back()->entries.size(), std::move(record));
+        return insertAt(m_chunks.size() - 1, m_chunks.back()->entries.size(), std::move(record));
+    }
+
+    /// Adds a record at an index, which may be size(). Raises errors::SubscriptOutOfRange beyond that.
+    const Record &insert(int index, Record record)
+    {
+        if (index == size())
+            return append(std::move(record));
+        const int configuration = configurationNumber(record.configuration);
+        const auto position = chunkAt(index);
+        auto chunk = static_cast<std::size_t>(position - m_chunks.cbegin());
+        const auto offset = static_cast<std::size_t>(index - (*position)->start);
+        if ((*position)->configuration == configuration)
+            return insertAt(chunk, offset, std::move(record));
+        if (offset == 0 && chunk > 0 && m_chunks[chunk - 1]->configuration == configuration)
+            return insertAt(chunk - 1, m_chunks[chunk - 1]->entries.size(), std::move(record));
+        if (offset > 0)
+            split(chunk++, offset);
+        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunk),
+                        std::make_unique<Chunk>(configuration));
+        return insertAt(chunk, 0, std::move(record));
     }
 
     /// Adds a record among those of its configuration, which must all stand together: behind the last one of
     /// a smaller place that stands before the first one of a greater group. A configuration's first record
-    /// goes to the top of the table.
-    void insertOrdered(Record record)
+    /// goes to the top of the table. Returns it.
+    const Record &insertOrdered(Record record)
     {
         const int configuration = configurationNumber(record.configuration);
         std::size_t first = 0;
@@ -182,7 +215,7 @@ public:
             m_chunks.insert(m_chunks.begin(), std::make_unique<Chunk>(configuration));
         }
         const auto [chunk, offset] = orderedSpot(first, Order::placeOf(record));
-        insertAt(chunk, offset, std::move(record));
+        return insertAt(chunk, offset, std::move(record));
     }
 
     /// Puts other values, of the same configuration, into the record at an index. It keeps its index. Raises
@@ -331,7 +364,7 @@ private:
         return chunk < m_chunks.size() && m_chunks[chunk]->configuration == m_chunks[first]->configuration;
     }
 
-    void insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
+    const Record &insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
     {
         if (m_chunks[chunkNumber]->entries.size() == chunkCapacity) {
             // Records mostly arrive in order: a full chunk then stays full and a new one begins behind it.
@@ -350,6 +383,7 @@ private:
         chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset), {&node, place});
         chunk.widenBounds(place);
         m_numbered = false;
+        return node.record;
     }
 
     /// Moves the entries from `cut` on into a new chunk behind.

@@ -5,28 +5,53 @@
 #include "storage/Run.h"
 #include "storage/statements.h"
 
+#include <QSet>
+
 namespace varnow {
 
 namespace {
+
+/// What stands in memory but not in the rows has no row.
+template <class Table> void noteMissing(Table &table, const QSet<RecordKey> &loaded)
+{
+    for (const auto &record : table) {
+        if (!loaded.contains(keyOf(record)))
+            table.ledger.noteWithoutRow(record);
+    }
+}
 
 void loadLines(Run &run, LineTable &lines)
 {
     db::ResultSet rows = run.load(QStringLiteral("Reading the lines"), selectAllRows<Line>());
     if (rows.rowCount() == 0)
-        return;
-    lines.clear();
-    for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
-        lines.append(reader.read()); // those read before an error stay
+        return noteMissing(lines, {});
+    std::vector<Line> loaded;
+    const auto read = [&] {
+        for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
+            loaded.push_back(reader.read());
+        return 0;
+    };
+    const int code = guarded(read, [](const RuntimeError &error) { return error.number(); });
+    lines.assign(std::move(loaded)); // after an error those read so far
+    if (code != 0)
+        throw RuntimeError(code);
 }
 
 void mergeFields(db::ResultSet &rows, FieldTable &fields, RunObserver &observer)
 {
     RunPart part(observer, QStringLiteral("Arranging the fields"), rows.rowCount());
+    const bool isReload = !fields.isEmpty();
+    QSet<RecordKey> loaded;
     for (const RecordReader<Field> reader(rows); !rows.atEnd(); rows.moveNext()) {
         if (!part.step())
             throw RuntimeError(errors::UserInterrupt);
-        fields.store(reader.read());
+        Field field = reader.read();
+        if (isReload)
+            loaded.insert(keyOf(field));
+        fields.load(std::move(field));
     }
+    if (isReload)
+        noteMissing(fields, loaded);
 }
 
 void loadFields(Run &run, FieldTable &fields)
@@ -44,16 +69,17 @@ void loadFields(Run &run, FieldTable &fields)
     db::ResultSet rows = guarded(query, report);
     if (!rows.isOpen())
         return;
-    if (rows.rowCount() == 0)
-        run.showMessage(QStringLiteral("No configuration data returned from database."));
-    else
-        mergeFields(rows, fields, run.observer());
+    if (rows.rowCount() > 0)
+        return mergeFields(rows, fields, run.observer());
+    noteMissing(fields, {});
+    run.showMessage(QStringLiteral("No configuration data returned from database."));
 }
 
 } // namespace
 
 int loadAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
+    model.forgetHistory();
     const auto load = [&] {
         Run run(database, observer);
         loadLines(run, model.lines);

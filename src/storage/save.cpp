@@ -141,26 +141,31 @@ template <class Body> int reporting(Run &run, const RunTexts &texts, Body body)
 /// Does nothing without removed records, and forgets them when all went well; otherwise all stay for the next
 /// run. The row of a record that a reload has brought back stays. A deleted row's identifier is forgotten at
 /// once, for another row may get it next.
-template <class Record, class Order>
-int deleteRemoved(Run &run, const RecordTable<Record, Order> &table, std::vector<Record> &removed)
+template <class Record, class Order> int deleteRemoved(Run &run, EditedTable<Record, Order> &table)
 {
-    if (removed.empty())
+    if (table.removed.empty())
         return 0;
     const RunTexts &texts = SaveTexts<Record>::deletion;
     return reporting(run, texts, [&] {
         QSet<int> inUse;
         for (const Record &record : table)
             inUse.insert(record.id);
+        const auto isInUse = [&](const Record &record) { return record.id > 0 && inUse.contains(record.id); };
         const auto deleteOne = [&](const Record &record) {
-            if (hasRow(record) && !(record.id > 0 && inUse.contains(record.id)))
+            if (hasRow(record) && !isInUse(record))
                 run.change(deleteRow<Record>(record.id));
         };
-        if (runOver(run, removed, texts, deleteOne, [](Record &record) { record.id = -1; }) == 0)
-            removed.clear();
+        const auto forget = [&](Record &record) {
+            if (!isInUse(record))
+                table.ledger.settleDeleted(record);
+            record.id = -1;
+        };
+        if (runOver(run, table.removed, texts, deleteOne, forget) == 0)
+            table.removed.clear();
     });
 }
 
-template <class Record, class Order> int save(Run &run, const RecordTable<Record, Order> &table)
+template <class Record, class Order> int save(Run &run, EditedTable<Record, Order> &table)
 {
     const RunTexts &texts = SaveTexts<Record>::save;
     return reporting(run, texts, [&] {
@@ -169,19 +174,19 @@ template <class Record, class Order> int save(Run &run, const RecordTable<Record
         else
             runOver(
                 run, table, texts, [&run](const Record &record) { saveRecord(run, record); },
-                [](const Record &) {});
+                [&table](const Record &record) { table.ledger.settle(record); });
     });
 }
 
-template <class Record, class Order> void adopt(Run &run, RecordTable<Record, Order> &table)
+template <class Record, class Order> void adopt(Run &run, EditedTable<Record, Order> &table)
 {
     RunPart part(run.observer(), SaveTexts<Record>::adoption, table.size());
-    table.changeEach([&](Record &record) {
+    table.giveIds([&](const Record &record) {
         if (!part.step() || record.id > 0)
-            return;
+            return record.id;
         const auto lookUp = [&] { return findId(run, record); };
-        if (const int id = guarded(lookUp, [](const RuntimeError &) { return 0; }); id > 0)
-            record.id = id;
+        const int id = guarded(lookUp, [](const RuntimeError &) { return 0; });
+        return id > 0 ? id : record.id;
     });
 }
 
@@ -191,10 +196,10 @@ int saveAll(const db::ConnectionSettings &database, Model &model, RunObserver &o
 {
     Run run(database, observer);
     const RunPart whole(observer, QStringLiteral("Saving")); // stopping one run stops those that follow
-    deleteRemoved(run, model.lines, model.lines.removed);
+    deleteRemoved(run, model.lines);
     if (const int code = save(run, model.lines))
         return code;
-    deleteRemoved(run, model.fields, model.fields.removed);
+    deleteRemoved(run, model.fields);
     const int code = save(run, model.fields);
     return code == 0 && whole.isStopped() ? errors::UserInterrupt : code;
 }

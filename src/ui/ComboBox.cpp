@@ -124,8 +124,8 @@ protected:
     void focusOutEvent(QFocusEvent *event) override
     {
         QComboBox::focusOutEvent(event);
-        if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-            endTyping();
+        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+            endTyping(); // but not under the mouse: a box between press and release would eat the click
     }
 
     // Scrolling past a box must not change it.
@@ -176,6 +176,8 @@ ComboBox::ComboBox(Container &parent, const QString &name, const Rect &place)
         box()->typingPause.start(typingPause);
         if (onChange)
             onChange();
+        if (isBeingTyped())
+            box()->typingPause.start(); // however long that took, the next keys may be waiting
     });
     QObject::connect(box(), &QComboBox::activated, box(), [this] {
         box()->typingPause.stop();

@@ -14,7 +14,7 @@ public:
 
     std::function<void()> onChange; ///< the text was typed or set; not for a chosen item
     std::function<void()> onClick;  ///< an item was chosen, by the user or by index in code
-    /// Typing has paused for 700 ms, or ended with Enter or by leaving the box.
+    /// Typing has paused for 700 ms, or ended with Enter or Tab.
     std::function<void()> onTypingPaused;
 
     /// From a typed key until typing pauses.

@@ -55,7 +55,7 @@ public:
     void ensureVisible(int node);
 
     /// While such an object lives an empty tree is filled out of sight, which is quicker than one node at a
-    /// time; its end shows all nodes, paints and scrolls once.
+    /// time; its end shows all nodes, paints and scrolls once. One that has roots may get children so.
     class Filling
     {
     public:

@@ -7,10 +7,12 @@
 #include <QEventLoop>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
+#include <QThread>
 #include <QWidget>
 #include <QWindow>
 
@@ -48,11 +50,18 @@ public:
     explicit Widget(Window &owner) : m_owner(owner)
     {
         QAccessible::installFactory(&makeInterface); // once, however often it is called
+        client = new QWidget(this);
     }
 
+    QWidget *client;
+    QMenuBar *menuBar = nullptr;
+
+    int menuHeight() const { return menuBar == nullptr ? 0 : menuBar->sizeHint().height(); }
+    QSize aboveClient() const { return {0, menuHeight()}; }
+
     QSize frame() const { return frameGeometry().size() - size(); }
-    /// What the screen has for the window inside its frame.
-    QSize room() const { return screen()->availableSize() - frame(); }
+    /// What the screen has for the client area.
+    QSize room() const { return screen()->availableSize() - frame() - aboveClient(); }
 
 protected:
     void changeEvent(QEvent *event) override
@@ -74,6 +83,7 @@ protected:
 
     void resizeEvent(QResizeEvent *) override
     {
+        arrange();
         findFrame();
         if (m_owner.m_loaded && m_owner.onResize)
             m_owner.onResize();
@@ -82,7 +92,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override
     {
         // Labels and disabled controls pass their clicks on to here.
-        if (childAt(event->position().toPoint()) == nullptr && m_owner.onDoubleClick)
+        if (childAt(event->position().toPoint()) == client && m_owner.onDoubleClick)
             m_owner.onDoubleClick();
     }
 
@@ -109,6 +119,13 @@ protected:
     }
 
 private:
+    void arrange()
+    {
+        if (menuBar != nullptr)
+            menuBar->setGeometry(0, 0, width(), menuHeight());
+        client->setGeometry(0, menuHeight(), width(), height() - menuHeight());
+    }
+
     static QAccessibleInterface *makeInterface(const QString &, QObject *object)
     {
         auto *window = dynamic_cast<Widget *>(object);
@@ -202,7 +219,7 @@ float Window::innerWidth() const
 
 float Window::innerHeight() const
 {
-    return static_cast<float>(m_widget->height()) / m_scale.y;
+    return static_cast<float>(m_widget->height() - m_widget->menuHeight()) / m_scale.y;
 }
 
 QSize Window::pixels(float width, float height) const
@@ -213,7 +230,7 @@ QSize Window::pixels(float width, float height) const
 void Window::enforceMinimumSize(float width, float height)
 {
     const QSize inner = pixels(width, height) - m_widget->frame();
-    m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}));
+    m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}) + m_widget->aboveClient());
 }
 
 void Window::add(Control &control)
@@ -251,7 +268,7 @@ void Window::fit()
     for (Control *control : m_controls)
         control->applyPlace();
     if (m_border == Border::FixedDialog)
-        m_widget->setFixedSize(pixels(m_designedWidth, m_designedHeight));
+        m_widget->setFixedSize(pixels(m_designedWidth, m_designedHeight) + m_widget->aboveClient());
 }
 
 /// Takes over another font, screen or frame. The user's size stays where the screen has room for it.
@@ -263,7 +280,7 @@ void Window::followDesktop()
     if (onResize)
         onResize();
     if (m_border == Border::Sizable && m_widget->windowState() == Qt::WindowNoState)
-        m_widget->resize(m_widget->size().boundedTo(m_widget->room()));
+        m_widget->resize(m_widget->size().boundedTo(m_widget->room() + m_widget->aboveClient()));
 }
 
 void Window::load()
@@ -272,7 +289,8 @@ void Window::load()
         return;
     fit();
     if (m_border == Border::Sizable)
-        m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()));
+        m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()) +
+                         m_widget->aboveClient());
     m_loaded = true;
     loaded().push_back(this);
     if (onLoad)
@@ -304,6 +322,10 @@ void Window::showInFront()
 {
     m_widget->setWindowModality(Qt::ApplicationModal);
     show();
+    for (int i = 0; i < 100 && !m_widget->windowHandle()->isExposed(); ++i) {
+        QThread::msleep(5); // the desktop takes a while, and may never show it
+        QCoreApplication::processEvents();
+    }
 }
 
 void Window::showModal()
@@ -335,6 +357,13 @@ bool Window::unload()
     return true;
 }
 
+Menu Window::addMenu(const QString &caption)
+{
+    if (m_widget->menuBar == nullptr)
+        m_widget->menuBar = new QMenuBar(m_widget.get());
+    return Menu(m_widget->menuBar->addMenu(caption));
+}
+
 void Window::setKey(const QString &key, const std::function<void()> &action)
 {
     QObject::connect(new QShortcut(QKeySequence(key), m_widget.get()), &QShortcut::activated, m_widget.get(),
@@ -350,7 +379,7 @@ void Window::setFocusOrder(const std::vector<Control *> &controls)
 
 QWidget *Window::surface()
 {
-    return m_widget.get();
+    return m_widget->client;
 }
 
 std::vector<Window *> Window::loadedWindows()

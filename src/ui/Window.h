@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Control.h"
+#include "ui/Menu.h"
 
 #include <QString>
 
@@ -49,12 +50,16 @@ public:
 
     /// Shows the window without waiting; one that is open already comes to the front.
     void show();
-    /// Shows the window and keeps the user out of all others while it is open; does not wait.
+    /// Shows the window, whole when this returns, and keeps the user out of all others while it is open.
     void showInFront();
     /// The same, and waits until the window is unloaded.
     void showModal();
     /// Unloads the window unless onCloseRequest refuses. Returns whether it is unloaded.
     bool unload();
+
+    /// Adds a menu to the window's menu bar, which stands above the client area. To be called before the
+    /// window is first shown.
+    Menu addMenu(const QString &caption);
 
     /// Makes a key, named like "F12", do something wherever the focus is in the window.
     void setKey(const QString &key, const std::function<void()> &action);

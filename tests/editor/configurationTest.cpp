@@ -92,15 +92,23 @@ TEST_P(ConfigurationTest, TellsWhatIsMissingBeforeItIsAdded)
     open();
     messages.take();
     user->type("configuration", "New");
+    int boxes = 0;
+    const auto before = ui::setMessageBoxHandler([&](const Box &) {
+        EXPECT_TRUE(user->tree().isEmpty());
+        ++boxes;
+        return ui::Answer::Ok;
+    });
     user->press(Qt::Key_H, Qt::AltModifier);
     QTest::qWait(800);
-    expectBoxes({{"There is no line configuration\r\ndata to display."}});
+    ui::setMessageBoxHandler(before);
+    EXPECT_EQ(boxes, 1);
     EXPECT_EQ(user->tree(), QStringList("1 PID(1)"));
 }
 
 TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
 {
     addLine("PID", 3, 4);
+    addLine("PID", 0, 5);
     const auto visit = [this](const QString &lineName, const QString &index) {
         open();
         user->fill({{"lineName", lineName}, {"lineIndex", index}});
@@ -109,8 +117,9 @@ TEST_P(ConfigurationTest, TakesOverTheMessageIndexOfTheChosenLine)
     };
     EXPECT_EQ(visit("PI", "3"), "PID(1)|1"); // the first that begins so
     EXPECT_EQ(visit("PID", "3"), "PID(3)|4");
+    EXPECT_EQ(visit("PID", ""), "PID|5");
     QTest::keyClick(user->control("fieldLine"), Qt::Key_Up);
-    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "OBX|3");
+    EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex"}), "PID(3)|4");
     user->type("fieldLine", "obr(7)");
     user->click("clear"); // looks the typed text up, with and without its index
     EXPECT_EQ(user->text("fieldMessageIndex"), "2");
@@ -183,7 +192,7 @@ TEST_P(ConfigurationTest, AsksBeforeLeaving)
     expectBoxes({saveChanges});
     EXPECT_TRUE(editor->isLoaded());
     messages.answerWith(ui::Answer::Yes);
-    editor->surface()->close();
+    editor->surface()->window()->close();
     expectBoxes({saveChanges, Box{summary(linesSaved, 0, 4)}, {"No records found to process."}});
     EXPECT_FALSE(editor->isLoaded());
     EXPECT_EQ(database.run("SELECT MsgIndex FROM LabLineConfig WHERE Name = 'OBR'"), QStringList("9"));

@@ -63,7 +63,7 @@ TEST_F(ListingTest, TellsOfAnEmptyTable)
 TEST_F(ListingTest, KeepsItsButtonsAtTheBottomRight)
 {
     for (const QSize size : {QSize(50, 50), QSize(900, 700)}) {
-        window.surface()->resize(size);
+        window.surface()->window()->resize(size);
         EXPECT_GE(window.width(), 4900);
         EXPECT_GE(window.height(), 2550);
         const QRect exit = user.control("exit")->geometry();

@@ -73,9 +73,9 @@ TEST_F(LineTableTest, RemovesAndRenumbers)
     EXPECT_EQ(columnOf(lines, &Line::messageIndex), (QList{1, 1, 2}));
     const auto expectNothingOutside = [this] {
         for (const int outside : {-1, lines.size()}) {
-            const std::function<void()> uses[] = {[&] { lines[outside]; }, [&] { lines.remove(outside); },
-                                                  [&] { lines.removeAt(outside); },
-                                                  [&] { lines.replace(outside, line(9, "S", "A", 1, 1)); }};
+            const std::function<void()> uses[] = {
+                [&] { lines[outside]; }, [&] { lines.remove(outside); }, [&] { lines.removeAt(outside); },
+                [&] { lines.RecordTable::replace(outside, line(9, "S", "A", 1, 1)); }};
             for (const auto &use : uses)
                 EXPECT_EQ(errorOf(use), errors::SubscriptOutOfRange) << outside;
         }

@@ -45,7 +45,8 @@ TEST_P(CatalogueTest, SubstitutesADefaultConfigurationItCannotRead)
     }
 }
 
-// Names that are sorted, merged or padded; a failed query that stops the start, or a Null name that does not.
+// Names that are sorted, merged or padded; a failed query that stops the start, or a Null name or the user
+// who does not.
 TEST_P(CatalogueTest, ListsTheConfigurations)
 {
     EXPECT_EQ(loadConfigurationNames(run), QStringList());
@@ -53,7 +54,13 @@ TEST_P(CatalogueTest, ListsTheConfigurations)
     EXPECT_EQ(loadConfigurationNames(run), QStringList({"b", "a", "a"}));
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
     EXPECT_EQ(errorOf([this] { loadConfigurationNames(run); }), errors::InvalidUseOfNull);
-    database.run("DROP TABLE data_extractor_config");
+    run.close();
+    database.run("BEGIN EXCLUSIVE");
+    log.goesOn = [](const QString &, int) { return false; };
+    EXPECT_EQ(errorOf([this] { loadConfigurationNames(run); }), errors::UserInterrupt);
+    EXPECT_EQ(errorOf([this] { loadDefaultConfiguration(run); }), errors::UserInterrupt);
+    database.run("COMMIT; DROP TABLE data_extractor_config");
+    log.goesOn = {};
     EXPECT_EQ(loadConfigurationNames(run), QStringList());
 }
 

@@ -9,6 +9,7 @@
 #include <QtEndian>
 
 #include <csignal>
+#include <future>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -118,6 +119,18 @@ TEST(SaveToFile, WritesOneByOneWhatALockedFileTakes)
         save.run.goesOn = {};
         EXPECT_EQ(save.errorsOfSave(), 0);
     }
+}
+
+// Faults: two editors that keep each other from the file, or that both give a record a row.
+TEST(SaveToFile, IsSharedByTwoEditors)
+{
+    SaveToFile one(2000), other(2000);
+    one.settings.timeout = db::connectionTimeout;
+    other.settings = one.settings;
+    const auto otherSave = std::async(std::launch::async, [&] { other.save(); });
+    EXPECT_EQ(one.errorsOfSave(), 0);
+    otherSave.wait();
+    other.expectMessages({summary(linesSaved, 0, 2000), summary(fieldsSaved, 0, 2000)});
 }
 
 // Faults: a program that is killed and leaves a file that cannot be opened, misses a record in between, holds

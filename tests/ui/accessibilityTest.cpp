@@ -96,8 +96,8 @@ TEST(AccessibilityTest, CallsEveryControlByItsLabel)
     EXPECT_EQ(box->child(1)->text(QAccessible::Name), "Server:");
     EXPECT_EQ(box->indexOfChild(box->child(1)), 1);
     EXPECT_EQ(box->child(1)->parent(), box);
-    EXPECT_EQ(of(form.surface())->role(), QAccessible::Window);
-    EXPECT_EQ(of(form.surface())->text(QAccessible::Name), "Form");
+    EXPECT_EQ(of(form.surface()->window())->role(), QAccessible::Window);
+    EXPECT_EQ(of(form.surface()->window())->text(QAccessible::Name), "Form");
 }
 
 } // namespace varnow::test

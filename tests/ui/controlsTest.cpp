@@ -150,7 +150,7 @@ TEST_F(ComboBoxTest, DropsAListAsWideAsItsWidestItem)
     auto *box = static_cast<QComboBox *>(user.control("combo"));
     const int screen = QApplication::primaryScreen()->availableGeometry().right();
     for (const int left : {0, screen - 150}) {
-        form.surface()->move(left, 0);
+        form.surface()->window()->move(left, 0);
         box->showPopup();
         EXPECT_GT(box->view()->viewport()->width(), box->fontMetrics().horizontalAdvance(wide));
         EXPECT_LE(box->view()->window()->geometry().right(), screen);

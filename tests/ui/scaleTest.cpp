@@ -57,7 +57,7 @@ struct ScaleTest : testing::Test
             QApplication::processEvents();
     }
 
-    static QSize outerSize(ui::Window &window) { return window.surface()->frameGeometry().size(); }
+    static QSize outerSize(ui::Window &window) { return window.surface()->window()->frameGeometry().size(); }
     static QSize screenSize() { return QApplication::primaryScreen()->availableSize(); }
 
     const QFont before = QApplication::font();
@@ -128,16 +128,16 @@ TEST_F(ScaleTest, FollowsTheDesktopsFontAndKeepsTheUsersSize)
     const Driver user(window);
     QApplication::processEvents();
     const QSize users(700, 650);
-    window.surface()->resize(users);
+    window.surface()->window()->resize(users);
     setFont(9);
-    EXPECT_EQ(window.surface()->size(), users);
+    EXPECT_EQ(window.surface()->window()->size(), users);
     setFont(11);
     expectWholeCaptions(user);
     EXPECT_GT(window.surface()->height(), 0);
     EXPECT_GE(window.height() + 1, std::min(TightWindow::leastHeight,
                                             static_cast<float>(screenSize().height()) / window.scale().y));
     setFont(8);
-    EXPECT_LT(window.surface()->minimumHeight(), users.height());
+    EXPECT_LT(window.surface()->window()->minimumHeight(), users.height());
 }
 
 TEST_F(ScaleTest, ScrollsAPageThatNeedsMoreRoom)

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "model/Model.h"
+#include "storage/recovery.h"
+
+#include <vector>
+
+namespace varnow {
+
+/// Offers what earlier runs have left unsaved, and brings it into memory, as a step that can be undone, where
+/// the user wants it. Returns the files that are settled: to be dropped when what was brought back is safe.
+std::vector<LeftFile> offerLeftChanges(const db::ConnectionSettings &database, Model &model);
+
+} // namespace varnow

@@ -1,0 +1,205 @@
+#pragma once
+
+#include "model/Ledger.h"
+#include "model/RecordTable.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace varnow {
+
+/// One change of a table: what stood at an index, and what stands there. Nothing before means that the record
+/// was inserted there, nothing after that it was removed.
+template <class Record> struct Change
+{
+    int index;
+    std::optional<Record> was;
+    std::optional<Record> is;
+    int parkedId = 0; ///< of the row written for `is` that waits for deletion since the change was taken back
+};
+
+template <class Record> using Changes = std::vector<Change<Record>>;
+
+/// Whether two records have the same row.
+template <class Record> bool haveSameRow(const Record &a, const Record &b)
+{
+    for (const Column<Record> &column : Record::columns()) {
+        const auto isEqual = [&](auto member) { return a.*member == b.*member; };
+        if (column.use == ColumnUse::Key && !std::visit(isEqual, column.member))
+            return false;
+    }
+    return true;
+}
+
+/// A record table that remembers what was done to it: which records differ from their rows, which rows wait
+/// for deletion, and, while someone records, every single change.
+template <class Record, class Order> class EditedTable : public RecordTable<Record, Order>
+{
+    using Base = RecordTable<Record, Order>;
+
+public:
+    /// The records removed since the last deletion run without errors, in the order of their removal.
+    std::vector<Record> removed;
+
+    Ledger<Record> ledger;
+
+    /// Changes are written down here from now on; null ends that.
+    void recordTo(Changes<Record> *changes) { m_changes = changes; }
+
+    /// Drops all records and takes these, each as its row.
+    void assign(std::vector<Record> records)
+    {
+        Base::clear();
+        for (Record &record : records)
+            Base::append(std::move(record));
+        ledger.clear();
+    }
+
+    /// Moves the record at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the
+    /// table.
+    void remove(int index)
+    {
+        Record record = (*this)[index];
+        removed.push_back(record);
+        Base::removeAt(index);
+        note(index, std::move(record), {});
+    }
+
+    /// Takes a change back. The table must stand as the change left it, but that saves may have come in
+    /// between: rows written since then wait for deletion, rows deleted since then will be written anew.
+    void undo(Change<Record> &change)
+    {
+        if (!change.was) {
+            change.parkedId = park((*this)[change.index]);
+            takeOut(change.index);
+        } else if (!change.is) {
+            bringBack(change.index, *change.was);
+        } else {
+            const Record current = (*this)[change.index];
+            const bool isSameRow = haveSameRow(current, *change.was);
+            change.parkedId = isSameRow ? 0 : park(current);
+            replace(change.index, isSameRow ? withId(*change.was, current.id) : *change.was);
+        }
+    }
+
+    /// Makes a change again. The table must stand as the change found it, but for saves.
+    void redo(const Change<Record> &change)
+    {
+        if (change.was && !change.is) {
+            remove(change.index);
+            return;
+        }
+        const auto values = [&] {
+            return change.parkedId > 0 ? unparked(*change.is, change.parkedId) : *change.is;
+        };
+        if (!change.was)
+            putIn(change.index, values());
+        else if (const Record &current = (*this)[change.index]; haveSameRow(current, *change.is))
+            replace(change.index, withId(*change.is, current.id));
+        else
+            replace(change.index, values());
+    }
+
+    /// Gives every record the identifier that `idOf` returns for it. No change: the row stays the same.
+    template <class IdOf> void giveIds(IdOf idOf)
+    {
+        Base::changeEach([&](Record &record) { record.id = idOf(std::as_const(record)); });
+    }
+
+protected:
+    void add(Record record)
+    {
+        const int index = this->indexOf(Base::append(record));
+        note(index, {}, std::move(record));
+    }
+
+    void addOrdered(Record record)
+    {
+        const int index = this->indexOf(Base::insertOrdered(record));
+        note(index, {}, std::move(record));
+    }
+
+    void replace(int index, Record values)
+    {
+        Record old = (*this)[index];
+        Base::replace(index, values);
+        note(index, std::move(old), std::move(values));
+    }
+
+    /// Hands every record in table order to `change`, which returns its new values, of the same key, or
+    /// nothing to leave it.
+    template <class NewValues> void changeEach(NewValues change)
+    {
+        int index = 0;
+        Base::changeEach([&](Record &record) {
+            if (std::optional<Record> values = change(std::as_const(record))) {
+                Record old = std::exchange(record, *values);
+                note(index, std::move(old), std::move(values));
+            }
+            ++index;
+        });
+    }
+
+private:
+    void note(int index, std::optional<Record> was, std::optional<Record> is)
+    {
+        ledger.note(was, is);
+        const bool isSame = makeSameRow(was, is) && was->id == is->id;
+        if (m_changes != nullptr && !isSame)
+            m_changes->push_back({index, std::move(was), std::move(is)});
+    }
+
+    static Record withId(Record record, int id)
+    {
+        record.id = id;
+        return record;
+    }
+
+    /// Lets the row of a record wait for deletion. Returns its identifier, 0 when it has none.
+    int park(const Record &record)
+    {
+        if (record.id > 0)
+            removed.push_back(record);
+        return std::max(record.id, 0);
+    }
+
+    /// The record whose row waits, or waited, for deletion: with its identifier while the row is there.
+    Record unparked(Record record, int id)
+    {
+        record.id =
+            std::erase_if(removed, [id](const Record &other) { return other.id == id; }) > 0 ? id : -1;
+        return record;
+    }
+
+    void putIn(int index, Record record)
+    {
+        Base::insert(index, record);
+        note(index, {}, std::move(record));
+    }
+
+    void takeOut(int index)
+    {
+        Record record = (*this)[index];
+        Base::removeAt(index);
+        note(index, std::move(record), {});
+    }
+
+    /// Adds again what had been removed.
+    void bringBack(int index, Record record)
+    {
+        const auto waiting = std::find_if(removed.rbegin(), removed.rend(),
+                                          [&](const Record &other) { return haveSameRow(record, other); });
+        if (waiting != removed.rend()) {
+            record.id = waiting->id;
+            removed.erase(std::next(waiting).base());
+        } else if (record.id > 0) {
+            record.id = -1; // its row is gone
+        }
+        putIn(index, std::move(record));
+    }
+
+    Changes<Record> *m_changes = nullptr;
+};
+
+} // namespace varnow

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "model/Column.h"
+
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+namespace varnow {
+
+/// What tells a record from all others in memory.
+struct RecordKey
+{
+    QString configuration;
+    QString name;
+    int nameIndex = 0;
+
+    bool operator==(const RecordKey &) const = default;
+};
+
+inline std::size_t qHash(const RecordKey &key, std::size_t seed = 0)
+{
+    return qHashMulti(seed, key.configuration, key.name, key.nameIndex);
+}
+
+template <class Record> RecordKey keyOf(const Record &record)
+{
+    return {record.configuration, record.name, record.nameIndex};
+}
+
+/// Whether two records make the same row, their identifiers and spare columns aside.
+template <class Record> bool makeSameRow(const Record &a, const Record &b)
+{
+    for (const Column<Record> &column : Record::columns()) {
+        const bool isWritten = column.use == ColumnUse::Key || column.use == ColumnUse::Value;
+        const auto isEqual = [&](auto member) { return a.*member == b.*member; };
+        if (isWritten && !std::visit(isEqual, column.member))
+            return false;
+    }
+    return true;
+}
+
+template <class Record> bool makeSameRow(const std::optional<Record> &a, const std::optional<Record> &b)
+{
+    return a.has_value() == b.has_value() && (!a || makeSameRow(*a, *b));
+}
+
+/// The records that differ from their rows as last loaded or saved. Its cost is per change.
+template <class Record> class Ledger
+{
+public:
+    struct Entry
+    {
+        std::optional<Record> before; ///< what its row holds; nothing for a record without one
+        std::optional<Record> now;    ///< nothing for a record that was removed
+        int sequence = 0;             ///< orders the entries by when their records came into the table
+        bool isAddedAnew = false;     ///< the record was removed and entered again, at another place
+    };
+
+    bool isEmpty() const { return m_entries.isEmpty(); }
+    const QHash<RecordKey, Entry> &entries() const { return m_entries; }
+
+    /// A record was changed, added (`was` nothing) or removed (`is` nothing). One that is as its row again
+    /// leaves the ledger.
+    void note(const std::optional<Record> &was, const std::optional<Record> &is)
+    {
+        const RecordKey key = keyOf(was ? *was : *is);
+        auto known = m_entries.find(key);
+        if (known == m_entries.end()) {
+            if (!makeSameRow(was, is))
+                m_entries.insert(key, {was, is, ++m_sequence});
+            return;
+        }
+        known->now = is;
+        if (!was) {
+            known->sequence = ++m_sequence;
+            known->isAddedAnew = known->before.has_value();
+        }
+        if (makeSameRow(known->before, known->now))
+            m_entries.erase(known);
+    }
+
+    /// The record is as its row: it was loaded or saved.
+    void settle(const Record &record) { m_entries.remove(keyOf(record)); }
+
+    /// The row of a record that was removed is deleted.
+    void settleDeleted(const Record &record)
+    {
+        const auto known = m_entries.find(keyOf(record));
+        if (known == m_entries.end())
+            return;
+        known->before.reset();
+        if (!known->now)
+            m_entries.erase(known);
+    }
+
+    /// The record, which is in memory, has no row.
+    void noteWithoutRow(const Record &record) { m_entries.insert(keyOf(record), {{}, record, ++m_sequence}); }
+
+    void clear() { m_entries.clear(); }
+
+private:
+    QHash<RecordKey, Entry> m_entries;
+    int m_sequence = 0;
+};
+
+} // namespace varnow

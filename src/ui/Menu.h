@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QAction;
+class QMenu;
+
+namespace varnow::ui {
+
+/// One entry of a menu.
+class MenuEntry
+{
+public:
+    explicit MenuEntry(QAction *action) : m_action(action) {}
+
+    void setCaption(const QString &caption);
+    void setEnabled(bool enabled);
+
+private:
+    QAction *m_action;
+};
+
+/// A menu of a window's menu bar.
+class Menu
+{
+public:
+    explicit Menu(QMenu *menu) : m_menu(menu) {}
+
+    /// Adds an entry, which works by its keys, named like "Ctrl+S", too. More than one are parted by blanks.
+    MenuEntry add(const QString &caption, const QString &keys, const std::function<void()> &onClick);
+    /// Called before the menu is seen.
+    void onOpen(const std::function<void()> &prepare);
+
+private:
+    QMenu *m_menu;
+};
+
+} // namespace varnow::ui
