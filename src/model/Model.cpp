@@ -1,6 +1,6 @@
 #include "model/Model.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace varnow {
 
@@ -44,10 +44,11 @@ const EditStep &Model::undo()
     m_undone.push_back(std::move(m_done.back()));
     m_done.pop_back();
     EditStep &step = m_undone.back();
-    for (Change<Field> &change : step.fields | std::views::reverse)
-        fields.undo(change);
-    for (Change<Line> &change : step.lines | std::views::reverse)
-        lines.undo(change);
+    const auto undoAll = [](auto &changes, auto &table) {
+        std::for_each(changes.rbegin(), changes.rend(), [&table](auto &change) { table.undo(change); });
+    };
+    undoAll(step.fields, fields);
+    undoAll(step.lines, lines);
     return step;
 }
 

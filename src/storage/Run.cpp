@@ -62,8 +62,8 @@ struct BackgroundQuery
     std::optional<db::Connection> connection;
     std::atomic<bool> isStopped = false;
     std::atomic<int> rows = 0;
-    std::atomic<bool> isConnected = connection.has_value();
-    std::promise<db::ResultSet> result = {};
+    std::atomic<bool> isConnected = false;
+    std::promise<db::ResultSet> result;
 
     void run()
     {
@@ -107,7 +107,11 @@ void await(const BackgroundQuery &query, const std::future<db::ResultSet> &resul
 
 db::ResultSet Run::load(const QString &what, const QString &sql)
 {
-    const auto query = std::make_shared<BackgroundQuery>(m_database, sql, std::exchange(m_connection, {}));
+    const auto query = std::make_shared<BackgroundQuery>();
+    query->database = m_database;
+    query->sql = sql;
+    query->isConnected = m_connection.has_value();
+    query->connection = std::exchange(m_connection, {});
     std::future<db::ResultSet> result = query->result.get_future();
     std::thread thread([query] { query->run(); });
     try {

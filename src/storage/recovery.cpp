@@ -105,7 +105,7 @@ template <class Record> std::vector<typename Ledger<Record>::Entry> entriesFrom(
     if (!value.isArray())
         refuse(QStringLiteral("A list of records is missing."));
     std::vector<typename Ledger<Record>::Entry> entries;
-    for (const QJsonValue &entry : value.toArray()) {
+    for (const QJsonArray array = value.toArray(); const QJsonValue entry : array) {
         entries.push_back({recordFrom<Record>(entry["before"]), recordFrom<Record>(entry["now"]), 0,
                            entry["addedAnew"].toBool()});
         if (!entries.back().before && !entries.back().now)
