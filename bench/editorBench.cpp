@@ -147,9 +147,9 @@ void switchBesideRebuildAndQuery(benchmark::State &state)
 {
     OpenEditor editor(oneConfiguration);
     const auto query = [&] {
-        db::executeOnce(editor.session().configurationDatabase,
-                        "SELECT config_name, field_name FROM data_extractor_fields_config WHERE "
-                        "LTRIM(RTRIM(config_name)) = 'Configuration 1' ORDER BY field_name;");
+        db::Connection(editor.session().configurationDatabase)
+            .execute("SELECT config_name, field_name FROM data_extractor_fields_config WHERE "
+                     "LTRIM(RTRIM(config_name)) = 'Configuration 1' ORDER BY field_name;");
     };
     // A refresh switches to no configuration, which does nothing, and then to the first.
     sideBySide(

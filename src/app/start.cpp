@@ -120,9 +120,10 @@ int start(const QString &argumentText, Session &session, Model &model)
         return exitCodes::Failure;
     std::vector<LeftFile> settled = offerLeftChanges(session.configurationDatabase, model);
     EditorWindow editor(session, model);
-    editor.keepUnsavedChanges();
-    for (LeftFile &file : settled)
-        file.remove();
+    if (editor.keepUnsavedChanges()) { // else the old files are all there is
+        for (LeftFile &file : settled)
+            file.remove();
+    }
     const EndWhenTold endWhenTold([&editor] { editor.keepUnsavedChanges(); });
     editor.show();
     ui::runUntilNoWindowIsLoaded();

@@ -156,11 +156,6 @@ bool Connection::isDead() const
     return dead == SQL_CD_TRUE;
 }
 
-ResultSet executeOnce(const ConnectionSettings &settings, const QString &sql, const RowObserver &onRow)
-{
-    return Connection(settings).execute(sql, onRow);
-}
-
 QString quoted(const QString &text)
 {
     return u'\'' + QString(text).replace(u'\'', QLatin1String("''")) + u'\'';

@@ -31,9 +31,6 @@ private:
     std::unique_ptr<Handles> m_handles;
 };
 
-/// Runs one statement on a connection of its own. Raises what Connection raises.
-ResultSet executeOnce(const ConnectionSettings &settings, const QString &sql, const RowObserver &onRow = {});
-
 /// The text as an SQL literal: between apostrophes, those inside it doubled.
 QString quoted(const QString &text);
 

@@ -71,10 +71,10 @@ void EditorWindow::nameSteps()
     name(*m_redo, "&Redo", m_state.model.redoable());
 }
 
-void EditorWindow::keepUnsavedChanges()
+bool EditorWindow::keepUnsavedChanges()
 {
     m_recoveryTimer.stop();
-    m_recovery.write(m_state.model);
+    return m_recovery.write(m_state.model);
 }
 
 } // namespace varnow

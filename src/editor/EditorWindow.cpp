@@ -345,8 +345,10 @@ void EditorWindow::save()
 ui::CloseDecision EditorWindow::promptToSave()
 {
     tellProblems();
-    if (!m_state.changesMade && !m_state.model.hasUnsavedChanges())
+    if (!m_state.changesMade && !m_state.model.hasUnsavedChanges()) {
+        keepUnsavedChanges(); // the file may still tell of a change that was undone just now
         return ui::CloseDecision::Close;
+    }
     const ui::Answer answer =
         ui::askYesNoCancel(QStringList{"Changes have been made to the configuration.",
                                        "Any changes will be lost if you continue without saving.",

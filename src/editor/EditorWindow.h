@@ -27,8 +27,8 @@ public:
     EditorWindow(Session &session, Model &model);
     ~EditorWindow() override;
 
-    /// Writes at once what is unsaved into the recovery file.
-    void keepUnsavedChanges();
+    /// Writes at once what is unsaved into the recovery file. Returns whether that went well.
+    bool keepUnsavedChanges();
 
     /// Tells that the records could not be loaded; `warning` is the end of the message.
     static void tellLoadFailure(const QStringList &warning);

@@ -25,16 +25,9 @@ void loadLines(Run &run, LineTable &lines)
     db::ResultSet rows = run.load(QStringLiteral("Reading the lines"), selectAllRows<Line>());
     if (rows.rowCount() == 0)
         return noteMissing(lines, {});
-    std::vector<Line> loaded;
-    const auto read = [&] {
-        for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
-            loaded.push_back(reader.read());
-        return 0;
-    };
-    const int code = guarded(read, [](const RuntimeError &error) { return error.number(); });
-    lines.assign(std::move(loaded)); // after an error those read so far
-    if (code != 0)
-        throw RuntimeError(code);
+    lines.assign({});
+    for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
+        lines.append(reader.read()); // those read before an error stay
 }
 
 void mergeFields(db::ResultSet &rows, FieldTable &fields, RunObserver &observer)

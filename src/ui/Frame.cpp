@@ -15,15 +15,11 @@ class GroupBox : public QGroupBox
 public:
     using QGroupBox::QGroupBox;
 
-    /// Where the caption and the line below it end.
-    int captionBottom() const
+    QRect captionPlace() const
     {
         QStyleOptionGroupBox option;
         initStyleOption(&option);
-        return style()
-                   ->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this)
-                   .bottom() +
-               2;
+        return style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
     }
 };
 
@@ -56,16 +52,19 @@ void Frame::adopt(Control &control)
         m_first = &control;
 }
 
-/// The first control, which keeps its middle where it is, must not reach up into the caption.
+/// The first control, which keeps its middle where it is, must not reach up into the caption or into the line
+/// below it.
 QSize Frame::neededPixels() const
 {
     const auto *box = dynamic_cast<const GroupBox *>(widget());
     if (box == nullptr || m_first == nullptr)
         return {};
-    const auto pixels =
-        static_cast<float>(box->captionBottom()) + static_cast<float>(m_first->neededPixels().height()) / 2;
-    const float middle = m_first->top() + m_first->height() / 2;
-    return {0, static_cast<int>(std::ceil(pixels / middle * height()))};
+    const QRect caption = box->captionPlace();
+    constexpr int line = 1;
+    const int above = caption.top() + caption.height() + line;
+    const float middle = static_cast<float>(above) + static_cast<float>(m_first->neededPixels().height()) / 2;
+    const float middleTwips = m_first->top() + m_first->height() / 2;
+    return {caption.left() + caption.width(), static_cast<int>(std::ceil(middle / middleTwips * height()))};
 }
 
 Panel::Panel(Container &parent, const QString &name, const Rect &place)

@@ -18,6 +18,7 @@ QString Label::caption() const
 void Label::setCaption(const QString &caption)
 {
     static_cast<QLabel *>(widget())->setText(caption);
+    applyPlace(); // an empty label wants no height
 }
 
 void Label::setBuddy(Control &control)

@@ -27,9 +27,4 @@ MenuEntry Menu::add(const QString &caption, const QString &keys, const std::func
     return MenuEntry(action);
 }
 
-void Menu::onOpen(const std::function<void()> &prepare)
-{
-    QObject::connect(m_menu, &QMenu::aboutToShow, m_menu, [prepare] { prepare(); });
-}
-
 } // namespace varnow::ui

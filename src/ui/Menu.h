@@ -30,8 +30,6 @@ public:
 
     /// Adds an entry, which works by its keys, named like "Ctrl+S", too. More than one are parted by blanks.
     MenuEntry add(const QString &caption, const QString &keys, const std::function<void()> &onClick);
-    /// Called before the menu is seen.
-    void onOpen(const std::function<void()> &prepare);
 
 private:
     QMenu *m_menu;

@@ -10,7 +10,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QStyle>
 #include <QThread>
 #include <QWidget>
@@ -362,12 +361,6 @@ Menu Window::addMenu(const QString &caption)
     if (m_widget->menuBar == nullptr)
         m_widget->menuBar = new QMenuBar(m_widget.get());
     return Menu(m_widget->menuBar->addMenu(caption));
-}
-
-void Window::setKey(const QString &key, const std::function<void()> &action)
-{
-    QObject::connect(new QShortcut(QKeySequence(key), m_widget.get()), &QShortcut::activated, m_widget.get(),
-                     action);
 }
 
 void Window::setFocusOrder(const std::vector<Control *> &controls)

@@ -61,9 +61,6 @@ public:
     /// window is first shown.
     Menu addMenu(const QString &caption);
 
-    /// Makes a key, named like "F12", do something wherever the focus is in the window.
-    void setKey(const QString &key, const std::function<void()> &action);
-
     /// Order in which Tab walks the controls; the first of them has the focus when the window opens.
     void setFocusOrder(const std::vector<Control *> &controls);
 

@@ -4,12 +4,11 @@
 
 namespace varnow::ui {
 
-/// Whether a one-line entry cannot show the character: a line break of any kind, or another control
-/// character, which it paints as a blank.
+/// Line feed to carriage return, and what Unicode has besides.
 inline bool isLineBreak(QChar character)
 {
     constexpr char16_t nextLine = 0x85;
-    return (character < u' ' && character != u'\t') || character == nextLine ||
+    return (character >= u'\n' && character <= u'\r') || character == nextLine ||
            character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
 }
 

@@ -19,6 +19,12 @@ namespace varnow::ui {
 
 namespace {
 
+/// A line edit paints line breaks and other control characters as blanks.
+bool isPaintedAsBlank(QChar character)
+{
+    return isLineBreak(character) || (character < u' ' && character != u'\t');
+}
+
 /// Stands before a line edit, and takes every event that brings text from elsewhere.
 class PasteFilter : public QObject
 {
@@ -49,7 +55,7 @@ public:
 private:
     QString cut(const QString &text) const
     {
-        const auto end = std::find_if(text.cbegin(), text.cend(), isLineBreak);
+        const auto end = std::find_if(text.cbegin(), text.cend(), isPaintedAsBlank);
         QStringView line = QStringView(text).first(end - text.cbegin());
         if (m_edit.echoMode() != QLineEdit::Normal)
             return line.toString();
@@ -83,6 +89,9 @@ private:
             return false;
         m_edit.deselect();
         paste(QClipboard::Selection);
+        QMouseEvent withoutButton(event.type(), event.position(), event.globalPosition(), Qt::NoButton,
+                                  event.buttons(), event.modifiers());
+        m_edit.event(&withoutButton); // the edit still learns that the click is over
         return true;
     }
 
@@ -103,12 +112,17 @@ private:
     {
         if (event.source() == &m_edit)
             return false; // its own text moves
-        const QString text = cut(event.mimeData()->text());
+        const QString whole = event.mimeData()->text();
+        const QString text = cut(whole);
         const int place = m_edit.cursorPositionAt(event.position().toPoint());
         m_edit.setCursorPosition(place);
         m_edit.insert(text);
         m_edit.setSelection(place, static_cast<int>(text.size()));
         event.acceptProposedAction();
+        if (text != whole)
+            event.setDropAction(Qt::CopyAction); // the rest stays where it came from
+        QDragLeaveEvent over;
+        m_edit.event(&over); // takes the mark of the place away
         return true;
     }
 

@@ -20,7 +20,7 @@ namespace {
 
 struct DatabaseTest : testing::TestWithParam<Engine>
 {
-    ResultSet query(const QString &sql) { return executeOnce(tables.settings(), sql); }
+    ResultSet query(const QString &sql) { return Connection(tables.settings()).execute(sql); }
     int codeOf(const QString &sql)
     {
         return errorOf([&] { query(sql); });

@@ -30,7 +30,7 @@ struct Encryption : testing::Test
     /// The code of a statement that tells a secret, 0 when it went well.
     int codeOf(const QString &sql = "SELECT " + quoted(secret) + ";")
     {
-        return errorOf([&] { executeOnce(settings, sql); });
+        return errorOf([&] { Connection(settings).execute(sql); });
     }
 
     /// Those of the texts that could be read in what arrived since the last look: as they are, or as a
@@ -155,7 +155,8 @@ TEST_F(Encryption, LosesConnectionsAsUsual)
         "FROM n WHERE i < 50) SELECT i, printf('%040d', i) FROM n");
     for (qsizetype bytes = 0;; bytes += 37) {
         server.failStatements({.kind = Fault::CutOff, .bytes = bytes});
-        const int code = errorOf([&] { EXPECT_EQ(executeOnce(settings, select).rowCount(), rowCount); });
+        const int code =
+            errorOf([&] { EXPECT_EQ(Connection(settings).execute(select).rowCount(), rowCount); });
         server.clearFaults();
         if (code == 0)
             break;

@@ -20,7 +20,7 @@ const QString update = QStringLiteral("UPDATE LabLineConfig SET MsgIndex = 7 WHE
 
 struct SqlServer : testing::Test
 {
-    ResultSet query(const QString &sql) { return executeOnce(settings, sql); }
+    ResultSet query(const QString &sql) { return Connection(settings).execute(sql); }
 
     /// The code of a statement, 0 when it went well.
     int codeOf(const QString &sql = "SELECT 1;")

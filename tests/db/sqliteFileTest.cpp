@@ -32,7 +32,7 @@ struct SqliteFile : testing::Test
         ConnectionSettings settings = tables.settings();
         settings.server = " (SQLite) ";
         settings.database = file;
-        return test::errorOf([&] { executeOnce(settings, sql); });
+        return test::errorOf([&] { Connection(settings).execute(sql); });
     }
 
     test::TestDatabase tables;

@@ -132,7 +132,14 @@ TEST_P(UndoTest, KeepsWhatIsUnsavedInAFile)
     EXPECT_EQ(recoveryFiles(), 0);
     press(Qt::Key_Z);
     EXPECT_TRUE(QTest::qWaitFor([] { return recoveryFiles() == 1; }, 1000));
+    press(Qt::Key_Y);
+    user->showPage(1); // forgets that something was entered; the file has not been looked at yet
+    EXPECT_FALSE(leavingAsks());
+    EXPECT_EQ(recoveryFiles(), 0) << "all is as it was";
+    editor->show();
     messages.take();
+    press(Qt::Key_Z);
+    EXPECT_TRUE(QTest::qWaitFor([] { return recoveryFiles() == 1; }, 1000));
     messages.answerWith(ui::Answer::No);
     editor->unload();
     EXPECT_EQ(recoveryFiles(), 0);

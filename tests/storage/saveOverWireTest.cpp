@@ -43,7 +43,6 @@ struct TwentyRecords : Storage
 {
     TwentyRecords() : Storage(Engine::SqlServer)
     {
-        settings.timeout = 1;
         const QString ids =
             "WITH RECURSIVE n(id) AS (SELECT 1 UNION SELECT id + 1 FROM n WHERE id < 6) SELECT id";
         database.run("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex) " + ids +
@@ -164,6 +163,7 @@ TEST(TwentyRecords, AreSavedOnceWhicheverStatementIsNotAnswered)
             saves.push_back(std::async(std::launch::async, [=, rows = undisturbed.rows()] {
                 SCOPED_TRACE(testing::Message() << statement << kind);
                 TwentyRecords records;
+                records.settings.timeout = 2;
                 records.server.failStatements({.kind = kind}, statement, 1);
                 EXPECT_EQ(records.errorsOfSave(), 1);
                 records.expectTheNextSaveToComplete(rows);

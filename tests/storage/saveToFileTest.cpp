@@ -59,7 +59,7 @@ struct SaveToFile : Storage
 
 } // namespace
 
-// Fault: a disk that is waited for at every statement.
+// Faults: a disk that is waited for at every statement, or a long save of which nothing is written for long.
 TEST(SaveToFile, CommitsInGroupsOfAQuarterOfASecond)
 {
     SaveToFile save(300);
@@ -68,6 +68,18 @@ TEST(SaveToFile, CommitsInGroupsOfAQuarterOfASecond)
     timer.start();
     EXPECT_EQ(save.errorsOfSave(), 0);
     EXPECT_LE(save.commits() - before, 2 + timer.elapsed() / 250);
+
+    SaveToFile slow(3);
+    qsizetype written = 0;
+    slow.run.goesOn = [&](const QString &part, int record) {
+        if (record == 1)
+            QThread::msleep(300);
+        if (part == "Saving the lines" && record == 2)
+            written = slow.rowsOf("LabLineConfig").size();
+        return true;
+    };
+    EXPECT_EQ(slow.errorsOfSave(), 0);
+    EXPECT_GE(written, 1);
 }
 
 // Faults: a group that cannot be committed and takes good records with it, is counted as written, or keeps
