@@ -7,8 +7,6 @@
 
 #include <QLocale>
 
-#include <array>
-
 namespace varnow {
 
 namespace {
@@ -17,10 +15,10 @@ constexpr int namesShown = 20;
 
 template <class Entries> QString countsOf(const Entries &entries)
 {
-    std::array<int, 3> counts{}; // added, changed, removed
+    ChangeCounts counts;
     for (const auto &entry : entries)
-        ++counts[!entry.before ? 0 : entry.now ? 1 : 2];
-    return QStringLiteral("%1 added, %2 changed, %3 removed").arg(counts[0]).arg(counts[1]).arg(counts[2]);
+        counts.add(entry.kind());
+    return counts.text();
 }
 
 QString questionAbout(const LeftChanges &left)
@@ -39,28 +37,33 @@ template <class Entries> QStringList namesOf(const Entries &entries, const QStri
 {
     QStringList names;
     for (const auto &entry : entries) {
-        const auto &record = entry.now ? *entry.now : *entry.before;
+        const auto &record = entry.record();
         names += "  " + kind + ' ' + choiceOf(record.name, record.nameIndex) + " of " + record.configuration;
     }
     return names;
 }
 
-void bringBack(const LeftChanges &left, Model &model)
+/// Returns what could not be brought back, after telling the user so.
+LeftChanges bringBack(const LeftChanges &left, Model &model)
 {
     LeftChanges refused;
     {
-        const Editing editing(model);
+        const Editing editing(model, QStringLiteral("bringing back of the changes of an earlier run"));
         refused = restore(left, model);
     }
     QStringList names = namesOf(refused.lines, "Line") + namesOf(refused.fields, "Field");
     if (names.isEmpty())
-        return;
+        return {};
     if (names.size() > namesShown)
         names = names.mid(0, namesShown) + QStringList("  …");
-    ui::show({.text = "These records have changed in the database since, and stay as they are there:" +
-                      lineBreak + names.join(lineBreak),
-              .title = "Unsaved Changes",
-              .icon = ui::Icon::Information});
+    ui::show(
+        {.text = QStringList{"These records have changed in the database since, and stay as they are there:",
+                             names.join(lineBreak),
+                             "The window 'Unsaved Changes' (Ctrl+U) lists them and can take them over."}
+                     .join(lineBreak),
+         .title = "Unsaved Changes",
+         .icon = ui::Icon::Information});
+    return refused;
 }
 
 /// The changes in a file; nothing after telling the user why it cannot be read.
@@ -80,19 +83,24 @@ std::optional<LeftChanges> changesIn(LeftFile &file)
 
 } // namespace
 
-std::vector<LeftFile> offerLeftChanges(const db::ConnectionSettings &database, Model &model)
+SettledChanges offerLeftChanges(const db::ConnectionSettings &database, Model &model)
 {
-    std::vector<LeftFile> settled;
+    SettledChanges settled;
     for (LeftFile &file : LeftFile::findAll(database)) {
         const std::optional<LeftChanges> left = changesIn(file);
         if (!left)
             continue;
         const ui::Answer answer =
             ui::show({questionAbout(*left), "Unsaved Changes", ui::Icon::Question, ui::Buttons::YesNoCancel});
-        if (answer == ui::Answer::Yes)
-            bringBack(*left, model);
+        if (answer == ui::Answer::Yes) {
+            const LeftChanges refused = bringBack(*left, model);
+            settled.conflicts.lines.insert(settled.conflicts.lines.end(), refused.lines.begin(),
+                                           refused.lines.end());
+            settled.conflicts.fields.insert(settled.conflicts.fields.end(), refused.fields.begin(),
+                                            refused.fields.end());
+        }
         if (answer != ui::Answer::Cancel)
-            settled.push_back(std::move(file));
+            settled.files.push_back(std::move(file));
     }
     return settled;
 }

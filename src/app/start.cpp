@@ -118,13 +118,15 @@ int start(const QString &argumentText, Session &session, Model &model)
 
     if (!load(session, model))
         return exitCodes::Failure;
-    std::vector<LeftFile> settled = offerLeftChanges(session.configurationDatabase, model);
+    SettledChanges settled = offerLeftChanges(session.configurationDatabase, model);
     EditorWindow editor(session, model);
+    editor.takeConflicts(settled.conflicts);
     if (editor.keepUnsavedChanges()) { // else the old files are all there is
-        for (LeftFile &file : settled)
+        for (LeftFile &file : settled.files)
             file.remove();
     }
     const EndWhenTold endWhenTold([&editor] { editor.keepUnsavedChanges(); });
+    const ui::SessionEnd sessionEnd([&editor] { return editor.maySessionEnd(); });
     editor.show();
     ui::runUntilNoWindowIsLoaded();
     return exitCodes::Success;
@@ -139,6 +141,7 @@ int runProgram(int argc, char **argv)
     int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
     const ui::Application application(toolkitArguments, argv);
     Session session;
+    session.about = QStringLiteral("Varnow " VARNOW_VERSION);
     Model model;
     return start(argumentText, session, model);
 }

@@ -2,8 +2,12 @@
 
 #include "editor/EditorWindow.h"
 
+#include "base/names.h"
 #include "base/text.h"
+#include "editor/UnsavedWindow.h"
 #include "ui/Application.h"
+
+#include <utility>
 
 namespace varnow {
 
@@ -20,7 +24,7 @@ void EditorWindow::undo()
     const ui::Hourglass hourglass;
     tellProblems();
     if (m_state.model.undoable() != nullptr)
-        showStep(m_state.model.undo());
+        showStep(m_state.model.undo(), "Undone: ");
 }
 
 void EditorWindow::redo()
@@ -28,53 +32,90 @@ void EditorWindow::redo()
     const ui::Hourglass hourglass;
     tellProblems();
     if (m_state.model.redoable() != nullptr)
-        showStep(m_state.model.redo());
+        showStep(m_state.model.redo(), "Made again: ");
 }
 
-/// Shows what came back: the first record that the step changed, where it still is there.
-void EditorWindow::showStep(const EditStep &step)
+/// Shows what a step brought back or took away, and says so after `verb`.
+void EditorWindow::showStep(const EditStep &step, const QString &verb)
 {
-    const auto show = [this](const auto &change, RecordName::Kind kind, const auto &table) {
-        const auto &record = change.was ? *change.was : *change.is;
-        if (trim(m_state.configuration()) != record.configuration)
-            m_configuration.setText(record.configuration);
-        const RecordName name{kind, record.name, record.nameIndex};
-        if (table.find(record.configuration, record.name, record.nameIndex) >= 0) {
-            m_tree.select(name);
-            showRecord(name);
-        }
-    };
+    const QString sentence = verb + textOf(step) + '.';
     m_fieldPage.listLines();
     recordsChanged();
-    if (!step.lines.empty())
-        show(step.lines.front(), RecordName::Kind::Line, m_state.model.lines);
-    else
-        show(step.fields.front(), RecordName::Kind::Field, m_state.model.fields);
+    const TypedEntries typed = replacing([&] {
+        if (!step.lines.empty())
+            showFirstOf(step.lines, RecordName::Kind::Line, m_state.model.lines);
+        else
+            showFirstOf(step.fields, RecordName::Kind::Field, m_state.model.fields);
+    });
+    tellReplaced(typed, sentence);
+}
+
+/// Shows the first record that a step changed, where it still is there.
+template <class Record, class Table>
+void EditorWindow::showFirstOf(const Changes<Record> &changes, RecordName::Kind kind, const Table &table)
+{
+    const Change<Record> &change = changes.front();
+    const Record &record = change.was ? *change.was : *change.is;
+    if (trim(m_state.configuration()) != record.configuration)
+        m_configuration.setText(record.configuration);
+    if (table.find(record.configuration, record.name, record.nameIndex) >= 0)
+        showNode({kind, record.name, record.nameIndex});
+}
+
+/// Shows a record of the configuration, its node selected.
+void EditorWindow::showNode(const RecordName &record)
+{
+    m_tree.select(record);
+    showRecord(record);
 }
 
 /// What can be undone, or what is unsaved, has changed.
 void EditorWindow::historyChanged()
 {
+    m_isGivenUp = false;
     m_recoveryTimer.start();
     nameSteps();
-}
-
-/// Names the steps that can be undone and made again in the menu.
-void EditorWindow::nameSteps()
-{
-    const auto name = [](ui::MenuEntry &entry, const QString &caption, const EditStep *step) {
-        entry.setCaption(step == nullptr ? caption
-                                         : caption + ' ' + QString(textOf(*step)).replace('&', "&&"));
-        entry.setEnabled(step != nullptr);
-    };
-    name(*m_undo, "&Undo", m_state.model.undoable());
-    name(*m_redo, "&Redo", m_state.model.redoable());
+    if (m_unsaved)
+        m_unsaved->refill();
 }
 
 bool EditorWindow::keepUnsavedChanges()
 {
     m_recoveryTimer.stop();
-    return m_recovery.write(m_state.model);
+    if (m_unsaved)
+        m_unsaved->refill();
+    if (m_isGivenUp || m_recovery.write(m_state.model, m_conflicts))
+        return true;
+    if (!std::exchange(m_hasToldUnkept, true))
+        tell({m_notice.sentence + " Unsaved changes can not be kept in a file for the case of a crash: " +
+                  isolated(RecoveryFile::folder()) + " can not be written.",
+              m_notice.buttons});
+    return false;
+}
+
+void EditorWindow::takeConflicts(const LeftChanges &conflicts)
+{
+    m_conflicts = conflicts;
+}
+
+void EditorWindow::showUnsaved()
+{
+    if (!m_unsaved) {
+        m_unsaved = std::make_unique<UnsavedWindow>(m_state.model, m_conflicts);
+        m_unsaved->onShow = [this](const QString &configuration, const RecordName &record) {
+            tellReplaced(replacing([&] {
+                if (trim(m_state.configuration()) != configuration)
+                    m_configuration.setText(configuration);
+                showNode(record);
+            }));
+        };
+        m_unsaved->onEdited = [this](const QString &sentence) {
+            m_fieldPage.listLines();
+            recordsChanged();
+            tell({sentence, {undoButton()}});
+        };
+    }
+    m_unsaved->show();
 }
 
 } // namespace varnow

@@ -3,6 +3,7 @@
 #include "base/guarded.h"
 #include "base/text.h"
 #include "editor/RunWindow.h"
+#include "editor/UnsavedWindow.h"
 #include "listing/ListingWindow.h"
 #include "storage/load.h"
 #include "storage/save.h"
@@ -28,7 +29,7 @@ EditorWindow::EditorWindow(Session &session, Model &model)
 {
     m_recoveryTimer.setSingleShot(true);
     m_recoveryTimer.setInterval(500);
-    m_recoveryTimer.callOnTimeout([this] { m_recovery.write(m_state.model); });
+    m_recoveryTimer.callOnTimeout([this] { keepUnsavedChanges(); });
     m_tabs.setAccessibleName("Entry pages");
     m_tree.setAccessibleName("Lines and fields");
     connectControls();
@@ -44,8 +45,10 @@ void EditorWindow::connectControls()
     m_configuration.onChange = m_configuration.onClick = [this] { switchConfiguration(); };
     m_configuration.onTypingPaused = [this] { tellProblems(); };
     m_tabs.onClick = [this] { turnPage(); };
-    m_tree.onRecordClick = [this](const RecordName &record) { showRecord(record); };
-    m_clear.onClick = [this] { shownPage().clear(); };
+    m_tree.onRecordClick = [this](const RecordName &record) {
+        tellReplaced(replacing([&] { showRecord(record); }));
+    };
+    m_clear.onClick = [this] { clear(); };
     m_change.onClick = [this] { change(); };
     m_delete.onClick = [this] { removeShown(); };
     m_refresh.onClick = [this] { refresh(); };
@@ -56,19 +59,6 @@ void EditorWindow::connectControls()
     onResize = [this] { layOut(); };
     onCloseRequest = [this] { return closeRequested(); };
     onDoubleClick = [this] { accessDataDisplay(); };
-}
-
-void EditorWindow::addMenus()
-{
-    ui::Menu configuration = addMenu("Confi&guration");
-    configuration.add("&Save", "Ctrl+S", [this] { save(); });
-    configuration.add("&Reload", "Ctrl+R", [this] { reload(); });
-    configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
-    ui::Menu edit = addMenu("Ed&it");
-    m_undo = edit.add("&Undo", "Ctrl+Z", [this] { undo(); }); // in an entry the key is the entry's own
-    m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { redo(); });
-    addMenu("&View").add("&Data display", "F12", [this] { showDataDisplay(); });
-    nameSteps();
 }
 
 void EditorWindow::arrangeFocus()
@@ -87,13 +77,22 @@ void EditorWindow::arrangeFocus()
 
 void EditorWindow::loadWindow()
 {
-    for (EntryPage *page : m_state.pages)
-        page->empty();
+    emptyPages();
     listConfigurations();
     selectDefaultConfiguration();
     m_fieldPage.followFixedLength();
     m_tabs.setCurrentPage(0);
+    m_fieldPage.settleEntries();
     m_state.changesMade = false;
+    tellLoaded("Loaded");
+}
+
+void EditorWindow::emptyPages()
+{
+    for (EntryPage *page : m_state.pages) {
+        page->empty();
+        page->settleEntries();
+    }
 }
 
 ui::CloseDecision EditorWindow::closeRequested()
@@ -162,20 +161,37 @@ void EditorWindow::turnPage()
         if (page != &shown)
             page->turnedAway();
     }
+    const bool wasTyped = shown.hasTypedEntries();
     shown.turnedTo();
+    if (!wasTyped)
+        shown.settleEntries(); // a proposal is nothing typed
+}
+
+void EditorWindow::clear()
+{
+    EntryPage &page = shownPage();
+    tellReplaced(replacing([&page] {
+        page.clear();
+        page.settleEntries();
+    }));
 }
 
 void EditorWindow::showRecord(const RecordName &record)
 {
+    const auto showLine = [this](const QString &name, int nameIndex) {
+        m_linePage.show(name, nameIndex);
+        m_linePage.settleEntries();
+    };
     switch (record.kind) {
     case RecordName::Kind::Line:
         m_tabs.setCurrentPage(0);
-        m_linePage.show(record.name, record.nameIndex);
+        showLine(record.name, record.nameIndex);
         return;
     case RecordName::Kind::Field:
         m_tabs.setCurrentPage(1);
         if (const std::optional<Field> field = m_fieldPage.show(record.name, record.nameIndex))
-            m_linePage.show(field->line, field->lineIndex);
+            showLine(field->line, field->lineIndex);
+        m_fieldPage.settleEntries();
         return;
     }
 }
@@ -191,6 +207,7 @@ void EditorWindow::change()
         return;
     }
     EntryPage &page = shownPage();
+    const std::size_t steps = m_state.model.stepCount();
     std::optional<QString> nodeKey;
     {
         const Editing editing(m_state.model);
@@ -198,9 +215,11 @@ void EditorWindow::change()
     }
     if (!nodeKey)
         return;
+    page.settleEntries();
     recordsChanged();
     bringIntoView(*nodeKey);
     page.focusFirst();
+    tellStored(m_state.model.stepCount() > steps);
 }
 
 void EditorWindow::bringIntoView(const QString &nodeKey)
@@ -237,8 +256,10 @@ void EditorWindow::removeShown()
         m_tree.select(record);
         return;
     case Removal::Done:
+        shownPage().settleEntries();
         recordsChanged();
         m_tree.select(neighbour);
+        tellRemoved(*m_state.model.undoable());
         return;
     }
 }
@@ -265,7 +286,10 @@ void EditorWindow::switchConfiguration()
         if (problem)
             m_problems.push_back(*problem);
     };
-    take(m_linePage.showFirst());
+    tellReplaced(replacing([&] {
+        take(m_linePage.showFirst());
+        m_linePage.settleEntries();
+    }));
     m_fieldPage.listLines();
     take(m_fieldPage.listDataFields());
     if (!isTyped)
@@ -313,8 +337,7 @@ void EditorWindow::reload()
     const ui::Hourglass hourglass;
     if (promptToSave() == ui::CloseDecision::StayOpen)
         return;
-    for (EntryPage *page : m_state.pages)
-        page->empty();
+    const TypedEntries typed = replacing([this] { emptyPages(); });
     RunWindow run;
     if (loadAll(m_state.session.configurationDatabase, m_state.model, run) != 0)
         tellLoadFailure({"'Save' this configuration, any current information", "will be lost."});
@@ -323,8 +346,10 @@ void EditorWindow::reload()
     refresh();
     m_fieldPage.empty();
     m_tabs.setCurrentPage(0);
+    m_fieldPage.settleEntries();
     m_state.changesMade = false;
     historyChanged();
+    tellLoaded("Reloaded", typed);
 }
 
 void EditorWindow::save()
@@ -333,18 +358,22 @@ void EditorWindow::save()
     tellProblems();
     RunWindow run;
     const db::ConnectionSettings &database = m_state.session.configurationDatabase;
-    const int result = saveAll(database, m_state.model, run);
-    if (result == 0)
+    const ChangeCounts before = m_state.model.countUnsaved();
+    const SaveResult result = saveAll(database, m_state.model, run);
+    if (result.code == 0)
         m_state.changesMade = false;
-    if (result == 0 || result == errors::UserInterrupt)
+    if (result.code == 0 || result.code == errors::UserInterrupt)
         adoptIds(database, m_state.model, run);
     keepUnsavedChanges();
+    tellSaved(before, result);
 }
 
 /// Asks whether to save what would be lost, and saves. StayOpen when the user wants neither.
 ui::CloseDecision EditorWindow::promptToSave()
 {
     tellProblems();
+    if (m_isGivenUp)
+        return ui::CloseDecision::Close;
     if (!m_state.changesMade && !m_state.model.hasUnsavedChanges()) {
         keepUnsavedChanges(); // the file may still tell of a change that was undone just now
         return ui::CloseDecision::Close;
@@ -360,6 +389,7 @@ ui::CloseDecision EditorWindow::promptToSave()
     } else if (answer == ui::Answer::No) {
         m_recoveryTimer.stop();
         m_recovery.remove();
+        m_isGivenUp = true;
     }
     return answer == ui::Answer::Cancel ? ui::CloseDecision::StayOpen : ui::CloseDecision::Close;
 }

@@ -5,9 +5,11 @@
 #include "editor/LinePage.h"
 #include "editor/RecordTree.h"
 #include "storage/recovery.h"
+#include "storage/save.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Label.h"
+#include "ui/NoticeBar.h"
 #include "ui/TabControl.h"
 #include "ui/Window.h"
 
@@ -18,6 +20,7 @@
 namespace varnow {
 
 class ListingWindow;
+class UnsavedWindow;
 
 /// The main window: the lines and fields of one configuration as a tree, and the pages to enter them. All
 /// coordinates and sizes in twips.
@@ -30,15 +33,33 @@ public:
     /// Writes at once what is unsaved into the recovery file. Returns whether that went well.
     bool keepUnsavedChanges();
 
+    /// Takes changes of an earlier run that were not brought back, since their records have changed in the
+    /// database meanwhile. The user may take them over one by one.
+    void takeConflicts(const LeftChanges &conflicts);
+
+    /// Asks about unsaved changes, for the user's session is about to end. Returns whether it may.
+    bool maySessionEnd() { return promptToSave() == ui::CloseDecision::Close; }
+
     /// Tells that the records could not be loaded; `warning` is the end of the message.
     static void tellLoadFailure(const QStringList &warning);
 
 private:
+    /// What a user had typed on a page.
+    struct TypedPage
+    {
+        EntryPage *page;
+        QStringList texts;
+        std::optional<RecordName> record; ///< that the texts name
+    };
+    using TypedEntries = std::vector<TypedPage>;
+
     void connectControls();
     void addMenus();
     void nameSteps();
+    void showAbout();
     void arrangeFocus();
     void loadWindow();
+    void emptyPages();
     ui::CloseDecision closeRequested();
     void layOut();
     void accessDataDisplay();
@@ -53,13 +74,36 @@ private:
     void bringIntoView(const QString &nodeKey);
     void showRecord(const RecordName &record);
 
+    void showNode(const RecordName &record);
+
+    void clear();
     void change();
     void removeShown();
     void undo();
     void redo();
-    void showStep(const EditStep &step);
+    void showStep(const EditStep &step, const QString &verb);
+    template <class Record, class Table>
+    void showFirstOf(const Changes<Record> &changes, RecordName::Kind kind, const Table &table);
     void recordsChanged();
     void historyChanged();
+    void showUnsaved();
+    void moveFieldsOf(const Line &line);
+    void storeInstead(const Field &field);
+
+    void tell(const ui::Notice &notice);
+    void tellLoaded(const QString &verb, const TypedEntries &typed = {});
+    void tellStored(bool hasChanged);
+    void tellStoredLine(const Change<Line> &change);
+    void tellStoredField(const Change<Field> &change);
+    void tellMovedField(const Change<Field> &change);
+    void tellRemoved(const EditStep &step);
+    void tellSaved(const ChangeCounts &before, const SaveResult &result);
+    void tellReplaced(const TypedEntries &typed, const QString &sentence = {});
+    ui::Notice::Button undoButton();
+    ui::Notice::Button unsavedButton();
+
+    TypedEntries replacing(const std::function<void()> &show);
+    void bringBack(const TypedEntries &typed);
 
     void listConfigurations();
     void switchConfiguration();
@@ -85,6 +129,9 @@ private:
     ui::CommandButton m_save{*this, "save", "&Save", {0, 0, 1515, 765}};
     ui::CommandButton m_exit{*this, "exit", "E&xit", {0, 0, 1515, 765}};
 
+    ui::NoticeBar m_noticeBar{*this};
+    ui::Notice m_notice; // shown there
+
     // What is to be told of the shown configuration as soon as it is no longer being typed.
     bool m_treeHasBoxes = false;
     std::vector<ui::MessageBox> m_problems;
@@ -92,7 +139,11 @@ private:
     std::optional<ui::MenuEntry> m_undo;
     std::optional<ui::MenuEntry> m_redo;
     RecoveryFile m_recovery;
-    QTimer m_recoveryTimer;            // runs from a change until it is in the recovery file
+    QTimer m_recoveryTimer;       // runs from a change until it is in the recovery file
+    bool m_hasToldUnkept = false; // that the file can not be written
+    bool m_isGivenUp = false;     // the user said No to saving, and has changed nothing since
+    LeftChanges m_conflicts;
+    std::unique_ptr<UnsavedWindow> m_unsaved;
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;
 };

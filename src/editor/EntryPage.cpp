@@ -12,20 +12,58 @@ EntryPage::EntryPage(ui::TabControl &tabs, const QString &caption, EditorState &
     state.pages.push_back(this);
 }
 
+namespace {
+
+const QString chosen = QStringLiteral("chosen");
+
+} // namespace
+
+template <class Box> void EntryPage::keepText(Box &box)
+{
+    m_entries.push_back({[&box] { return box.text(); }, [&box](const QString &text) { box.setText(text); }});
+}
+
 void EntryPage::connect(ui::TextBox &box)
 {
+    keepText(box);
     box.onLostFocus = [&box] { box.setText(trim(box.text())); };
     box.onChange = [this] { markChanged(); };
 }
 
 void EntryPage::connect(ui::ComboBox &box)
 {
+    keepText(box);
     box.onChange = box.onClick = [this] { markChanged(); };
 }
 
 void EntryPage::connect(ui::OptionButton &option)
 {
+    m_entries.push_back({[&option] { return option.isChosen() ? chosen : QString(); },
+                         [&option](const QString &text) {
+                             if (text == chosen)
+                                 option.choose();
+                         }});
     option.onClick = [this] { markChanged(); };
+}
+
+void EntryPage::connect(ui::CheckBox &box)
+{
+    m_entries.push_back({[&box] { return box.isTicked() ? chosen : QString(); },
+                         [&box](const QString &text) { box.setTicked(text == chosen); }});
+}
+
+QStringList EntryPage::entries() const
+{
+    QStringList texts;
+    for (const Entry &entry : m_entries)
+        texts += entry.text();
+    return texts;
+}
+
+void EntryPage::setEntries(const QStringList &entries)
+{
+    for (std::size_t i = 0; i < m_entries.size(); ++i)
+        m_entries[i].setText(entries[static_cast<qsizetype>(i)]);
 }
 
 std::optional<RecordName> EntryPage::recordOf(RecordName::Kind kind, const ui::TextBox &name,

@@ -8,8 +8,9 @@
 #include "ui/TabControl.h"
 #include "ui/TextBox.h"
 
-#include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -50,6 +51,13 @@ public:
     virtual std::optional<RecordName> namedRecord() const = 0;
     /// Asks, and removes the record that the entries name. A failure has been shown.
     virtual Removal remove() = 0;
+    /// What stands in the entries, and what is chosen.
+    QStringList entries() const;
+    void setEntries(const QStringList &entries);
+    /// Takes what stands in the entries for no longer typed: it was shown, stored or removed just now.
+    void settleEntries() { m_settledEntries = entries(); }
+    bool hasTypedEntries() const { return entries() != m_settledEntries; }
+
     /// Moves the focus to the first entry.
     void focusFirst() { focusOrder().front()->setFocus(); }
 
@@ -59,6 +67,7 @@ protected:
     /// Lets the entry mark changes.
     void connect(ui::ComboBox &box);
     void connect(ui::OptionButton &option);
+    void connect(ui::CheckBox &box);
 
     /// The record that these texts of entries name.
     static std::optional<RecordName> recordOf(RecordName::Kind kind, const ui::TextBox &name,
@@ -79,7 +88,18 @@ protected:
     EditorState &m_state;
 
 private:
+    /// One entry, its text or whether it is chosen.
+    struct Entry
+    {
+        std::function<QString()> text;
+        std::function<void(const QString &)> setText;
+    };
+
+    template <class Box> void keepText(Box &box);
     void markChanged() { m_state.changesMade = true; }
+
+    std::vector<Entry> m_entries;
+    QStringList m_settledEntries;
 };
 
 } // namespace varnow

@@ -34,6 +34,7 @@ FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &l
         connect(*box);
     for (ui::OptionButton *option : {&m_alignRight, &m_alignLeft, &m_padSpaces, &m_padZeros})
         connect(*option);
+    connect(m_fixedLength);
     m_line.onClick = [this, markChanged = m_line.onChange] {
         markChanged();
         takeOverMessageIndex();

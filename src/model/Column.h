@@ -34,7 +34,8 @@ struct ColumnListing
 /// One column of a record's table. A list of them is all that loading, saving and listing know of a record.
 template <class Record> struct Column
 {
-    const char *name; ///< in the database
+    const char *name;    ///< in the database
+    const char *caption; ///< for the user; empty for one that no window shows
     std::variant<int Record::*, QString Record::*, QDateTime Record::*> member;
     ColumnUse use = ColumnUse::Value;
     ColumnReading reading = ColumnReading::NullIsEmpty;

@@ -74,12 +74,9 @@ public:
             change.parkedId = park((*this)[change.index]);
             takeOut(change.index);
         } else if (!change.is) {
-            bringBack(change.index, *change.was);
+            putIn(change.index, withWaitingRow(*change.was));
         } else {
-            const Record current = (*this)[change.index];
-            const bool isSameRow = haveSameRow(current, *change.was);
-            change.parkedId = isSameRow ? 0 : park(current);
-            replace(change.index, isSameRow ? withId(*change.was, current.id) : *change.was);
+            change.parkedId = restore(change.index, *change.was);
         }
     }
 
@@ -99,6 +96,24 @@ public:
             replace(change.index, withId(*change.is, current.id));
         else
             replace(change.index, values());
+    }
+
+    /// Gives the record at an index earlier values again. Returns the identifier of its row when that is
+    /// another one now and waits for deletion, else 0.
+    int restore(int index, const Record &values)
+    {
+        const Record current = (*this)[index];
+        const bool isSameRow = haveSameRow(current, values);
+        const int parkedId = isSameRow ? 0 : park(current);
+        replace(index, isSameRow ? withId(values, current.id) : values);
+        return parkedId;
+    }
+
+    /// Takes the record at an index out. Its row, if it has one, waits for deletion.
+    void dismiss(int index)
+    {
+        park((*this)[index]);
+        takeOut(index);
     }
 
     /// Gives every record the identifier that `idOf` returns for it. No change: the row stays the same.
@@ -141,6 +156,26 @@ protected:
         });
     }
 
+    void putIn(int index, Record record)
+    {
+        Base::insert(index, record);
+        note(index, {}, std::move(record));
+    }
+
+    /// The record, which had been removed, with its row where that still waits for deletion.
+    Record withWaitingRow(Record record)
+    {
+        const auto waiting = std::find_if(removed.rbegin(), removed.rend(),
+                                          [&](const Record &other) { return haveSameRow(record, other); });
+        if (waiting != removed.rend()) {
+            record.id = waiting->id;
+            removed.erase(std::next(waiting).base());
+        } else if (record.id > 0) {
+            record.id = -1; // its row is gone
+        }
+        return record;
+    }
+
 private:
     void note(int index, std::optional<Record> was, std::optional<Record> is)
     {
@@ -172,31 +207,11 @@ private:
         return record;
     }
 
-    void putIn(int index, Record record)
-    {
-        Base::insert(index, record);
-        note(index, {}, std::move(record));
-    }
-
     void takeOut(int index)
     {
         Record record = (*this)[index];
         Base::removeAt(index);
         note(index, std::move(record), {});
-    }
-
-    /// Adds again what had been removed.
-    void bringBack(int index, Record record)
-    {
-        const auto waiting = std::find_if(removed.rbegin(), removed.rend(),
-                                          [&](const Record &other) { return haveSameRow(record, other); });
-        if (waiting != removed.rend()) {
-            record.id = waiting->id;
-            removed.erase(std::next(waiting).base());
-        } else if (record.id > 0) {
-            record.id = -1; // its row is gone
-        }
-        putIn(index, std::move(record));
     }
 
     Changes<Record> *m_changes = nullptr;

@@ -35,6 +35,9 @@ public:
     /// replaced field of the same line: the row of one that moves stays behind.
     void store(Field field);
 
+    /// Adds again a field that had been removed.
+    void bringBack(const Field &field) { addOrdered(withWaitingRow(field)); }
+
     /// Takes a row of the database in: in place of the field with its key, or as a new one.
     void load(Field row);
 

@@ -46,6 +46,41 @@ template <class Record> bool makeSameRow(const std::optional<Record> &a, const s
     return a.has_value() == b.has_value() && (!a || makeSameRow(*a, *b));
 }
 
+/// What became of a record since it was loaded or saved.
+enum class ChangeKind { Added, Changed, Removed };
+
+/// How many records became what.
+struct ChangeCounts
+{
+    int added = 0;
+    int changed = 0;
+    int removed = 0;
+
+    int total() const { return added + changed + removed; }
+
+    /// Counts one more.
+    void add(ChangeKind kind)
+    {
+        switch (kind) {
+        case ChangeKind::Added:
+            ++added;
+            return;
+        case ChangeKind::Changed:
+            ++changed;
+            return;
+        case ChangeKind::Removed:
+            ++removed;
+            return;
+        }
+    }
+
+    /// "2 added, 3 changed, 1 removed"
+    QString text() const
+    {
+        return QStringLiteral("%1 added, %2 changed, %3 removed").arg(added).arg(changed).arg(removed);
+    }
+};
+
 /// The records that differ from their rows as last loaded or saved. Its cost is per change.
 template <class Record> class Ledger
 {
@@ -56,6 +91,13 @@ public:
         std::optional<Record> now;    ///< nothing for a record that was removed
         int sequence = 0;             ///< orders the entries by when their records came into the table
         bool isAddedAnew = false;     ///< the record was removed and entered again, at another place
+
+        ChangeKind kind() const
+        {
+            return !before ? ChangeKind::Added : now ? ChangeKind::Changed : ChangeKind::Removed;
+        }
+        /// The record as it is, or as it was before it was removed.
+        const Record &record() const { return now ? *now : *before; }
     };
 
     bool isEmpty() const { return m_entries.isEmpty(); }

@@ -39,6 +39,17 @@ void LineTable::store(Line line)
     replace(index, std::move(line));
 }
 
+void LineTable::bringBack(const Line &line)
+{
+    int place = size();
+    for (int index = size() - 1; index >= 0; --index) {
+        if ((*this)[index].configuration == line.configuration &&
+            (*this)[index].messageIndex >= line.messageIndex)
+            place = index;
+    }
+    putIn(place, withWaitingRow(line));
+}
+
 void LineTable::renumber(const QString &configuration)
 {
     int number = 0;

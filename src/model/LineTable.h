@@ -26,6 +26,10 @@ public:
     /// replaced line.
     void store(Line line);
 
+    /// Adds again a line that had been removed: before the first of its configuration with no smaller message
+    /// index, for renumber() goes by the order.
+    void bringBack(const Line &line);
+
     /// Numbers the lines of a configuration 1, 2, 3 … in table order.
     void renumber(const QString &configuration);
 

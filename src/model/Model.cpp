@@ -15,10 +15,39 @@ template <class Record> QString textOf(const Change<Record> &change, const QStri
     return (!change.was ? "addition of " : !change.is ? "removal of " : "change of ") + name;
 }
 
+template <class Table, class Entry> void takeBack(Table &table, const Entry &entry)
+{
+    const auto &record = entry.record();
+    int index = table.find(record.configuration, record.name, record.nameIndex);
+    if (index >= 0 && (!entry.before || entry.isAddedAnew)) {
+        table.dismiss(index);
+        index = -1;
+    }
+    if (!entry.before)
+        return;
+    if (index >= 0)
+        table.restore(index, *entry.before);
+    else
+        table.bringBack(*entry.before);
+}
+
+template <class Table, class Entry> void takeOver(Table &table, const Entry &entry)
+{
+    auto record = entry.record();
+    const int index = table.find(record.configuration, record.name, record.nameIndex);
+    record.id = -1;
+    if (entry.now)
+        table.store(std::move(record));
+    else if (index >= 0)
+        table.remove(index);
+}
+
 } // namespace
 
 QString textOf(const EditStep &step)
 {
+    if (!step.what.isEmpty())
+        return step.what;
     return step.lines.empty() ? textOf(step.fields.front(), QStringLiteral("field"))
                               : textOf(step.lines.front(), QStringLiteral("line"));
 }
@@ -37,6 +66,45 @@ void Model::copyMessageIndexesToFields()
         }
         return line != nullptr ? std::optional(line->messageIndex) : std::nullopt;
     });
+}
+
+void Model::copyMessageIndexToFields(const Line &line)
+{
+    fields.changeMessageIndexes([&](const Field &field) {
+        const bool isOwn = field.lineIndex == line.nameIndex && field.line == line.name &&
+                           field.configuration == line.configuration;
+        return isOwn ? std::optional(line.messageIndex) : std::nullopt;
+    });
+}
+
+void Model::takeBack(const Ledger<Line>::Entry &entry)
+{
+    varnow::takeBack(lines, entry);
+}
+
+void Model::takeBack(const Ledger<Field>::Entry &entry)
+{
+    varnow::takeBack(fields, entry);
+}
+
+void Model::takeOver(const Ledger<Line>::Entry &entry)
+{
+    varnow::takeOver(lines, entry);
+}
+
+void Model::takeOver(const Ledger<Field>::Entry &entry)
+{
+    varnow::takeOver(fields, entry);
+}
+
+ChangeCounts Model::countUnsaved() const
+{
+    ChangeCounts counts;
+    for (const auto &entry : lines.ledger.entries())
+        counts.add(entry.kind());
+    for (const auto &entry : fields.ledger.entries())
+        counts.add(entry.kind());
+    return counts;
 }
 
 const EditStep &Model::undo()
@@ -70,8 +138,9 @@ void Model::forgetHistory()
     m_undone.clear();
 }
 
-Editing::Editing(Model &model) : m_model(model)
+Editing::Editing(Model &model, const QString &what) : m_model(model)
 {
+    m_step.what = what;
     model.lines.recordTo(&m_step.lines);
     model.fields.recordTo(&m_step.fields);
 }

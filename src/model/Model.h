@@ -3,6 +3,7 @@
 #include "model/FieldTable.h"
 #include "model/LineTable.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace varnow {
@@ -10,6 +11,7 @@ namespace varnow {
 /// One action of the user: all that it changed.
 struct EditStep
 {
+    QString what; ///< what it did where that is more than to one record, as part of a sentence
     Changes<Line> lines;
     Changes<Field> fields;
 
@@ -29,12 +31,28 @@ public:
     /// Copies every line's message index into its fields. Fields without a line keep theirs.
     void copyMessageIndexesToFields();
 
+    /// The same for the fields of one line.
+    void copyMessageIndexToFields(const Line &line);
+
+    /// Makes a record what its row holds again.
+    void takeBack(const Ledger<Line>::Entry &entry);
+    void takeBack(const Ledger<Field>::Entry &entry);
+
+    /// Makes a record what a change left by an earlier run makes of it, whatever it is now.
+    void takeOver(const Ledger<Line>::Entry &entry);
+    void takeOver(const Ledger<Field>::Entry &entry);
+
     /// True when some record differs from its row.
     bool hasUnsavedChanges() const { return !lines.ledger.isEmpty() || !fields.ledger.isEmpty(); }
+
+    ChangeCounts countUnsaved() const;
 
     /// The step that undo() takes back, or redo() makes again; null without one.
     const EditStep *undoable() const { return m_done.empty() ? nullptr : &m_done.back(); }
     const EditStep *redoable() const { return m_undone.empty() ? nullptr : &m_undone.back(); }
+
+    /// Number of steps that can be undone.
+    std::size_t stepCount() const { return m_done.size(); }
 
     /// Each returns the step. To be called only where there is one.
     const EditStep &undo();
@@ -55,7 +73,9 @@ private:
 class Editing
 {
 public:
-    explicit Editing(Model &model);
+    /// `what`: what is done where that is more than to one record, as part of a sentence: "import of 12
+    /// rows".
+    explicit Editing(Model &model, const QString &what = {});
     ~Editing();
     Editing(const Editing &) = delete;
     Editing &operator=(const Editing &) = delete;

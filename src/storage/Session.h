@@ -14,6 +14,8 @@ struct Session
 
     QStringList configurationNames; ///< trimmed, in the database's order
     QString defaultConfiguration;   ///< the one that the editor opens first
+
+    QString about = {}; ///< name and version of the program
 };
 
 } // namespace varnow

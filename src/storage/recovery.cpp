@@ -20,15 +20,6 @@ namespace {
 
 constexpr int formatVersion = 1;
 
-/// The folder of the files; empty when it cannot be made.
-QString stateFolder()
-{
-    const QString configured = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString base = QDir::isAbsolutePath(configured) ? configured : QDir::homePath() + "/.local/state";
-    const QString folder = base + "/varnow";
-    return QDir().mkpath(folder) ? folder : QString();
-}
-
 /// Begins the names of all files for a database.
 QString namePrefix(const db::ConnectionSettings &database)
 {
@@ -59,14 +50,18 @@ template <class Record> QJsonValue toJson(const std::optional<Record> &record)
     return object;
 }
 
-template <class Record> QJsonArray toJson(const Ledger<Record> &ledger)
+/// The entries of a ledger in the order in which their records came into memory, and behind them others.
+template <class Entry>
+QJsonArray toJson(const QHash<RecordKey, Entry> &ledger, const std::vector<Entry> &others)
 {
-    std::vector<const typename Ledger<Record>::Entry *> entries;
-    for (const auto &entry : ledger.entries())
+    std::vector<const Entry *> entries;
+    for (const Entry &entry : ledger)
         entries.push_back(&entry);
-    std::ranges::sort(entries, {}, [](const auto *entry) { return entry->sequence; });
+    std::ranges::sort(entries, {}, [](const Entry *entry) { return entry->sequence; });
+    for (const Entry &entry : others)
+        entries.push_back(&entry);
     QJsonArray array;
-    for (const auto *entry : entries)
+    for (const Entry *entry : entries)
         array.append(QJsonObject{{"before", toJson(entry->before)},
                                  {"now", toJson(entry->now)},
                                  {"addedAnew", entry->isAddedAnew}});
@@ -138,31 +133,34 @@ template <class Table, class Entry> bool apply(const Entry &entry, Table &table)
 
 } // namespace
 
-RecoveryFile::RecoveryFile(const db::ConnectionSettings &database) : m_database(database)
+RecoveryFile::RecoveryFile(const db::ConnectionSettings &database)
+    : m_database(database)
+    , m_path(folder() + u'/' + namePrefix(database) + QUuid::createUuid().toString(QUuid::Id128) + ".json")
+    , m_lock(lockFor(m_path))
 {
-    const QString folder = stateFolder();
-    if (folder.isEmpty())
-        return;
-    m_path = folder + u'/' + namePrefix(database) + QUuid::createUuid().toString(QUuid::Id128) + ".json";
-    m_lock = lockFor(m_path);
 }
 
-bool RecoveryFile::write(const Model &model)
+QString RecoveryFile::folder()
 {
-    if (!model.hasUnsavedChanges()) {
+    const QString configured = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base = QDir::isAbsolutePath(configured) ? configured : QDir::homePath() + "/.local/state";
+    return base + "/varnow";
+}
+
+bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
+{
+    if (!model.hasUnsavedChanges() && conflicts.isEmpty()) {
         remove();
         return true;
     }
-    // The folder may have been removed meanwhile.
-    if (m_path.isEmpty() || !QDir().mkpath(QFileInfo(m_path).path()) ||
-        !(m_lock->isLocked() || m_lock->tryLock(0)))
+    if (!QDir().mkpath(folder()) || !(m_lock->isLocked() || m_lock->tryLock(0)))
         return false;
     const QJsonObject contents{{"version", formatVersion},
                                {"server", m_database.server},
                                {"database", m_database.database},
                                {"time", QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
-                               {"lines", toJson(model.lines.ledger)},
-                               {"fields", toJson(model.fields.ledger)}};
+                               {"lines", toJson(model.lines.ledger.entries(), conflicts.lines)},
+                               {"fields", toJson(model.fields.ledger.entries(), conflicts.fields)}};
     QSaveFile file(m_path);
     return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
            file.write(QJsonDocument(contents).toJson(QJsonDocument::Compact)) >= 0 && file.commit();
@@ -170,8 +168,6 @@ bool RecoveryFile::write(const Model &model)
 
 void RecoveryFile::remove()
 {
-    if (m_path.isEmpty())
-        return;
     QFile::remove(m_path);
     m_lock->unlock();
 }
@@ -179,7 +175,7 @@ void RecoveryFile::remove()
 std::vector<LeftFile> LeftFile::findAll(const db::ConnectionSettings &database)
 {
     std::vector<LeftFile> found;
-    const QDir folder(stateFolder());
+    const QDir folder(RecoveryFile::folder());
     const QStringList names = folder.entryList({namePrefix(database) + "*.json"}, QDir::Files, QDir::Time);
     for (const QString &name : names) {
         std::unique_ptr<QLockFile> lock = lockFor(folder.filePath(name));

@@ -16,29 +16,35 @@
 
 namespace varnow {
 
-/// The file of this program for one database.
-class RecoveryFile
-{
-public:
-    explicit RecoveryFile(const db::ConnectionSettings &database);
-
-    /// Writes all that is unsaved; without anything unsaved the file goes. Returns whether that went well.
-    bool write(const Model &model);
-    /// Drops the file, whatever is unsaved.
-    void remove();
-
-private:
-    db::ConnectionSettings m_database;
-    QString m_path; ///< empty where there is no state folder
-    std::unique_ptr<QLockFile> m_lock;
-};
-
 /// Unsaved changes of an earlier run, each record's in the order in which the records came into memory.
 struct LeftChanges
 {
     QDateTime time; ///< when they were written
     std::vector<Ledger<Line>::Entry> lines;
     std::vector<Ledger<Field>::Entry> fields;
+
+    bool isEmpty() const { return lines.empty() && fields.empty(); }
+};
+
+/// The file of this program for one database.
+class RecoveryFile
+{
+public:
+    explicit RecoveryFile(const db::ConnectionSettings &database);
+
+    /// The folder of all files.
+    static QString folder();
+
+    /// Writes all that is unsaved, and what was left by an earlier run and not settled yet; without anything
+    /// the file goes. Returns whether that went well.
+    bool write(const Model &model, const LeftChanges &conflicts = {});
+    /// Drops the file, whatever is unsaved.
+    void remove();
+
+private:
+    db::ConnectionSettings m_database;
+    QString m_path;
+    std::unique_ptr<QLockFile> m_lock;
 };
 
 /// A file that a program which no longer runs has left. While this object lives, no other program offers it.

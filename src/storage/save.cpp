@@ -124,27 +124,29 @@ int runOver(Run &run, Records &records, const RunTexts &texts, Step step, Done d
     return errorCount;
 }
 
-/// Runs a whole run. An error outside its statements is shown, where the run has a message for it. Returns 0
-/// or the error's number.
-template <class Body> int reporting(Run &run, const RunTexts &texts, Body body)
+/// Runs a whole run; `body` returns the number of records that failed. An error outside its statements is
+/// shown, where the run has a message for it.
+template <class Body> SaveResult reporting(Run &run, const RunTexts &texts, Body body)
 {
-    return guarded([&] { return body(), 0; },
-                   [&](const RuntimeError &error) {
-                       run.close(); // a group may have begun
-                       if (!texts.failure.isEmpty())
-                           run.showMessage(
-                               texts.failure.arg(QString::number(error.number()), error.description()));
-                       return error.number();
-                   });
+    return guarded(
+        [&] {
+            return SaveResult{0, body()};
+        },
+        [&](const RuntimeError &error) {
+            run.close(); // a group may have begun
+            if (!texts.failure.isEmpty())
+                run.showMessage(texts.failure.arg(QString::number(error.number()), error.description()));
+            return SaveResult{error.number(), 1};
+        });
 }
 
 /// Does nothing without removed records, and forgets them when all went well; otherwise all stay for the next
 /// run. The row of a record that a reload has brought back stays. A deleted row's identifier is forgotten at
 /// once, for another row may get it next.
-template <class Record, class Order> int deleteRemoved(Run &run, EditedTable<Record, Order> &table)
+template <class Record, class Order> SaveResult deleteRemoved(Run &run, EditedTable<Record, Order> &table)
 {
     if (table.removed.empty())
-        return 0;
+        return {};
     const RunTexts &texts = SaveTexts<Record>::deletion;
     return reporting(run, texts, [&] {
         QSet<int> inUse;
@@ -160,21 +162,23 @@ template <class Record, class Order> int deleteRemoved(Run &run, EditedTable<Rec
                 table.ledger.settleDeleted(record);
             record.id = -1;
         };
-        if (runOver(run, table.removed, texts, deleteOne, forget) == 0)
+        const int errorCount = runOver(run, table.removed, texts, deleteOne, forget);
+        if (errorCount == 0)
             table.removed.clear();
+        return errorCount;
     });
 }
 
-template <class Record, class Order> int save(Run &run, EditedTable<Record, Order> &table)
+template <class Record, class Order> SaveResult save(Run &run, EditedTable<Record, Order> &table)
 {
     const RunTexts &texts = SaveTexts<Record>::save;
     return reporting(run, texts, [&] {
-        if (table.isEmpty())
-            run.showMessage(QStringLiteral("No records found to process."));
-        else
-            runOver(
+        if (!table.isEmpty())
+            return runOver(
                 run, table, texts, [&run](const Record &record) { saveRecord(run, record); },
                 [&table](const Record &record) { table.ledger.settle(record); });
+        run.showMessage(QStringLiteral("No records found to process."));
+        return 0;
     });
 }
 
@@ -192,16 +196,23 @@ template <class Record, class Order> void adopt(Run &run, EditedTable<Record, Or
 
 } // namespace
 
-int saveAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
+SaveResult saveAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
     Run run(database, observer);
     const RunPart whole(observer, QStringLiteral("Saving")); // stopping one run stops those that follow
-    deleteRemoved(run, model.lines);
-    if (const int code = save(run, model.lines))
-        return code;
-    deleteRemoved(run, model.fields);
-    const int code = save(run, model.fields);
-    return code == 0 && whole.isStopped() ? errors::UserInterrupt : code;
+    SaveResult result;
+    const auto add = [&result](const SaveResult &part) { result.errorCount += part.errorCount; };
+    add(deleteRemoved(run, model.lines));
+    const SaveResult lines = save(run, model.lines);
+    add(lines);
+    result.code = lines.code;
+    if (result.code != 0)
+        return result;
+    add(deleteRemoved(run, model.fields));
+    const SaveResult fields = save(run, model.fields);
+    add(fields);
+    result.code = fields.code == 0 && whole.isStopped() ? errors::UserInterrupt : fields.code;
+    return result;
 }
 
 void adoptIds(const db::ConnectionSettings &database, Model &model, RunObserver &observer)

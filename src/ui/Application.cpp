@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QSessionManager>
 
 #include <cstdio>
 #include <cstdlib>
@@ -53,6 +54,24 @@ void runUntilNoWindowIsLoaded()
 void handleEvents()
 {
     QApplication::processEvents();
+}
+
+SessionEnd::SessionEnd(const std::function<bool()> &mayEnd)
+{
+    const auto ask = [mayEnd](QSessionManager &manager) {
+        if (!manager.allowsInteraction())
+            return;
+        if (mayEnd())
+            manager.release();
+        else
+            manager.cancel();
+    };
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp, ask, Qt::DirectConnection);
+}
+
+SessionEnd::~SessionEnd()
+{
+    QObject::disconnect(qApp, &QGuiApplication::commitDataRequest, qApp, nullptr);
 }
 
 Hourglass::Hourglass() : m_isOutermost(!isShown())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 class QApplication;
@@ -23,6 +24,17 @@ void runUntilNoWindowIsLoaded();
 
 /// Handles the events that wait, without waiting for more.
 void handleEvents();
+
+/// While such an object lives, the user is asked before his session on the desktop ends: `mayEnd` returns
+/// whether it may; false calls the end off. One at a time.
+class SessionEnd
+{
+public:
+    explicit SessionEnd(const std::function<bool()> &mayEnd);
+    ~SessionEnd();
+    SessionEnd(const SessionEnd &) = delete;
+    SessionEnd &operator=(const SessionEnd &) = delete;
+};
 
 /// The pointer over all windows is the hourglass while such an object lives.
 class Hourglass

@@ -1,10 +1,10 @@
 #include "ui/Button.h"
 
+#include "ui/pushButton.h"
+
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcutEvent>
 #include <QStyle>
 
 #include <algorithm>
@@ -12,30 +12,6 @@
 namespace varnow::ui {
 
 namespace {
-
-class PushButton : public QPushButton
-{
-public:
-    using QPushButton::QPushButton;
-
-protected:
-    bool event(QEvent *event) override
-    {
-        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous())
-            return QPushButton::event(event);
-        setFocus(Qt::ShortcutFocusReason);
-        click();
-        return true;
-    }
-
-    void keyPressEvent(QKeyEvent *event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-            click();
-        else
-            QPushButton::keyPressEvent(event);
-    }
-};
 
 /// Height of the box or circle beside a caption.
 int indicatorHeight(const QWidget *button, QStyle::PixelMetric indicator)
@@ -62,7 +38,7 @@ template <class Owner> auto clickForwarder(Owner *owner)
 
 CommandButton::CommandButton(Container &parent, const QString &name, const QString &caption,
                              const Rect &place)
-    : Control(parent, name, focusable(new PushButton(caption, parent.surface())), place)
+    : Control(parent, name, makePushButton(caption, parent.surface()), place)
 {
     auto *button = static_cast<QPushButton *>(widget());
     QObject::connect(button, &QPushButton::clicked, button, clickForwarder(this));

@@ -55,12 +55,19 @@ public:
     QWidget *client;
     QMenuBar *menuBar = nullptr;
 
-    int menuHeight() const { return menuBar == nullptr ? 0 : menuBar->sizeHint().height(); }
-    QSize aboveClient() const { return {0, menuHeight()}; }
+    /// Adds a bar above those that stand at the foot already.
+    void addBar(QWidget *bar)
+    {
+        m_bars.push_back(bar);
+        bar->installEventFilter(this);
+    }
+
+    /// What the menu bar and the bars at the foot take.
+    QSize beyondClient() const { return {0, menuHeight() + footHeight()}; }
 
     QSize frame() const { return frameGeometry().size() - size(); }
     /// What the screen has for the client area.
-    QSize room() const { return screen()->availableSize() - frame() - aboveClient(); }
+    QSize room() const { return screen()->availableSize() - frame() - beyondClient(); }
 
 protected:
     void changeEvent(QEvent *event) override
@@ -82,10 +89,16 @@ protected:
 
     void resizeEvent(QResizeEvent *) override
     {
-        arrange();
         findFrame();
-        if (m_owner.m_loaded && m_owner.onResize)
-            m_owner.onResize();
+        rearrange();
+    }
+
+    /// A bar at the foot came or went.
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+            rearrange();
+        return false;
     }
 
     void mouseDoubleClickEvent(QMouseEvent *event) override
@@ -118,11 +131,29 @@ protected:
     }
 
 private:
-    void arrange()
+    int menuHeight() const { return menuBar == nullptr ? 0 : menuBar->sizeHint().height(); }
+
+    int footHeight() const
+    {
+        int height = 0;
+        for (const QWidget *bar : m_bars)
+            height += bar->isHidden() ? 0 : bar->sizeHint().height();
+        return height;
+    }
+
+    void rearrange()
     {
         if (menuBar != nullptr)
             menuBar->setGeometry(0, 0, width(), menuHeight());
-        client->setGeometry(0, menuHeight(), width(), height() - menuHeight());
+        client->setGeometry(0, menuHeight(), width(), height() - beyondClient().height());
+        int bottom = height();
+        for (QWidget *bar : m_bars) {
+            const int barHeight = bar->isHidden() ? 0 : bar->sizeHint().height();
+            bottom -= barHeight;
+            bar->setGeometry(0, bottom, width(), barHeight);
+        }
+        if (m_owner.m_loaded && m_owner.onResize)
+            m_owner.onResize();
     }
 
     static QAccessibleInterface *makeInterface(const QString &, QObject *object)
@@ -161,6 +192,7 @@ private:
     }
 
     Window &m_owner;
+    std::vector<QWidget *> m_bars; // from the foot upwards
     QSize m_knownFrame{0, 0};
 };
 
@@ -218,7 +250,7 @@ float Window::innerWidth() const
 
 float Window::innerHeight() const
 {
-    return static_cast<float>(m_widget->height() - m_widget->menuHeight()) / m_scale.y;
+    return static_cast<float>(m_widget->client->height()) / m_scale.y;
 }
 
 QSize Window::pixels(float width, float height) const
@@ -229,7 +261,7 @@ QSize Window::pixels(float width, float height) const
 void Window::enforceMinimumSize(float width, float height)
 {
     const QSize inner = pixels(width, height) - m_widget->frame();
-    m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}) + m_widget->aboveClient());
+    m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}) + m_widget->beyondClient());
 }
 
 void Window::add(Control &control)
@@ -267,7 +299,7 @@ void Window::fit()
     for (Control *control : m_controls)
         control->applyPlace();
     if (m_border == Border::FixedDialog)
-        m_widget->setFixedSize(pixels(m_designedWidth, m_designedHeight) + m_widget->aboveClient());
+        m_widget->setFixedSize(pixels(m_designedWidth, m_designedHeight) + m_widget->beyondClient());
 }
 
 /// Takes over another font, screen or frame. The user's size stays where the screen has room for it.
@@ -279,7 +311,7 @@ void Window::followDesktop()
     if (onResize)
         onResize();
     if (m_border == Border::Sizable && m_widget->windowState() == Qt::WindowNoState)
-        m_widget->resize(m_widget->size().boundedTo(m_widget->room() + m_widget->aboveClient()));
+        m_widget->resize(m_widget->size().boundedTo(m_widget->room() + m_widget->beyondClient()));
 }
 
 void Window::load()
@@ -289,7 +321,7 @@ void Window::load()
     fit();
     if (m_border == Border::Sizable)
         m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()) +
-                         m_widget->aboveClient());
+                         m_widget->beyondClient());
     m_loaded = true;
     loaded().push_back(this);
     if (onLoad)
@@ -361,6 +393,16 @@ Menu Window::addMenu(const QString &caption)
     if (m_widget->menuBar == nullptr)
         m_widget->menuBar = new QMenuBar(m_widget.get());
     return Menu(m_widget->menuBar->addMenu(caption));
+}
+
+void Window::addBar(QWidget *bar)
+{
+    m_widget->addBar(bar);
+}
+
+QWidget *Window::frameSurface()
+{
+    return m_widget.get();
 }
 
 void Window::setFocusOrder(const std::vector<Control *> &controls)

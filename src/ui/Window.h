@@ -61,6 +61,12 @@ public:
     /// window is first shown.
     Menu addMenu(const QString &caption);
 
+    /// Adds a bar at the foot of the window, below the client area and above the bars added before. Its
+    /// parent is frameSurface(); it takes the height that it wants while it is not hidden.
+    void addBar(QWidget *bar);
+    /// The whole window, menu bar and bars at the foot included.
+    QWidget *frameSurface();
+
     /// Order in which Tab walks the controls; the first of them has the focus when the window opens.
     void setFocusOrder(const std::vector<Control *> &controls);
 

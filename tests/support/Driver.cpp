@@ -23,7 +23,7 @@ Driver::Driver(ui::Window &window) : m_surface(window.surface())
 
 QWidget *Driver::control(const QString &name) const
 {
-    auto *found = m_surface->findChild<QWidget *>(name);
+    auto *found = m_surface->window()->findChild<QWidget *>(name);
     if (found == nullptr)
         throw std::runtime_error("no control " + name.toStdString());
     return found;

@@ -26,7 +26,7 @@ struct Storage : ModelFixture
     explicit Storage(Engine engine) : database(engine) {}
 
     int load() { return loadAll(settings, model, run); }
-    int save() { return saveAll(settings, model, run); }
+    int save() { return saveAll(settings, model, run).code; }
     void adoptIds() { varnow::adoptIds(settings, model, run); }
 
     /// The messages shown since they were looked at last.

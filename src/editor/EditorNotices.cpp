@@ -1,0 +1,255 @@
+// The part of the editor that tells what was done, and what may not have been meant, without a box in the
+// way.
+
+#include "editor/EditorWindow.h"
+
+#include "base/names.h"
+#include "editor/LineChoice.h"
+#include "model/differences.h"
+#include "ui/Application.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace varnow {
+
+namespace {
+
+template <class Record> QString nameOf(const Record &record)
+{
+    return isolated(choiceOf(record.name, record.nameIndex));
+}
+
+QString lineNameOf(const Field &field)
+{
+    return isolated(choiceOf(field.line, field.lineIndex));
+}
+
+QString placeOf(const Field &field)
+{
+    return QStringLiteral("%1.%2").arg(field.messageIndex).arg(field.position);
+}
+
+/// "message index 3 → 5, position 1 → 2"
+template <class Record> QString changesOf(const Record &before, const Record &now)
+{
+    QStringList found = differences(before, now);
+    for (QString &difference : found)
+        difference[0] = difference[0].toLower();
+    return found.join(QStringLiteral(", "));
+}
+
+QString counted(int count, const QString &one, const QString &many)
+{
+    return QString::number(count) + ' ' + (count == 1 ? one : many);
+}
+
+/// What "added" and "changed" are for a field in a sentence.
+QString storedText(const Change<Field> &change)
+{
+    const QString name = "Field " + nameOf(*change.is);
+    if (!change.was)
+        return name + " added";
+    const bool hasMoved =
+        change.was->line != change.is->line || change.was->lineIndex != change.is->lineIndex;
+    return hasMoved ? name + " moved from " + lineNameOf(*change.was) + " to " + lineNameOf(*change.is)
+                    : name + " changed";
+}
+
+} // namespace
+
+void EditorWindow::tell(const ui::Notice &notice)
+{
+    m_notice = notice;
+    m_noticeBar.show(notice);
+}
+
+/// Tells how much was loaded; what was typed until then goes with it.
+void EditorWindow::tellLoaded(const QString &verb, const TypedEntries &typed)
+{
+    const Model &model = m_state.model;
+    tellReplaced(typed, verb + ": " + counted(model.lines.size(), "line", "lines") + " and " +
+                            counted(model.fields.size(), "field", "fields") + '.');
+}
+
+/// Tells what the last step stored, if there was one.
+void EditorWindow::tellStored(bool hasChanged)
+{
+    if (!hasChanged)
+        return tell({"Nothing was changed: the record is as it was."});
+    const EditStep &step = *m_state.model.undoable();
+    if (!step.lines.empty())
+        tellStoredLine(step.lines.front());
+    else
+        tellStoredField(step.fields.front());
+}
+
+void EditorWindow::tellStoredLine(const Change<Line> &change)
+{
+    const Line line = *change.is;
+    const QString name = nameOf(line);
+    if (!change.was)
+        return tell(
+            {"Line " + name + QStringLiteral(" added with message index %1.").arg(line.messageIndex)});
+    const int oldIndex = change.was->messageIndex;
+    const QString sentence = "Line " + name + " changed: " + changesOf(*change.was, line) + '.';
+    const auto fields = static_cast<int>(std::ranges::count_if(m_state.model.fields, [&](const Field &field) {
+        return field.messageIndex == oldIndex && field.lineIndex == line.nameIndex &&
+               field.line == line.name && field.configuration == line.configuration;
+    }));
+    if (fields == 0 || oldIndex == line.messageIndex)
+        return tell({sentence});
+    const QString rest = (fields == 1 ? QStringLiteral(" Its field keeps")
+                                      : QStringLiteral(" Its %1 fields keep").arg(fields)) +
+                         QStringLiteral(" message index %1.").arg(oldIndex);
+    tell({sentence + rest, {{"Move its fields", [this, line] { moveFieldsOf(line); }}}});
+}
+
+/// Gives the fields of a line its message index.
+void EditorWindow::moveFieldsOf(const Line &line)
+{
+    {
+        const Editing editing(m_state.model, "move of the fields of " + choiceOf(line.name, line.nameIndex));
+        m_state.model.copyMessageIndexToFields(line);
+    }
+    recordsChanged();
+    showNode({RecordName::Kind::Line, line.name, line.nameIndex});
+    tell({"The fields of line " + nameOf(line) +
+              QStringLiteral(" have message index %1 now.").arg(line.messageIndex),
+          {undoButton()}});
+}
+
+void EditorWindow::tellStoredField(const Change<Field> &change)
+{
+    const Field field = *change.is;
+    const Model &model = m_state.model;
+    const QString stored = storedText(change);
+    if (change.was && change.was->id > 0 && !haveSameRow(*change.was, field))
+        return tellMovedField(change);
+    if (model.lines.find(field.configuration, field.line, field.lineIndex) < 0)
+        return tell({change.was ? stored + "; its line " + lineNameOf(field) +
+                                      " does not exist in this configuration."
+                                : stored + " to line " + lineNameOf(field) +
+                                      ", which does not exist in this configuration."});
+    const auto isInTheWay = [&](const Field &other) {
+        return other.position == field.position && other.messageIndex == field.messageIndex &&
+               other.configuration == field.configuration && keyOf(other) != keyOf(field);
+    };
+    const auto inTheWay = std::ranges::find_if(model.fields, isInTheWay);
+    if (inTheWay == model.fields.end()) {
+        const bool isChange = change.was && haveSameRow(*change.was, field);
+        return tell(
+            {stored + (isChange ? ": " + changesOf(*change.was, field) : " at " + placeOf(field)) + '.'});
+    }
+    Field moved = field;
+    moved.position = model.fields.nextPosition(field.configuration, field.line, field.lineIndex);
+    const QString at = change.was ? ", and stands at " : " at ";
+    tell({stored + at + placeOf(field) + ", where " + nameOf(*inTheWay) +
+              " already is; the tree shows only one of them.",
+          {{"Move to " + placeOf(moved), [this, moved] { storeInstead(moved); }}}});
+}
+
+/// A field that had a row was stored under another line.
+void EditorWindow::tellMovedField(const Change<Field> &change)
+{
+    Field added = *change.is;
+    while (m_state.model.fields.find(added.configuration, added.name, added.nameIndex) >= 0)
+        ++added.nameIndex;
+    const auto addInstead = [this, added] {
+        m_state.model.undo();
+        storeInstead(added);
+    };
+    tell({storedText(change) + ". Its row under " + lineNameOf(*change.was) + " stays in the database.",
+          {undoButton(), {"Add as " + choiceOf(added.name, added.nameIndex) + " instead", addInstead}}});
+}
+
+/// Stores a field in place of what the last Change stored.
+void EditorWindow::storeInstead(const Field &field)
+{
+    const std::size_t steps = m_state.model.stepCount();
+    {
+        const Editing editing(m_state.model);
+        m_state.model.fields.store(field);
+    }
+    recordsChanged();
+    showNode({RecordName::Kind::Field, field.name, field.nameIndex});
+    tellStored(m_state.model.stepCount() > steps);
+}
+
+void EditorWindow::tellRemoved(const EditStep &step)
+{
+    if (step.lines.empty())
+        return tell({"Field " + nameOf(*step.fields.front().was) + " removed.", {undoButton()}});
+    const bool hasRenumbered = step.lines.size() > 1;
+    tell({"Line " + nameOf(*step.lines.front().was) + " removed" +
+              (hasRenumbered ? ", the lines behind it renumbered." : "."),
+          {undoButton()}});
+}
+
+void EditorWindow::tellSaved(const ChangeCounts &before, const SaveResult &result)
+{
+    const int unsaved = m_state.model.countUnsaved().total();
+    const QString rest = unsaved == 0
+                             ? QStringLiteral("; no change is unsaved.")
+                             : "; " + counted(unsaved, "change is", "changes are") + " still unsaved.";
+    ui::Notice notice;
+    if (result.code == errors::UserInterrupt)
+        notice.sentence = "Saving was stopped" + rest;
+    else if (result.errorCount > 0)
+        notice.sentence = "Saved with " + counted(result.errorCount, "error", "errors") + rest;
+    else
+        notice.sentence = before.total() == 0 ? QStringLiteral("Saved; there were no changes.")
+                                              : "Saved: " + before.text() + '.';
+    if (unsaved > 0)
+        notice.buttons.push_back(unsavedButton());
+    tell(notice);
+}
+
+ui::Notice::Button EditorWindow::undoButton()
+{
+    return {"Undo", [this] { undo(); }};
+}
+
+ui::Notice::Button EditorWindow::unsavedButton()
+{
+    return {"Unsaved changes…", [this] { showUnsaved(); }};
+}
+
+/// Does what fills the entries anew. Returns what the user had typed there and not stored.
+EditorWindow::TypedEntries EditorWindow::replacing(const std::function<void()> &show)
+{
+    TypedEntries typed;
+    for (EntryPage *page : m_state.pages) {
+        if (page->hasTypedEntries())
+            typed.push_back({page, page->entries(), page->namedRecord()});
+    }
+    show();
+    std::erase_if(typed, [](const TypedPage &page) { return page.page->entries() == page.texts; });
+    return typed;
+}
+
+/// Tells something, and that what was typed is no longer in the entries.
+void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &sentence)
+{
+    if (typed.empty())
+        return sentence.isEmpty() ? void() : tell({sentence});
+    const std::optional<RecordName> &name = typed.front().record;
+    const QString of =
+        name && !name->name.isEmpty() ? " for " + isolated(choiceOf(name->name, name->nameIndex)) : QString();
+    tell({(sentence.isEmpty() ? QString() : sentence + ' ') + "The entries typed" + of + " were not stored.",
+          {{"Bring them back", [this, typed] { bringBack(typed); }}}});
+}
+
+void EditorWindow::bringBack(const TypedEntries &typed)
+{
+    const auto page = std::ranges::find(m_state.pages, typed.front().page);
+    m_tabs.setCurrentPage(static_cast<int>(page - m_state.pages.begin()));
+    const TypedEntries replaced = replacing([&typed] {
+        for (const TypedPage &entries : typed)
+            entries.page->setEntries(entries.texts);
+    });
+    typed.front().page->focusFirst();
+    tellReplaced(replaced, "The entries are back; they are not stored yet.");
+}
+
+} // namespace varnow

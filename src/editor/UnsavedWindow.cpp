@@ -1,0 +1,197 @@
+#include "editor/UnsavedWindow.h"
+
+#include "base/names.h"
+#include "editor/LineChoice.h"
+#include "model/differences.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace varnow {
+
+namespace {
+
+constexpr float margin = 120;
+constexpr float minimumWidth = 6000;
+constexpr float minimumHeight = 2550;
+
+QString kindText(ChangeKind kind)
+{
+    switch (kind) {
+    case ChangeKind::Added:
+        return "Added";
+    case ChangeKind::Changed:
+        return "Changed";
+    case ChangeKind::Removed:
+        return "Removed";
+    }
+    Q_UNREACHABLE();
+}
+
+QString recordText(const Line &line)
+{
+    return "Line " + isolated(choiceOf(line.name, line.nameIndex));
+}
+
+QString recordText(const Field &field)
+{
+    return "Field " + isolated(choiceOf(field.name, field.nameIndex)) + " of " +
+           isolated(choiceOf(field.line, field.lineIndex));
+}
+
+template <class Entry> QString detailsOf(const Entry &entry)
+{
+    const QStringList details = entry.kind() == ChangeKind::Changed ? differences(*entry.before, *entry.now)
+                                                                    : contents(entry.record());
+    return details.join(QStringLiteral(", "));
+}
+
+/// As the tree is sorted: the fields of a line behind it.
+auto placeOf(const Line &line)
+{
+    return std::tuple(line.configuration, line.messageIndex, -1, 0, line.name, line.nameIndex);
+}
+
+auto placeOf(const Field &field)
+{
+    return std::tuple(field.configuration, field.messageIndex, 0, field.position, field.name,
+                      field.nameIndex);
+}
+
+RecordName nameOf(const Line &line)
+{
+    return {RecordName::Kind::Line, line.name, line.nameIndex};
+}
+
+RecordName nameOf(const Field &field)
+{
+    return {RecordName::Kind::Field, field.name, field.nameIndex};
+}
+
+QString changes(std::size_t count)
+{
+    return QString::number(count) + (count == 1 ? " change" : " changes");
+}
+
+} // namespace
+
+UnsavedWindow::UnsavedWindow(Model &model, LeftChanges &conflicts)
+    : ui::Window("unsaved", "Unsaved Changes", 9000, 4800), m_model(model), m_conflicts(conflicts)
+{
+    m_list.setAccessibleName("Unsaved changes");
+    setFocusOrder({&m_list, &m_takeBack, &m_takeOver, &m_close});
+    m_close.setCancel();
+    onLoad = [this] { addRows(); };
+    onResize = [this] { layOut(); };
+    m_list.onSelect = [this] { followSelection(); };
+    m_list.onActivate = [this](int row) { showRecordOf(row); };
+    m_takeBack.onClick = [this] { takeBack(); };
+    m_takeOver.onClick = [this] { takeOver(); };
+    m_close.onClick = [this] { unload(); };
+}
+
+void UnsavedWindow::layOut()
+{
+    if (isMinimised())
+        return;
+    enforceMinimumSize(minimumWidth, minimumHeight);
+    const float top = innerHeight() - (m_close.height() + margin);
+    m_close.move(innerWidth() - (m_close.width() + margin), top);
+    m_takeBack.move(margin, top);
+    m_takeOver.move(m_takeBack.left() + m_takeBack.width(), top);
+    m_list.move({margin, margin, innerWidth() - 2 * margin, top - 2 * margin});
+}
+
+void UnsavedWindow::refill()
+{
+    if (isLoaded())
+        addRows();
+}
+
+void UnsavedWindow::addRows()
+{
+    m_rows.clear();
+    for (const auto &entry : m_model.lines.ledger.entries())
+        m_rows.push_back({entry, false});
+    for (const auto &entry : m_model.fields.ledger.entries())
+        m_rows.push_back({entry, false});
+    for (const auto &entry : m_conflicts.lines)
+        m_rows.push_back({entry, true});
+    for (const auto &entry : m_conflicts.fields)
+        m_rows.push_back({entry, true});
+    const auto place = [](const Row &row) {
+        return std::visit([](const auto &entry) { return placeOf(entry.record()); }, row.entry);
+    };
+    std::ranges::stable_sort(m_rows, {}, place);
+    std::vector<QStringList> texts;
+    for (const Row &row : m_rows) {
+        texts.push_back(std::visit(
+            [&row](const auto &entry) {
+                return QStringList{row.isConflict ? "Not brought back: " + kindText(entry.kind()).toLower()
+                                                  : kindText(entry.kind()),
+                                   isolated(entry.record().configuration), recordText(entry.record()),
+                                   detailsOf(entry)};
+            },
+            row.entry));
+    }
+    m_list.setRows(std::move(texts));
+}
+
+void UnsavedWindow::followSelection()
+{
+    m_takeBack.setEnabled(!selected(false).empty());
+    m_takeOver.setEnabled(!selected(true).empty());
+}
+
+/// The selected rows that are conflicts, or the others.
+std::vector<UnsavedWindow::Row> UnsavedWindow::selected(bool conflicts) const
+{
+    std::vector<Row> rows;
+    for (const int index : m_list.selectedRows()) {
+        const Row &row = m_rows[static_cast<std::size_t>(index)];
+        if (row.isConflict == conflicts)
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+void UnsavedWindow::takeBack()
+{
+    const std::vector<Row> rows = selected(false);
+    {
+        const Editing editing(m_model, "taking back of " + changes(rows.size()));
+        for (const Row &row : rows)
+            std::visit([this](const auto &entry) { m_model.takeBack(entry); }, row.entry);
+    }
+    onEdited("Taken back: " + changes(rows.size()) + '.');
+}
+
+/// Puts conflicting changes into memory over what the database holds.
+void UnsavedWindow::takeOver()
+{
+    const std::vector<Row> rows = selected(true);
+    {
+        const Editing editing(m_model, "taking over of " + changes(rows.size()));
+        for (const Row &row : rows)
+            std::visit([this](const auto &entry) { m_model.takeOver(entry); }, row.entry);
+    }
+    const auto settle = [&rows]<class Entry>(std::vector<Entry> &conflicts) {
+        std::erase_if(conflicts, [&rows](const Entry &conflict) {
+            return std::ranges::any_of(rows, [&](const Row &row) {
+                const auto *entry = std::get_if<Entry>(&row.entry);
+                return entry != nullptr && keyOf(entry->record()) == keyOf(conflict.record());
+            });
+        });
+    };
+    settle(m_conflicts.lines);
+    settle(m_conflicts.fields);
+    onEdited("Taken over: " + changes(rows.size()) + '.');
+}
+
+void UnsavedWindow::showRecordOf(int row)
+{
+    std::visit([this](const auto &entry) { onShow(entry.record().configuration, nameOf(entry.record())); },
+               m_rows[static_cast<std::size_t>(row)].entry);
+}
+
+} // namespace varnow

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "editor/RecordTree.h"
+#include "model/Model.h"
+#include "storage/recovery.h"
+#include "ui/Button.h"
+#include "ui/Table.h"
+#include "ui/Window.h"
+
+#include <functional>
+#include <variant>
+#include <vector>
+
+namespace varnow {
+
+/// Lists what is not saved, and what an earlier run left that could not be brought back. Sizes in twips.
+class UnsavedWindow : public ui::Window
+{
+public:
+    /// What is taken over goes from the conflicts. Both must outlive the window.
+    UnsavedWindow(Model &model, LeftChanges &conflicts);
+
+    /// The user wants to see a record in the editor.
+    std::function<void(const QString &configuration, const RecordName &record)> onShow;
+    /// Records were changed; the sentence tells how.
+    std::function<void(const QString &sentence)> onEdited;
+
+    /// Lists what is unsaved now, if the window is open.
+    void refill();
+
+private:
+    /// A row of the list.
+    struct Row
+    {
+        std::variant<Ledger<Line>::Entry, Ledger<Field>::Entry> entry;
+        bool isConflict;
+    };
+
+    void layOut();
+    void addRows();
+    void takeBack();
+    void takeOver();
+    void showRecordOf(int row);
+    void followSelection();
+    std::vector<Row> selected(bool conflicts) const;
+
+    Model &m_model;
+    LeftChanges &m_conflicts;
+    std::vector<Row> m_rows;
+
+    ui::Table m_list{
+        *this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}, {120, 120, 8760, 3600}};
+    ui::CommandButton m_takeBack{*this, "takeBack", "&Take back", {0, 0, 1515, 600}};
+    ui::CommandButton m_takeOver{*this, "takeOver", "Take &over", {0, 0, 1515, 600}};
+    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+};
+
+} // namespace varnow

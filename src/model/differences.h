@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/names.h"
+#include "model/Column.h"
+
+#include <QStringList>
+
+namespace varnow {
+
+/// A value as users read it: a text in quotation marks.
+template <class Record> QString shownValue(const Record &record, const Column<Record> &column)
+{
+    if (const auto *text = std::get_if<QString Record::*>(&column.member))
+        return u'"' + isolated(record.**text) + u'"';
+    return QString::number(record.*std::get<int Record::*>(column.member));
+}
+
+/// What differs between two records of one key, a text for each value: "Message Index 3 → 5".
+template <class Record> QStringList differences(const Record &before, const Record &now)
+{
+    QStringList found;
+    for (const Column<Record> &column : Record::columns()) {
+        if (*column.caption == '\0')
+            continue;
+        const auto isEqual = [&](auto member) { return before.*member == now.*member; };
+        if (!std::visit(isEqual, column.member))
+            found += QLatin1String(column.caption) + u' ' + shownValue(before, column) + " → " +
+                     shownValue(now, column);
+    }
+    return found;
+}
+
+/// What a record holds beside its key, a text for each value that is not empty: "Message Index 3".
+template <class Record> QStringList contents(const Record &record)
+{
+    QStringList found;
+    for (const Column<Record> &column : Record::columns()) {
+        const auto isEmpty = [&](auto member) { return record.*member == Record().*member; };
+        if (column.use == ColumnUse::Value && *column.caption != '\0' && !std::visit(isEmpty, column.member))
+            found += QLatin1String(column.caption) + u' ' + shownValue(record, column);
+    }
+    return found;
+}
+
+} // namespace varnow

@@ -1,0 +1,130 @@
+#include "ui/NoticeBar.h"
+
+#include "base/names.h"
+#include "ui/Window.h"
+#include "ui/pushButton.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QFontMetrics>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QStylePainter>
+
+#include <array>
+
+namespace varnow::ui {
+
+namespace {
+
+constexpr int roomAround = 3; // pixels above and below the line
+
+/// Shows as much of the sentence as there is room for.
+class Sentence : public QLabel
+{
+public:
+    explicit Sentence(QWidget *parent) : QLabel(parent)
+    {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QString shown = text();
+        for (const int longest : {60, 30, 15, 8}) {
+            if (fontMetrics().horizontalAdvance(shown) <= width())
+                break;
+            shown = withShortNames(text(), longest);
+        }
+        QStylePainter painter(this);
+        painter.drawItemText(rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                             fontMetrics().elidedText(shown, Qt::ElideRight, width()), foregroundRole());
+    }
+};
+
+} // namespace
+
+class NoticeBar::Widget : public QFrame
+{
+public:
+    explicit Widget(QWidget *parent) : QFrame(parent), m_sentence(new Sentence(this))
+    {
+        setObjectName(QStringLiteral("notice"));
+        setAccessibleName(QStringLiteral("Notice"));
+        m_sentence->setObjectName(QStringLiteral("noticeSentence"));
+        auto *row = new QHBoxLayout(this);
+        row->setContentsMargins(8, 1, 8, 1);
+        row->addWidget(m_sentence);
+        for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+            QPushButton *button = m_buttons[i] = makePushButton({}, this);
+            button->setObjectName(QStringLiteral("noticeButton%1").arg(i + 1));
+            button->hide();
+            row->addWidget(button);
+            QObject::connect(button, &QPushButton::clicked, this, [this, i] {
+                const Notice shown = m_notice; // the click may show another one
+                shown.buttons[i].onClick();
+            });
+        }
+        fitHeight();
+    }
+
+    QSize sizeHint() const override { return {0, m_lineHeight + 2}; }
+
+    void show(const Notice &notice)
+    {
+        m_notice = notice;
+        m_sentence->setText(notice.sentence);
+        m_sentence->setAccessibleName(withoutIsolation(notice.sentence));
+        m_sentence->setToolTip(notice.sentence.isEmpty()
+                                   ? QString()
+                                   : QStringLiteral("<p>%1</p>").arg(notice.sentence.toHtmlEscaped()));
+        for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+            const bool isUsed = i < notice.buttons.size();
+            m_buttons[i]->setText(isUsed ? notice.buttons[i].caption : QString());
+            m_buttons[i]->setVisible(isUsed);
+        }
+        QAccessibleEvent changed(m_sentence, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&changed);
+        QAccessibleEvent alert(m_sentence, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QFrame::changeEvent(event);
+        if (event->type() == QEvent::FontChange)
+            fitHeight();
+    }
+
+private:
+    /// Buttons of a line's height, for the bar takes it from the pages and the tree.
+    void fitHeight()
+    {
+        m_lineHeight = fontMetrics().height() + 2 * roomAround;
+        for (QPushButton *button : m_buttons)
+            button->setFixedHeight(m_lineHeight);
+    }
+
+    Notice m_notice;
+    QLabel *m_sentence;
+    std::array<QPushButton *, 2> m_buttons{};
+    int m_lineHeight = 0;
+};
+
+NoticeBar::NoticeBar(Window &window) : m_widget(new Widget(window.frameSurface()))
+{
+    window.addBar(m_widget);
+}
+
+void NoticeBar::show(const Notice &notice)
+{
+    m_widget->show(notice);
+}
+
+} // namespace varnow::ui
