@@ -33,10 +33,7 @@ QString placeOf(const Field &field)
 /// "message index 3 → 5, position 1 → 2"
 template <class Record> QString changesOf(const Record &before, const Record &now)
 {
-    QStringList found = differences(before, now);
-    for (QString &difference : found)
-        difference[0] = difference[0].toLower();
-    return found.join(QStringLiteral(", "));
+    return differences(before, now, Captions::InSentence).join(QStringLiteral(", "));
 }
 
 QString counted(int count, const QString &one, const QString &many)

@@ -15,17 +15,22 @@ template <class Record> QString shownValue(const Record &record, const Column<Re
     return QString::number(record.*std::get<int Record::*>(column.member));
 }
 
+/// How captions are written: as on the screen, or as part of a sentence.
+enum class Captions { AsShown, InSentence };
+
 /// What differs between two records of one key, a text for each value: "Message Index 3 → 5".
-template <class Record> QStringList differences(const Record &before, const Record &now)
+template <class Record>
+QStringList differences(const Record &before, const Record &now, Captions captions = Captions::AsShown)
 {
     QStringList found;
     for (const Column<Record> &column : Record::columns()) {
         if (*column.caption == '\0')
             continue;
         const auto isEqual = [&](auto member) { return before.*member == now.*member; };
+        const QString caption = QLatin1String(column.caption);
         if (!std::visit(isEqual, column.member))
-            found += QLatin1String(column.caption) + u' ' + shownValue(before, column) + " → " +
-                     shownValue(now, column);
+            found += (captions == Captions::InSentence ? caption.toLower() : caption) + u' ' +
+                     shownValue(before, column) + " → " + shownValue(now, column);
     }
     return found;
 }

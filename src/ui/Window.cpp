@@ -250,7 +250,7 @@ float Window::innerWidth() const
 
 float Window::innerHeight() const
 {
-    return static_cast<float>(m_widget->client->height()) / m_scale.y;
+    return static_cast<float>(m_widget->height() - m_widget->beyondClient().height()) / m_scale.y;
 }
 
 QSize Window::pixels(float width, float height) const
