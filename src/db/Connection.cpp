@@ -100,6 +100,16 @@ QString odbcConnectionString(const ConnectionSettings &settings, Dialect dialect
     Q_UNREACHABLE();
 }
 
+/// What the driver says, which does not tell a server that cannot encrypt from one that is not there.
+QString whyNotOpened(const Handle &connection, const ConnectionSettings &settings)
+{
+    const QString reason = connection.error(settings.dialect()).description();
+    return requiresEncryption(settings)
+               ? reason +
+                     " (This connection is opened only where the server encrypts it; see VARNOW_ENCRYPTION.)"
+               : reason;
+}
+
 } // namespace
 
 struct Connection::Handles
@@ -128,7 +138,7 @@ Connection::Connection(const ConnectionSettings &settings)
     const Handle &connection = handles->connection;
     SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(timeout), 0);
     if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
-        throw RuntimeError(codes::Failure, connection.error(dialect).description());
+        throw RuntimeError(codes::Failure, whyNotOpened(connection, settings));
     m_handles = std::move(handles);
 }
 

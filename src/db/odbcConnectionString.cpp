@@ -68,7 +68,7 @@ bool isThisMachine(const QString &host)
 
 /// Whether the log-in may reach this host only encrypted. A word in VARNOW_ENCRYPTION that has no meaning
 /// gets the strictest one, lest a slip of the pen send a password in the clear.
-bool requiresEncryption(const QString &host)
+bool requiresEncryptionTo(const QString &host)
 {
     const QString scope = qEnvironmentVariable("VARNOW_ENCRYPTION");
     if (scope == u"never")
@@ -141,9 +141,15 @@ QString sqlServerConnectionString(const ConnectionSettings &settings, const QStr
     result += "UID=" + value(settings.user) + ";PWD=" + value(settings.password) +
               ";Database=" + value(trim(settings.database)) + ";APP=" + application + u';';
     // Behind everything else, for of two such entries the last one counts.
-    if (requiresEncryption(address.host))
+    if (requiresEncryptionTo(address.host))
         result += freeTds ? "Encryption=require;" : "Encrypt=yes;";
     return result;
+}
+
+bool requiresEncryption(const ConnectionSettings &settings)
+{
+    return settings.dialect() == Dialect::SqlServer &&
+           requiresEncryptionTo(parseServer(settings.server).host);
 }
 
 } // namespace varnow::db
