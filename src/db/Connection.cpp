@@ -100,13 +100,16 @@ QString odbcConnectionString(const ConnectionSettings &settings, Dialect dialect
     Q_UNREACHABLE();
 }
 
-/// What the driver says, which does not tell a server that cannot encrypt from one that is not there.
+/// What the driver says. Of a server that cannot encrypt it says no more than that there is no connection.
 QString whyNotOpened(const Handle &connection, const ConnectionSettings &settings)
 {
     const QString reason = connection.error(settings.dialect()).description();
-    return requiresEncryption(settings)
-               ? reason +
-                     " (This connection is opened only where the server encrypts it; see VARNOW_ENCRYPTION.)"
+    std::array<char16_t, 6> state{};
+    SQLGetDiagFieldW(SQL_HANDLE_DBC, connection.get(), 1, SQL_DIAG_SQLSTATE, state.data(), sizeof state,
+                     nullptr);
+    const bool tellsNoMore = QString::fromUtf16(state.data(), 5) == u"08001";
+    return tellsNoMore && requiresEncryption(settings)
+               ? reason + " (The server may be unable to encrypt, which VARNOW_ENCRYPTION requires of it.)"
                : reason;
 }
 

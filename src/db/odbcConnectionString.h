@@ -18,7 +18,7 @@ QString sqliteConnectionString(const ConnectionSettings &settings, int timeout);
 /// no sense or a value not to be named to the driver.
 QString sqlServerConnectionString(const ConnectionSettings &settings, const QString &driver);
 
-/// Whether the driver is told so.
+/// Whether the log-in may reach the server only encrypted.
 bool requiresEncryption(const ConnectionSettings &settings);
 
 } // namespace varnow::db

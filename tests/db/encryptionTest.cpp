@@ -190,4 +190,26 @@ TEST_F(Encryption, LosesConnectionsAsUsual)
     EXPECT_EQ(codeOf(), 0);
 }
 
+// Somebody who looks for a server's fault or a password's where the encryption is missing, or the other way
+// round.
+TEST_F(Encryption, IsNamedWhereItMayBeTheReason)
+{
+    const auto isNamed = [this] {
+        try {
+            Connection{settings};
+        } catch (const RuntimeError &error) {
+            return error.description().contains(u"VARNOW_ENCRYPTION");
+        }
+        return false;
+    };
+    EXPECT_FALSE(isNamed());
+    qputenv("VARNOW_ENCRYPTION", "always");
+    EXPECT_TRUE(isNamed());
+    server.encrypt();
+    server.failLogins({.number = 18456});
+    EXPECT_FALSE(isNamed());
+    server.stop();
+    EXPECT_FALSE(isNamed());
+}
+
 } // namespace varnow::test
