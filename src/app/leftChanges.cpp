@@ -2,7 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "editor/LineChoice.h"
+#include "model/LineChoice.h"
 #include "ui/MessageBox.h"
 
 #include <QLocale>

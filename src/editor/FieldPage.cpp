@@ -12,19 +12,6 @@
 
 namespace varnow {
 
-namespace {
-
-void checkLineChoice(DataCheck &check, const LineChoice &line)
-{
-    check.failIf(line.isUnclosed, "The Line Name or Index field is invalid.");
-    if (line.isUnclosed || !line.hasIndex)
-        return;
-    check.failIf(isBlank(line.name), "The Line Name is empty.");
-    check.failIf(!isLong(line.index), "The Line Name Index is invalid.");
-}
-
-} // namespace
-
 FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &linePage)
     : EntryPage(tabs, "Line &Fields", state), m_linePage(linePage)
 {
@@ -233,82 +220,32 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
 
 std::optional<QString> FieldPage::store()
 {
-    const LineChoice line = parseLineChoice(m_line.text());
-    if (!check(line))
+    if (m_index.text().isEmpty())
+        m_index.setText("0");
+    const FieldEntry entry = entered();
+    if (!dataCheckPassed("There is a problem with the data for the line field entry.",
+                         complaintsAbout(entry)))
         return {};
-    m_state.model.fields.store(enteredField(line));
+    m_state.model.fields.store(fieldOf(entry));
     return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
 }
 
-/// The field that the checked entries make.
-Field FieldPage::enteredField(const LineChoice &line) const
+FieldEntry FieldPage::entered() const
 {
-    Field field;
-    field.id = -1;
-    field.configuration = m_state.configuration();
-    field.name = m_name.text();
-    field.nameIndex = leadingNumber(m_index.text());
-    field.line = line.name;
-    field.lineIndex = leadingNumber(line.index);
-    field.messageIndex = leadingNumber(m_messageIndex.text());
-    field.position = leadingNumber(m_position.text());
-    field.length = isTooLarge(m_length.text()) ? 0 : leadingNumber(m_length.text());
-    field.dataType = "String";
-    field.lookup = m_lookup.text();
-    field.format = m_format.text();
-    field.constant = m_constant.text();
-    if (m_fixedLength.isTicked()) {
-        field.fixedLength = 1;
-        field.characterPosition = toLong(m_characterPosition.text());
-        field.padCharacter = m_padSpaces.isChosen() ? " " : "0";
-        field.padDirection = m_alignRight.isChosen() ? 1 : -1;
-    }
-    return field;
-}
-
-/// Makes every check of the page and shows what failed. Returns whether none did.
-bool FieldPage::check(const LineChoice &line)
-{
-    DataCheck check("There is a problem with the data for the line field entry.");
-    check.failIf(isBlank(m_name.text()), "The Field name is empty.");
-    if (m_index.text().isEmpty())
-        m_index.setText("0");
-    check.failIf(!isLong(m_index.text()), "The Field Name Index must be numeric.");
-    if (isBlank(m_line.text()))
-        check.failIf(true, "The Line Name and Index field is empty.");
-    else
-        checkLineChoice(check, line);
-    check.failIf(isTooLarge(m_messageIndex.text()), "The Message Index nust be a number.");
-    check.failIf(isBlank(m_lookup.text()) && isBlank(m_constant.text()),
-                 "Both the Lookup String and the Constant value are empty," + lineBreak +
-                     "\t\tyou must supply one or the other.");
-    if (isBlank(m_position.text()))
-        check.failIf(true, "The Position Field is empty.");
-    else
-        check.failIf(!isLong(m_position.text()), "The Position Field nust be a number.");
-    const QString complaint = m_fixedLength.isTicked() ? lengthComplaint() : QString();
-    check.failIf(!complaint.isEmpty(), "A Fixed Length was indicated, however, the " + complaint);
-    return check.passed();
-}
-
-/// The first thing that is wrong with length and character position, empty when both are right.
-QString FieldPage::lengthComplaint() const
-{
-    const QString length = m_length.text();
-    const QString position = m_characterPosition.text();
-    if (isBlank(length) && isBlank(position))
-        return "length and position were not specified.";
-    if (isBlank(length))
-        return "length was not specified.";
-    if (isBlank(position))
-        return "position was not specified.";
-    if (!isLong(length) && !isLong(position))
-        return "length and position are not numeric.";
-    if (!isLong(length))
-        return "length is not a number.";
-    if (!isLong(position))
-        return "position is not a number.";
-    return {};
+    return {.configuration = m_state.configuration(),
+            .name = m_name.text(),
+            .nameIndex = m_index.text(),
+            .line = parseLineChoice(m_line.text()),
+            .messageIndex = m_messageIndex.text(),
+            .lookup = m_lookup.text(),
+            .format = m_format.text(),
+            .constant = m_constant.text(),
+            .position = m_position.text(),
+            .isFixedLength = m_fixedLength.isTicked(),
+            .length = m_length.text(),
+            .characterPosition = m_characterPosition.text(),
+            .padCharacter = m_padSpaces.isChosen() ? " " : "0",
+            .padDirection = m_alignRight.isChosen() ? 1 : -1};
 }
 
 std::optional<RecordName> FieldPage::namedRecord() const

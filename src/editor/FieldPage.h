@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/EntryPage.h"
-#include "editor/LineChoice.h"
+#include "model/entries.h"
 #include "ui/Frame.h"
 #include "ui/MessageBox.h"
 
@@ -46,9 +46,7 @@ private:
     using ComboBox = ui::Labelled<ui::ComboBox>;
 
     std::vector<ui::TextBox *> textBoxes();
-    Field enteredField(const LineChoice &line) const;
-    bool check(const LineChoice &line);
-    QString lengthComplaint() const;
+    FieldEntry entered() const;
     bool removeField();
     void takeOverMessageIndex();
     void proposePosition();

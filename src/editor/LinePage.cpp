@@ -4,7 +4,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "editor/DataCheck.h"
-#include "editor/LineChoice.h"
+#include "model/entries.h"
 
 #include <algorithm>
 #include <array>
@@ -88,30 +88,14 @@ void LinePage::clear()
 
 std::optional<QString> LinePage::store()
 {
-    if (!check())
-        return {};
-    Line line;
-    line.configuration = m_state.configuration();
-    line.name = m_name.text();
-    line.nameIndex = toLong(m_index.text());
-    line.messageIndex = toLong(m_messageIndex.text());
-    m_state.model.lines.store(std::move(line));
-    m_state.onLinesChanged();
-    return RecordTree::lineKey(m_messageIndex.text());
-}
-
-bool LinePage::check()
-{
-    DataCheck check("There is a problem with the data for the line entry.");
-    check.failIf(isBlank(m_name.text()), "The Line name is empty.");
     if (isBlank(m_index.text()))
         m_index.setText("0");
-    check.failIf(!isLong(m_index.text()), "The Line Index must be numeric.");
-    if (isBlank(m_messageIndex.text()))
-        check.failIf(true, "The Message Index is empty.");
-    else
-        check.failIf(!isLong(m_messageIndex.text()), "The Message Index nust be a number.");
-    return check.passed();
+    const LineEntry entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
+    if (!dataCheckPassed("There is a problem with the data for the line entry.", complaintsAbout(entry)))
+        return {};
+    m_state.model.lines.store(lineOf(entry));
+    m_state.onLinesChanged();
+    return RecordTree::lineKey(m_messageIndex.text());
 }
 
 QString LinePage::lineChoice() const

@@ -33,7 +33,6 @@ private:
     using TextBox = ui::Labelled<ui::TextBox>;
 
     void show(const Line &line);
-    bool check();
     bool removeLine();
 
     TextBox m_name{m_surface, "lineName", "Name", {0, 0, 420, 195}, {0, 0, 1245, 315}};

@@ -1,4 +1,4 @@
-#include "editor/LineChoice.h"
+#include "model/LineChoice.h"
 
 namespace varnow {
 
