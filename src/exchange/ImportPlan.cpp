@@ -1,0 +1,217 @@
+#include "exchange/ImportPlan.h"
+
+#include "base/text.h"
+#include "exchange/RowReader.h"
+#include "exchange/csv.h"
+#include "exchange/exportCsv.h"
+
+#include <algorithm>
+
+namespace varnow {
+
+namespace {
+
+constexpr QLatin1String reasonColumn("Reason");
+
+/// Makes the plan: all rows are read first, so that fields find the lines that come with them.
+class Planner
+{
+public:
+    Planner(const Model &model, const QString &configuration, ImportTarget target)
+        : m_model(model), m_configuration(trim(configuration)), m_target(target)
+    {
+    }
+
+    ImportPlan plan(const std::vector<ImportFile> &files)
+    {
+        for (const ImportFile &file : files) {
+            m_names += file.name;
+            readFile(file);
+        }
+        for (ImportRow &row : m_plan.rows) {
+            if (auto *line = std::get_if<Line>(&row.record))
+                judge(row, *line, m_model.lines, m_lineRows);
+        }
+        for (ImportRow &row : m_plan.rows) {
+            if (auto *field = std::get_if<Field>(&row.record)) {
+                if (!m_readers[row.file].hasMessageIndex(row.cells))
+                    field->messageIndex = messageIndexFor(*field);
+                judge(row, *field, m_model.fields, m_fieldRows);
+            }
+        }
+        return std::move(m_plan);
+    }
+
+private:
+    void readFile(const ImportFile &file)
+    {
+        CsvTable table = readCsv(file.contents);
+        const QStringList header = table.rows.empty() ? QStringList() : table.rows.front();
+        m_plan.headers.push_back(header);
+        m_readers.emplace_back(header);
+        const QString problem = table.problem.isEmpty() ? problemOf(header, table) : table.problem;
+        if (!problem.isEmpty()) {
+            m_plan.problems += file.name + ": " + problem;
+            return;
+        }
+        noteWhatIsIgnored(file.name, header, table.isWindows1252);
+        for (std::size_t i = 1; i < table.rows.size(); ++i)
+            readRow(static_cast<int>(i) + 1, std::move(table.rows[i]));
+    }
+
+    static QString problemOf(const QStringList &header, const CsvTable &table)
+    {
+        const QStringList known = csvHeader();
+        QStringList seen;
+        for (const QString &cell : header) {
+            const QString name = trim(cell);
+            if (!known.contains(name, Qt::CaseInsensitive))
+                continue;
+            if (seen.contains(name, Qt::CaseInsensitive))
+                return QStringLiteral("The column %1 stands in its first row twice.").arg(name);
+            seen += name;
+        }
+        if (!seen.contains("Name", Qt::CaseInsensitive))
+            return "Its first row does not name the columns. A column Name is needed; the others are " +
+                   known.join(QLatin1String(", ")) + u'.';
+        return table.rows.size() == 1 ? "There are no rows below its first one." : QString();
+    }
+
+    void noteWhatIsIgnored(const QString &file, const QStringList &header, bool isWindows1252)
+    {
+        QStringList unknown;
+        for (const QString &name : header) {
+            if (!csvHeader().contains(trim(name), Qt::CaseInsensitive) && trim(name) != reasonColumn &&
+                !isBlank(name))
+                unknown += trim(name);
+        }
+        if (!unknown.isEmpty())
+            m_plan.notes +=
+                file + ": These columns are not known and are ignored: " + unknown.join(QLatin1String(", ")) +
+                u'.';
+        if (isWindows1252)
+            m_plan.notes += file + ": The file is not UTF-8 and was read as Windows-1252.";
+    }
+
+    void readRow(int number, QStringList cells)
+    {
+        if (std::ranges::all_of(cells, [](const QString &cell) { return isBlank(cell); }))
+            return;
+        ImportRow row{m_plan.headers.size() - 1, number, std::move(cells), Line(), RowOutcome::Added, {}};
+        const RowReader &reader = m_readers.back();
+        const QString kind = trim(reader.cell(row.cells, kindColumn.data()));
+        const bool isField =
+            kind.isEmpty() ? reader.hasColumn("Line") : kind.compare(kindOf<Field>, Qt::CaseInsensitive) == 0;
+        if (isField)
+            read(row, Field());
+        else
+            read(row, Line());
+        if (!kind.isEmpty() && !isField && kind.compare(kindOf<Line>, Qt::CaseInsensitive) != 0)
+            row.complaints = {QStringLiteral("The column Record must say Line or Field.")};
+        const qsizetype columns = m_plan.headers.back().size();
+        if (row.cells.size() > columns)
+            row.complaints.prepend(QStringLiteral("The row has %1 cells, but there are %2 columns.")
+                                       .arg(row.cells.size())
+                                       .arg(columns));
+        m_plan.rows.push_back(std::move(row));
+    }
+
+    template <class Record> void read(ImportRow &row, Record record)
+    {
+        row.complaints = m_readers.back().read(row.cells, record);
+        record.id = -1;
+        if (m_target == ImportTarget::Current || record.configuration.isEmpty())
+            record.configuration = m_configuration;
+        if (record.configuration.isEmpty())
+            row.complaints += "There is no configuration for it.";
+        row.record = std::move(record);
+    }
+
+    /// Decides what becomes of a row, whose record is complete.
+    template <class Record, class Table>
+    void judge(ImportRow &row, Record &record, const Table &table, QHash<RecordKey, const ImportRow *> &known)
+    {
+        row.outcome = RowOutcome::Refused;
+        if (!row.complaints.isEmpty())
+            return;
+        const auto earlier = known.constFind(keyOf(record));
+        if (earlier != known.cend()) {
+            row.complaints += QStringLiteral("The same %1 stands in row %2 of %3 already.")
+                                  .arg(kindOf<Record>.toString().toLower())
+                                  .arg((*earlier)->number)
+                                  .arg(m_names[static_cast<qsizetype>((*earlier)->file)]);
+            return;
+        }
+        known.insert(keyOf(record), &row);
+        const int index = table.find(record.configuration, record.name, record.nameIndex);
+        if (index < 0)
+            row.outcome = RowOutcome::Added;
+        else
+            row.outcome = makeSameRow(table[index], record) ? RowOutcome::Unchanged : RowOutcome::Changed;
+    }
+
+    /// The message index of a field's line, which may come with the same import; 0 without such a line.
+    int messageIndexFor(const Field &field) const
+    {
+        const auto imported = m_lineRows.constFind({field.configuration, field.line, field.lineIndex});
+        if (imported != m_lineRows.cend())
+            return std::get<Line>((*imported)->record).messageIndex;
+        const int index = m_model.lines.find(field.configuration, field.line, field.lineIndex);
+        return index < 0 ? 0 : m_model.lines[index].messageIndex;
+    }
+
+    const Model &m_model;
+    const QString m_configuration;
+    const ImportTarget m_target;
+    ImportPlan m_plan;
+    QStringList m_names;
+    std::vector<RowReader> m_readers;               // one a file
+    QHash<RecordKey, const ImportRow *> m_lineRows; // the good ones
+    QHash<RecordKey, const ImportRow *> m_fieldRows;
+};
+
+} // namespace
+
+int ImportPlan::count(RowOutcome outcome) const
+{
+    return static_cast<int>(std::ranges::count(rows, outcome, &ImportRow::outcome));
+}
+
+ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
+                      const QString &currentConfiguration, ImportTarget target)
+{
+    return Planner(model, currentConfiguration, target).plan(files);
+}
+
+void apply(const ImportPlan &plan, Model &model)
+{
+    const Editing editing(model);
+    for (const ImportRow &row : plan.rows) {
+        if (row.outcome != RowOutcome::Added && row.outcome != RowOutcome::Changed)
+            continue;
+        if (const auto *line = std::get_if<Line>(&row.record))
+            model.lines.store(*line);
+        else
+            model.fields.store(std::get<Field>(row.record));
+    }
+}
+
+QByteArray refusedRows(const ImportPlan &plan)
+{
+    const QStringList header = csvHeader();
+    std::vector<QStringList> rows{header + QStringList(reasonColumn)};
+    std::vector<RowReader> readers(plan.headers.begin(), plan.headers.end());
+    for (const ImportRow &row : plan.rows) {
+        if (row.outcome != RowOutcome::Refused)
+            continue;
+        QStringList cells;
+        for (const QString &name : header)
+            cells += readers[row.file].cell(row.cells, name.toLatin1().constData());
+        if (cells.front().isEmpty())
+            cells.front() = std::holds_alternative<Line>(row.record) ? kindOf<Line> : kindOf<Field>;
+        rows.push_back(cells + QStringList(row.complaints.join(u' ')));
+    }
+    return writeCsv(rows);
+}
+
+} // namespace varnow

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "model/Column.h"
+#include "model/Field.h"
+#include "model/Line.h"
+
+#include <QStringList>
+
+#include <vector>
+
+// The columns of a record as files hold them. Identifiers stay with the database, and so do spare columns,
+// which nothing writes.
+
+namespace varnow {
+
+/// The column that tells what kind of record a row holds, and what it says there.
+inline constexpr QLatin1String kindColumn("Record");
+template <class Record> inline constexpr QLatin1String kindOf{};
+template <> inline constexpr QLatin1String kindOf<Line>{"Line"};
+template <> inline constexpr QLatin1String kindOf<Field>{"Field"};
+
+template <class Record> std::vector<Column<Record>> exchangedColumns()
+{
+    std::vector<Column<Record>> columns;
+    for (const Column<Record> &column : Record::columns()) {
+        if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
+            columns.push_back(column);
+    }
+    return columns;
+}
+
+/// The value of a record in a column, as text.
+template <class Record> QString textIn(const Column<Record> &column, const Record &record)
+{
+    if (const auto *text = std::get_if<QString Record::*>(&column.member))
+        return record.**text;
+    return QString::number(record.*std::get<int Record::*>(column.member));
+}
+
+} // namespace varnow

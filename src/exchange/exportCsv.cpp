@@ -1,0 +1,58 @@
+#include "exchange/exportCsv.h"
+
+#include "base/text.h"
+#include "exchange/columns.h"
+#include "exchange/csv.h"
+
+namespace varnow {
+
+namespace {
+
+template <class Record> void addNames(QStringList &header)
+{
+    for (const Column<Record> &column : exchangedColumns<Record>()) {
+        if (const QString name = QLatin1String(column.name); !header.contains(name))
+            header += name;
+    }
+}
+
+template <class Record>
+void addRows(const auto &table, const QString &configuration, const QStringList &header,
+             std::vector<QStringList> &rows)
+{
+    const auto columns = exchangedColumns<Record>();
+    std::vector<qsizetype> places;
+    for (const Column<Record> &column : columns)
+        places.push_back(header.indexOf(QLatin1String(column.name)));
+    for (const Record &record : table) {
+        if (trimmedView(record.configuration) != trimmedView(configuration))
+            continue;
+        QStringList row(header.size());
+        row.front() = kindOf<Record>;
+        auto place = places.begin();
+        for (const Column<Record> &column : columns)
+            row[*place++] = textIn(column, record);
+        rows.push_back(std::move(row));
+    }
+}
+
+} // namespace
+
+QStringList csvHeader()
+{
+    QStringList header(kindColumn);
+    addNames<Line>(header);
+    addNames<Field>(header);
+    return header;
+}
+
+QByteArray exportCsv(const Model &model, const QString &configuration)
+{
+    const QStringList header = csvHeader();
+    std::vector<QStringList> rows{header};
+    addRows<Line>(model.lines, configuration, header, rows);
+    addRows<Field>(model.fields, configuration, header, rows);
+    return writeCsv(rows);
+}
+
+} // namespace varnow
