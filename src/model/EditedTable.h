@@ -13,10 +13,14 @@ namespace varnow {
 /// was inserted there, nothing after that it was removed.
 template <class Record> struct Change
 {
+    /// Stands for the index of a row without a record.
+    static constexpr int noIndex = -1;
+
     int index;
     std::optional<Record> was;
     std::optional<Record> is;
-    int parkedId = 0; ///< of the row written for `is` that waits for deletion since the change was taken back
+    int parkedId = 0; ///< of the row written for `is` that waits for deletion since the change was taken
+                      ///< back, and of the row without a record that no longer waits since then
 };
 
 template <class Record> using Changes = std::vector<Change<Record>>;
@@ -66,11 +70,21 @@ public:
         note(index, std::move(record), {});
     }
 
+    /// Lets a row that no record here stands for wait for deletion.
+    void removeRow(Record row)
+    {
+        removed.push_back(row);
+        if (m_changes != nullptr)
+            m_changes->push_back({Change<Record>::noIndex, std::move(row), {}});
+    }
+
     /// Takes a change back. The table must stand as the change left it, but that saves may have come in
     /// between: rows written since then wait for deletion, rows deleted since then will be written anew.
     void undo(Change<Record> &change)
     {
-        if (!change.was) {
+        if (change.index == Change<Record>::noIndex) {
+            change.parkedId = stopWaiting(change.was->id) ? change.was->id : 0;
+        } else if (!change.was) {
             change.parkedId = park((*this)[change.index]);
             takeOut(change.index);
         } else if (!change.is) {
@@ -83,6 +97,11 @@ public:
     /// Makes a change again. The table must stand as the change found it, but for saves.
     void redo(const Change<Record> &change)
     {
+        if (change.index == Change<Record>::noIndex) {
+            if (change.parkedId > 0) // else its row is deleted, and another one may have its identifier
+                removed.push_back(*change.was);
+            return;
+        }
         if (change.was && !change.is) {
             remove(change.index);
             return;
@@ -202,9 +221,14 @@ private:
     /// The record whose row waits, or waited, for deletion: with its identifier while the row is there.
     Record unparked(Record record, int id)
     {
-        record.id =
-            std::erase_if(removed, [id](const Record &other) { return other.id == id; }) > 0 ? id : -1;
+        record.id = stopWaiting(id) ? id : -1;
         return record;
+    }
+
+    /// Takes a row from those that wait for deletion. Returns whether it waited.
+    bool stopWaiting(int id)
+    {
+        return std::erase_if(removed, [id](const Record &other) { return other.id == id; }) > 0;
     }
 
     void takeOut(int index)

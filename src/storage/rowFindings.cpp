@@ -1,0 +1,236 @@
+#include "storage/rowFindings.h"
+
+#include "storage/statements.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <tuple>
+
+namespace varnow {
+
+namespace {
+
+/// A row, as far as its key tells it.
+template <class Record> struct Row
+{
+    Record record;
+    bool isNullIndexed = false; ///< its name index or its line index is Null
+    bool isFoundBySave = true;  ///< a save finds it by its key, which is neither Null nor padded with blanks
+};
+
+/// The rows of one record.
+template <class Record> using Rows = std::vector<Row<Record>>;
+
+template <class Record> struct Names;
+
+template <> struct Names<Line>
+{
+    static constexpr auto kind = RecordKind::Line;
+    static constexpr QLatin1String name{"line"};
+    static constexpr QLatin1String what{"Looking through the rows of the lines"};
+    static const LineTable &tableOf(const Model &model) { return model.lines; }
+    static LineTable &tableOf(Model &model) { return model.lines; }
+};
+
+template <> struct Names<Field>
+{
+    static constexpr auto kind = RecordKind::Field;
+    static constexpr QLatin1String name{"field"};
+    static constexpr QLatin1String what{"Looking through the rows of the fields"};
+    static const FieldTable &tableOf(const Model &model) { return model.fields; }
+    static FieldTable &tableOf(Model &model) { return model.fields; }
+};
+
+bool belongsToRow(ColumnUse use)
+{
+    return use == ColumnUse::Identifier || use == ColumnUse::Key;
+}
+
+template <class Record> QString selectKeys()
+{
+    QStringList names;
+    for (const Column<Record> &column : Record::columns()) {
+        if (belongsToRow(column.use))
+            names += QLatin1String(column.name);
+    }
+    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + Table<Record>::name + " ORDER BY " +
+           Table<Record>::order + ';';
+}
+
+template <class Record> Row<Record> readRow(const db::ResultSet &rows)
+{
+    Row<Record> row;
+    int cell = 0;
+    for (const Column<Record> &column : Record::columns()) {
+        if (!belongsToRow(column.use))
+            continue;
+        const QVariant &value = rows.value(cell++);
+        const auto read = [&](auto member) {
+            readCell(value, ColumnReading::NullIsEmpty, row.record.*member);
+        };
+        std::visit(read, column.member);
+        if (const auto *text = std::get_if<QString Record::*>(&column.member)) {
+            row.isFoundBySave = row.isFoundBySave && !value.isNull() && value.toString() == row.record.**text;
+        } else if (column.use == ColumnUse::Key && value.isNull()) {
+            row.isNullIndexed = true;
+            row.isFoundBySave = false;
+        }
+    }
+    return row;
+}
+
+/// The rows of every record but those that wait for deletion, in the order in which they are loaded.
+template <class Record> std::vector<Rows<Record>> readRows(Run &run, const QSet<int> &waiting)
+{
+    std::vector<Rows<Record>> all;
+    QHash<RecordKey, std::size_t> known;
+    for (db::ResultSet rows = run.load(Names<Record>::what, selectKeys<Record>()); !rows.atEnd();
+         rows.moveNext()) {
+        Row<Record> row = readRow<Record>(rows);
+        if (waiting.contains(row.record.id))
+            continue;
+        auto index = known.find(keyOf(row.record));
+        if (index == known.end()) {
+            index = known.insert(keyOf(row.record), all.size());
+            all.emplace_back();
+        }
+        all[*index].push_back(std::move(row));
+    }
+    return all;
+}
+
+/// The row that a save is to write the record into; null when none has its key.
+template <class Record> const Row<Record> *rowToKeep(const Rows<Record> &rows, const Record &record)
+{
+    const auto rank = [&](const Row<Record> &row) {
+        return std::tuple(!row.isFoundBySave, row.record.id != record.id, row.record.id);
+    };
+    const Row<Record> *best = nullptr;
+    for (const Row<Record> &row : rows) {
+        if (haveSameRow(row.record, record) && (best == nullptr || rank(row) < rank(*best)))
+            best = &row;
+    }
+    return best;
+}
+
+QString standsElsewhere(const Line &, const Line &)
+{
+    return {};
+}
+
+QString standsElsewhere(const Field &row, const Field &field)
+{
+    if (row.line == field.line && row.lineIndex == field.lineIndex)
+        return {};
+    return QStringLiteral(
+               "keeps field %1 under line %2, while it stands under line %3 here. A save leaves it behind.")
+        .arg(nameOf(row), nameOf(row.line, row.lineIndex), nameOf(field.line, field.lineIndex));
+}
+
+template <class Record>
+RowFinding findingOf(const Row<Record> &row, FindingKind kind, const QString &text, Cure cure, int keptId = 0)
+{
+    const RecordReference record{Names<Record>::kind, keyOf(row.record)};
+    return {{kind, QStringLiteral("Row %1 ").arg(row.record.id) + text, record, cure}, row.record, keptId};
+}
+
+/// Looks through the rows of one record in memory.
+template <class Record>
+void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowFinding> &findings)
+{
+    const Row<Record> *kept = rowToKeep(rows, record);
+    const QString name = Names<Record>::name + ' ' + nameOf(record);
+    for (const Row<Record> &row : rows) {
+        if (&row == kept) {
+            if (row.isNullIndexed)
+                findings.push_back(findingOf(
+                    row, FindingKind::NullNameIndex,
+                    "of " + name +
+                        " has no name index or line index. A save does not find it and writes another row.",
+                    Cure::None));
+            continue;
+        }
+        QString text = standsElsewhere(row.record, record);
+        if (text.isEmpty() && kept != nullptr)
+            text = QStringLiteral("has the key of %1 as row %2 has. A save writes only one of them.")
+                       .arg(name)
+                       .arg(kept->record.id);
+        findings.push_back(findingOf(row, FindingKind::StrayRow, text, Cure::RemoveAtNextSave,
+                                     kept == nullptr ? 0 : kept->record.id));
+    }
+}
+
+template <class Record> void addFindings(Run &run, const Model &model, std::vector<RowFinding> &findings)
+{
+    const auto &table = Names<Record>::tableOf(model);
+    QSet<int> waiting;
+    for (const Record &record : table.removed)
+        waiting.insert(record.id);
+    for (const Rows<Record> &rows : readRows<Record>(run, waiting)) {
+        const RecordKey key = keyOf(rows.front().record);
+        const int index = table.find(key.configuration, key.name, key.nameIndex);
+        if (index >= 0)
+            checkRows(rows, table[index], findings);
+    }
+}
+
+/// Takes from the record that has the row's identifier what would keep the row from deletion: it gets that of
+/// the row that stays. One whose key another record has, too, goes itself, with its row. Returns whether it
+/// went.
+template <class Table, class Record> bool letGo(Table &table, const Record &row, int keptId)
+{
+    const auto owner = std::ranges::find(table, row.id, &Record::id);
+    if (owner == table.end())
+        return false;
+    const auto isTwin = [&](const Record &other) {
+        return &other != &*owner && keyOf(other) == keyOf(*owner);
+    };
+    const auto twin = std::ranges::find_if(table, isTwin);
+    if (twin == table.end()) {
+        table.giveIds([&](const Record &record) { return record.id == row.id ? keptId : record.id; });
+        return false;
+    }
+    const Record remaining = *twin;
+    table.remove(table.indexOf(*owner));
+    table.ledger.note({}, remaining); // the key is not gone
+    return true;
+}
+
+/// Whether the database tells the texts of a column apart by letter case: the empty result gives its
+/// collation to the letter.
+bool tellsLetterCaseApart(Run &run, QLatin1String table)
+{
+    const db::ResultSet rows = run.query(
+        QStringLiteral("SELECT COUNT(*) FROM (SELECT Name FROM %1 WHERE 1 = 0 UNION ALL SELECT 'a') "
+                       "AS probe WHERE Name = 'A';")
+            .arg(table));
+    return toLong(rows.value(0)) == 0;
+}
+
+} // namespace
+
+std::vector<RowFinding> findRows(Run &run, const Model &model)
+{
+    std::vector<RowFinding> findings;
+    addFindings<Line>(run, model, findings);
+    addFindings<Field>(run, model, findings);
+    return findings;
+}
+
+void removeAtNextSave(Model &model, const RowFinding &found)
+{
+    const auto remove = [&]<class Record>(const Record &row) {
+        auto &table = Names<Record>::tableOf(model);
+        if (!letGo(table, row, found.keptId))
+            table.removeRow(row);
+    };
+    std::visit(remove, found.row);
+}
+
+bool tellsLetterCaseApart(Run &run)
+{
+    return tellsLetterCaseApart(run, Table<Line>::name) && tellsLetterCaseApart(run, Table<Field>::name);
+}
+
+} // namespace varnow

@@ -1,0 +1,92 @@
+// Faults to catch: a row that hides behind another one and is not found, a cure that deletes the row to keep
+// or cannot be undone, a collation that is not the column's.
+
+#include "storage/rowFindings.h"
+
+#include "support/StorageFixture.h"
+
+namespace varnow::test {
+
+namespace {
+
+struct RowFindingsTest : StorageTest
+{
+    std::vector<RowFinding> find()
+    {
+        varnow::Run reading(settings, run);
+        return findRows(reading, model);
+    }
+
+    QStringList found()
+    {
+        QStringList texts;
+        for (const RowFinding &found : find())
+            texts += (found.finding.cure == Cure::RemoveAtNextSave ? "" : "no cure: ") + found.finding.text;
+        return texts;
+    }
+
+    QStringList ids(const QString &table) { return database.run("SELECT id FROM " + table + " ORDER BY id"); }
+
+    void removeAll()
+    {
+        for (const RowFinding &found : find()) {
+            const Editing editing(model);
+            if (found.finding.cure == Cure::RemoveAtNextSave)
+                removeAtNextSave(model, found);
+        }
+    }
+};
+
+} // namespace
+
+ON_EVERY_ENGINE(RowFindingsTest);
+
+TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
+{
+    database.run("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) VALUES "
+                 "(1, 'S', 'PID', 0, 1), (2, 'S', ' PID', 0, 2), (3, 'S', 'OBX', NULL, 3)");
+    database.run(
+        "INSERT INTO LabLineFieldConfig (id, Configuration, Name, NameIndex, Line, LineIndex, MsgIndex, "
+        "Position) VALUES (1, 'S', 'a', 0, 'PID', 0, 1, 1), (2, 'S', 'a', 0, 'PID', 0, 1, 2), "
+        "(3, 'S', 'b', 2, 'OBX', 0, 1, 3), (4, 'S', 'b', 2, 'PID', 0, 1, 4), "
+        "(5, 'S', 'c', 0, 'PID', 0, 1, 5), (6, 'S', 'c', NULL, 'PID', 0, 1, 6)");
+    ASSERT_EQ(load(), 0);
+    const QStringList expected{
+        "Row 2 has the key of line PID as row 1 has. A save writes only one of them.",
+        "no cure: Row 3 of line OBX has no name index or line index. A save does not find it and writes "
+        "another row.",
+        "Row 1 has the key of field a as row 2 has. A save writes only one of them.",
+        "Row 3 keeps field b(2) under line OBX, while it stands under line PID here. A save leaves it "
+        "behind.",
+        "Row 6 has the key of field c as row 5 has. A save writes only one of them.",
+    };
+    EXPECT_EQ(found(), expected);
+    removeAll();
+    EXPECT_EQ(found(), expected.mid(1, 1));
+    while (model.undoable())
+        model.undo();
+    EXPECT_EQ(found(), expected);
+    while (model.redoable())
+        model.redo();
+    ASSERT_EQ(save(), 0);
+    EXPECT_EQ(ids("LabLineConfig"), QStringList({"1", "3", "4"})); // the new one has a name index
+    EXPECT_EQ(ids("LabLineFieldConfig"), QStringList({"2", "4", "5"}));
+    EXPECT_FALSE(model.hasUnsavedChanges());
+
+    while (model.undoable())
+        model.undo();
+    while (model.redoable())
+        model.redo();
+    EXPECT_TRUE(fields.removed.empty()); // another row may have such an identifier by now
+}
+
+TEST_P(RowFindingsTest, AsksHowTheColumnsTellLetterCase)
+{
+    varnow::Run asking(settings, run);
+    EXPECT_TRUE(tellsLetterCaseApart(asking));
+    database.run("DROP TABLE LabLineFieldConfig");
+    database.run("CREATE TABLE LabLineFieldConfig (Name nvarchar(200) COLLATE NOCASE)");
+    EXPECT_FALSE(tellsLetterCaseApart(asking));
+}
+
+} // namespace varnow::test
