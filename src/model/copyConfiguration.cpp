@@ -1,0 +1,122 @@
+#include "model/copyConfiguration.h"
+
+#include "base/text.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace varnow {
+
+namespace {
+
+/// The records of a configuration, in table order.
+template <class Table> auto recordsOf(const Table &table, const QString &configuration)
+{
+    std::vector<std::decay_t<decltype(*table.begin())>> records;
+    for (const auto &record : table) {
+        if (record.configuration == configuration)
+            records.push_back(record);
+    }
+    return records;
+}
+
+template <class Table, class Record>
+bool hasKeyOf(const Table &table, const QString &configuration, const Record &record)
+{
+    return table.find(configuration, record.name, record.nameIndex) >= 0;
+}
+
+template <class Table> CopyCount count(const Table &table, const QString &source, const QString &target)
+{
+    CopyCount counted;
+    for (const auto &record : table) {
+        counted.target += record.configuration == trim(target);
+        if (record.configuration == trim(source)) {
+            ++counted.source;
+            counted.equal += hasKeyOf(table, trim(target), record);
+        }
+    }
+    return counted;
+}
+
+/// The records of the source that are to be stored in the target.
+template <class Table>
+auto copiesFor(const Table &table, const QString &source, const QString &target, EqualKeys equalKeys)
+{
+    auto copies = recordsOf(table, source);
+    if (equalKeys == EqualKeys::Skip)
+        std::erase_if(copies, [&](const auto &record) { return hasKeyOf(table, target, record); });
+    for (auto &copy : copies) {
+        copy.id = -1;
+        copy.configuration = target;
+    }
+    return copies;
+}
+
+/// Moves the copies behind the lines of the target that stay, where one of these is in their way.
+void makeWay(std::vector<Line> &copies, const LineTable &lines, const QString &target)
+{
+    QSet<RecordKey> copied;
+    for (const Line &copy : copies)
+        copied.insert(keyOf(copy));
+    QSet<int> taken;
+    qint64 greatest = 0;
+    for (const Line &line : recordsOf(lines, target)) {
+        if (!copied.contains(keyOf(line))) {
+            taken.insert(line.messageIndex);
+            greatest = std::max(greatest, qint64{line.messageIndex});
+        }
+    }
+    const auto isInTheWay = [&](const Line &copy) { return taken.contains(copy.messageIndex); };
+    if (std::ranges::none_of(copies, isInTheWay))
+        return;
+    constexpr qint64 most = std::numeric_limits<int>::max();
+    for (Line &copy : copies)
+        copy.messageIndex = static_cast<int>(std::min(copy.messageIndex + greatest, most));
+}
+
+} // namespace
+
+CopyCount countLinesToCopy(const Model &model, const QString &source, const QString &target)
+{
+    return count(model.lines, source, target);
+}
+
+CopyCount countFieldsToCopy(const Model &model, const QString &source, const QString &target)
+{
+    return count(model.fields, source, target);
+}
+
+void copyConfiguration(Model &model, const QString &source, const QString &target, EqualKeys equalKeys)
+{
+    const QString from = trim(source);
+    const QString to = trim(target);
+    if (from == to)
+        return;
+    std::vector<Line> lines = copiesFor(model.lines, from, to, equalKeys);
+    std::vector<Field> fields = copiesFor(model.fields, from, to, equalKeys);
+    makeWay(lines, model.lines, to);
+    for (Line &line : lines)
+        model.lines.store(std::move(line));
+
+    QHash<RecordKey, int> messageIndexes;
+    for (const Line &line : recordsOf(model.lines, to))
+        messageIndexes.insert(keyOf(line), line.messageIndex);
+    const auto messageIndexOf = [&](const Field &field) -> std::optional<int> {
+        const auto line = messageIndexes.find({field.configuration, field.line, field.lineIndex});
+        return line == messageIndexes.end() ? std::nullopt : std::optional(*line);
+    };
+    model.fields.changeMessageIndexes(messageIndexOf);
+    // A field goes before those of its place, so that of several at one place the first comes last.
+    std::ranges::reverse(fields);
+    std::ranges::stable_sort(fields, {}, &FieldOrder::placeOf);
+    for (Field &field : fields) {
+        field.messageIndex = messageIndexOf(field).value_or(field.messageIndex);
+        model.fields.store(std::move(field));
+    }
+}
+
+} // namespace varnow
