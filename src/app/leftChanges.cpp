@@ -2,7 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "model/LineChoice.h"
+#include "model/RecordReference.h"
 #include "ui/MessageBox.h"
 
 #include <QLocale>
@@ -38,7 +38,7 @@ template <class Entries> QStringList namesOf(const Entries &entries, const QStri
     QStringList names;
     for (const auto &entry : entries) {
         const auto &record = entry.record();
-        names += "  " + kind + ' ' + choiceOf(record.name, record.nameIndex) + " of " + record.configuration;
+        names += "  " + kind + ' ' + nameOf(record.name, record.nameIndex) + " of " + record.configuration;
     }
     return names;
 }

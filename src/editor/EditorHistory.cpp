@@ -4,6 +4,7 @@
 
 #include "base/names.h"
 #include "base/text.h"
+#include "editor/CheckWindow.h"
 #include "editor/UnsavedWindow.h"
 #include "ui/Application.h"
 
@@ -77,6 +78,8 @@ void EditorWindow::historyChanged()
     nameSteps();
     if (m_unsaved)
         m_unsaved->refill();
+    if (m_check)
+        m_check->refill();
 }
 
 bool EditorWindow::keepUnsavedChanges()
@@ -98,22 +101,32 @@ void EditorWindow::takeConflicts(const LeftChanges &conflicts)
     m_conflicts = conflicts;
 }
 
+/// Shows a record that another window names.
+void EditorWindow::showRecordOf(const QString &configuration, const RecordName &record)
+{
+    tellReplaced(replacing([&] {
+        if (trim(m_state.configuration()) != configuration)
+            m_configuration.setText(configuration);
+        showNode(record);
+    }));
+}
+
+/// Another window has changed records.
+void EditorWindow::tellEdited(const QString &sentence)
+{
+    m_fieldPage.listLines();
+    recordsChanged();
+    tell({sentence, {undoButton()}});
+}
+
 void EditorWindow::showUnsaved()
 {
     if (!m_unsaved) {
         m_unsaved = std::make_unique<UnsavedWindow>(m_state.model, m_conflicts);
         m_unsaved->onShow = [this](const QString &configuration, const RecordName &record) {
-            tellReplaced(replacing([&] {
-                if (trim(m_state.configuration()) != configuration)
-                    m_configuration.setText(configuration);
-                showNode(record);
-            }));
+            showRecordOf(configuration, record);
         };
-        m_unsaved->onEdited = [this](const QString &sentence) {
-            m_fieldPage.listLines();
-            recordsChanged();
-            tell({sentence, {undoButton()}});
-        };
+        m_unsaved->onEdited = [this](const QString &sentence) { tellEdited(sentence); };
     }
     m_unsaved->show();
 }

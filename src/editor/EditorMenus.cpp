@@ -2,6 +2,12 @@
 
 #include "editor/EditorWindow.h"
 
+#include "base/names.h"
+#include "base/text.h"
+#include "editor/CheckWindow.h"
+#include "editor/TargetWindow.h"
+#include "model/copyConfiguration.h"
+#include "ui/Application.h"
 #include "ui/MessageBox.h"
 
 namespace varnow {
@@ -11,11 +17,17 @@ void EditorWindow::addMenus()
     ui::Menu configuration = addMenu("Confi&guration");
     configuration.add("&Save", "Ctrl+S", [this] { save(); });
     configuration.add("&Reload", "Ctrl+R", [this] { reload(); });
+    configuration.add("&New…", "", [this] { showNew(); });
+    configuration.add("&Copy to…", "", [this] { copy(); });
+    configuration.add("Chec&k", "F8", [this] { showCheck(); });
     configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
     ui::Menu edit = addMenu("Ed&it");
     m_undo = edit.add("&Undo", "Ctrl+Z", [this] { undo(); }); // in an entry the key is the entry's own
     m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { redo(); });
     edit.add("Unsaved &changes…", "Ctrl+U", [this] { showUnsaved(); });
+    edit.add("&Find…", "Ctrl+F", [this] { m_findBar.open(); });
+    edit.add("Find &next", "F3", [this] { showMatch(1); });
+    edit.add("Find &previous", "Shift+F3", [this] { showMatch(-1); });
     addMenu("&View").add("&Data display", "F12", [this] { showDataDisplay(); });
     addMenu("Hel&p").add("&About Varnow", "", [this] { showAbout(); });
     nameSteps();
@@ -31,6 +43,62 @@ void EditorWindow::nameSteps()
     };
     name(*m_undo, "&Undo", m_state.model.undoable());
     name(*m_redo, "&Redo", m_state.model.redoable());
+}
+
+/// Shows a configuration that has no records yet; that it has none is nothing to tell of.
+void EditorWindow::showNew()
+{
+    tellProblems();
+    const std::optional<TargetWindow::Target> target =
+        TargetWindow(m_state, TargetWindow::Purpose::New).ask();
+    if (!target)
+        return;
+    showConfigurationSilently(target->configuration);
+    tell(
+        {"Configuration " + isolated(target->configuration) + " is shown. It is saved with its first line."});
+}
+
+void EditorWindow::copy()
+{
+    tellProblems();
+    const QString source = trim(m_state.configuration());
+    const std::optional<TargetWindow::Target> target =
+        TargetWindow(m_state, TargetWindow::Purpose::Copy).ask();
+    if (!target)
+        return;
+    const std::size_t steps = m_state.model.stepCount();
+    {
+        const ui::Hourglass hourglass;
+        const Editing editing(m_state.model, "copy of " + source + " to " + target->configuration);
+        copyConfiguration(m_state.model, source, target->configuration, target->equalKeys);
+    }
+    showConfigurationSilently(target->configuration);
+    const QString names = isolated(source) + " to " + isolated(target->configuration);
+    if (m_state.model.stepCount() == steps)
+        return tell({"Nothing was copied from " + names + '.'});
+    recordsChanged();
+    tell({"Copied " + names + "; it is not saved yet.", {undoButton()}});
+}
+
+/// Shows a configuration without a box about what it lacks.
+void EditorWindow::showConfigurationSilently(const QString &name)
+{
+    m_isSilent = true;
+    m_configuration.setText("");
+    m_configuration.setText(name);
+    m_isSilent = false;
+}
+
+void EditorWindow::showCheck()
+{
+    if (!m_check) {
+        m_check = std::make_unique<CheckWindow>(m_state);
+        m_check->onShow = [this](const QString &configuration, const RecordName &record) {
+            showRecordOf(configuration, record);
+        };
+        m_check->onEdited = [this](const QString &sentence) { tellEdited(sentence); };
+    }
+    m_check->show();
 }
 
 void EditorWindow::showAbout()

@@ -4,8 +4,9 @@
 #include "editor/EditorWindow.h"
 
 #include "base/names.h"
-#include "editor/LineChoice.h"
+#include "model/RecordReference.h"
 #include "model/differences.h"
+#include "model/findings.h"
 #include "ui/Application.h"
 
 #include <algorithm>
@@ -15,14 +16,14 @@ namespace varnow {
 
 namespace {
 
-template <class Record> QString nameOf(const Record &record)
+template <class Record> QString shownName(const Record &record)
 {
-    return isolated(choiceOf(record.name, record.nameIndex));
+    return isolated(nameOf(record));
 }
 
 QString lineNameOf(const Field &field)
 {
-    return isolated(choiceOf(field.line, field.lineIndex));
+    return isolated(nameOf(field.line, field.lineIndex));
 }
 
 QString placeOf(const Field &field)
@@ -44,7 +45,7 @@ QString counted(int count, const QString &one, const QString &many)
 /// What "added" and "changed" are for a field in a sentence.
 QString storedText(const Change<Field> &change)
 {
-    const QString name = "Field " + nameOf(*change.is);
+    const QString name = "Field " + shownName(*change.is);
     if (!change.was)
         return name + " added";
     const bool hasMoved =
@@ -84,7 +85,7 @@ void EditorWindow::tellStored(bool hasChanged)
 void EditorWindow::tellStoredLine(const Change<Line> &change)
 {
     const Line line = *change.is;
-    const QString name = nameOf(line);
+    const QString name = shownName(line);
     if (!change.was)
         return tell(
             {"Line " + name + QStringLiteral(" added with message index %1.").arg(line.messageIndex)});
@@ -106,12 +107,12 @@ void EditorWindow::tellStoredLine(const Change<Line> &change)
 void EditorWindow::moveFieldsOf(const Line &line)
 {
     {
-        const Editing editing(m_state.model, "move of the fields of " + choiceOf(line.name, line.nameIndex));
-        m_state.model.copyMessageIndexToFields(line);
+        const Editing editing(m_state.model, "move of the fields of " + nameOf(line));
+        moveFieldsToLine(m_state.model, keyOf(line));
     }
     recordsChanged();
     showNode({RecordName::Kind::Line, line.name, line.nameIndex});
-    tell({"The fields of line " + nameOf(line) +
+    tell({"The fields of line " + shownName(line) +
               QStringLiteral(" have message index %1 now.").arg(line.messageIndex),
           {undoButton()}});
 }
@@ -141,7 +142,7 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
     Field moved = field;
     moved.position = model.fields.nextPosition(field.configuration, field.line, field.lineIndex);
     const QString at = change.was ? ", and stands at " : " at ";
-    tell({stored + at + placeOf(field) + ", where " + nameOf(*inTheWay) +
+    tell({stored + at + placeOf(field) + ", where " + shownName(*inTheWay) +
               " already is; the tree shows only one of them.",
           {{"Move to " + placeOf(moved), [this, moved] { storeInstead(moved); }}}});
 }
@@ -157,7 +158,7 @@ void EditorWindow::tellMovedField(const Change<Field> &change)
         storeInstead(added);
     };
     tell({storedText(change) + ". Its row under " + lineNameOf(*change.was) + " stays in the database.",
-          {undoButton(), {"Add as " + choiceOf(added.name, added.nameIndex) + " instead", addInstead}}});
+          {undoButton(), {"Add as " + nameOf(added.name, added.nameIndex) + " instead", addInstead}}});
 }
 
 /// Stores a field in place of what the last Change stored.
@@ -176,9 +177,9 @@ void EditorWindow::storeInstead(const Field &field)
 void EditorWindow::tellRemoved(const EditStep &step)
 {
     if (step.lines.empty())
-        return tell({"Field " + nameOf(*step.fields.front().was) + " removed.", {undoButton()}});
+        return tell({"Field " + shownName(*step.fields.front().was) + " removed.", {undoButton()}});
     const bool hasRenumbered = step.lines.size() > 1;
-    tell({"Line " + nameOf(*step.lines.front().was) + " removed" +
+    tell({"Line " + shownName(*step.lines.front().was) + " removed" +
               (hasRenumbered ? ", the lines behind it renumbered." : "."),
           {undoButton()}});
 }
@@ -232,7 +233,7 @@ void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &senten
         return sentence.isEmpty() ? void() : tell({sentence});
     const std::optional<RecordName> &name = typed.front().record;
     const QString of =
-        name && !name->name.isEmpty() ? " for " + isolated(choiceOf(name->name, name->nameIndex)) : QString();
+        name && !name->name.isEmpty() ? " for " + isolated(nameOf(name->name, name->nameIndex)) : QString();
     tell({(sentence.isEmpty() ? QString() : sentence + ' ') + "The entries typed" + of + " were not stored.",
           {{"Bring them back", [this, typed] { bringBack(typed); }}}});
 }

@@ -2,6 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
+#include "editor/CheckWindow.h"
 #include "editor/RunWindow.h"
 #include "editor/UnsavedWindow.h"
 #include "listing/ListingWindow.h"
@@ -34,6 +35,9 @@ EditorWindow::EditorWindow(Session &session, Model &model)
     m_tree.setAccessibleName("Lines and fields");
     connectControls();
     addMenus();
+    m_findBar.onChange = [this] { find(); };
+    m_findBar.onNext = [this] { showMatch(1); };
+    m_findBar.onPrevious = [this] { showMatch(-1); };
     arrangeFocus();
 }
 
@@ -283,7 +287,7 @@ void EditorWindow::switchConfiguration()
     m_treeHasBoxes = rebuildTree(isTyped ? RecordTree::Boxes::HeldBack : RecordTree::Boxes::Shown);
     m_tree.showFirst();
     const auto take = [this](const std::optional<ui::MessageBox> &problem) {
-        if (problem)
+        if (problem && !m_isSilent)
             m_problems.push_back(*problem);
     };
     tellReplaced(replacing([&] {

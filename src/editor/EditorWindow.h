@@ -4,10 +4,12 @@
 #include "editor/FieldPage.h"
 #include "editor/LinePage.h"
 #include "editor/RecordTree.h"
+#include "model/search.h"
 #include "storage/recovery.h"
 #include "storage/save.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
+#include "ui/FindBar.h"
 #include "ui/Label.h"
 #include "ui/NoticeBar.h"
 #include "ui/TabControl.h"
@@ -19,6 +21,7 @@
 
 namespace varnow {
 
+class CheckWindow;
 class ListingWindow;
 class UnsavedWindow;
 
@@ -87,6 +90,14 @@ private:
     void recordsChanged();
     void historyChanged();
     void showUnsaved();
+    void showRecordOf(const QString &configuration, const RecordName &record);
+    void tellEdited(const QString &sentence);
+    void find();
+    void showMatch(int step);
+    void showNew();
+    void copy();
+    void showConfigurationSilently(const QString &name);
+    void showCheck();
     void moveFieldsOf(const Line &line);
     void storeInstead(const Field &field);
 
@@ -132,6 +143,10 @@ private:
     ui::NoticeBar m_noticeBar{*this};
     ui::Notice m_notice; // shown there
 
+    ui::FindBar m_findBar{*this};
+    std::vector<RecordReference> m_found;
+    int m_shownMatch = -1; // index into what was found
+
     // What is to be told of the shown configuration as soon as it is no longer being typed.
     bool m_treeHasBoxes = false;
     std::vector<ui::MessageBox> m_problems;
@@ -144,6 +159,8 @@ private:
     bool m_isGivenUp = false;     // the user said No to saving, and has changed nothing since
     LeftChanges m_conflicts;
     std::unique_ptr<UnsavedWindow> m_unsaved;
+    std::unique_ptr<CheckWindow> m_check;
+    bool m_isSilent = false;           // a configuration is shown that may be empty
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;
 };

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "editor/DataCheck.h"
 #include "editor/LinePage.h"
+#include "model/RecordReference.h"
 #include "storage/catalogue.h"
 
 #include <algorithm>
@@ -183,7 +184,7 @@ void FieldPage::listLines()
     for (const Line &line : m_state.model.lines) {
         if (trimmedView(line.configuration) != configuration)
             continue;
-        m_line.setItemData(m_line.addItem(choiceOf(trim(line.name), line.nameIndex)), line.messageIndex);
+        m_line.setItemData(m_line.addItem(nameOf(trim(line.name), line.nameIndex)), line.messageIndex);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "editor/DataCheck.h"
+#include "model/RecordReference.h"
 #include "model/entries.h"
 
 #include <algorithm>
@@ -101,7 +102,7 @@ std::optional<QString> LinePage::store()
 QString LinePage::lineChoice() const
 {
     const std::optional<RecordName> line = namedRecord();
-    return line ? choiceOf(line->name, line->nameIndex) : QString();
+    return line ? nameOf(line->name, line->nameIndex) : QString();
 }
 
 std::optional<RecordName> LinePage::namedRecord() const

@@ -1,7 +1,7 @@
 #include "editor/UnsavedWindow.h"
 
 #include "base/names.h"
-#include "editor/LineChoice.h"
+#include "model/RecordReference.h"
 #include "model/differences.h"
 
 #include <algorithm>
@@ -30,13 +30,13 @@ QString kindText(ChangeKind kind)
 
 QString recordText(const Line &line)
 {
-    return "Line " + isolated(choiceOf(line.name, line.nameIndex));
+    return "Line " + isolated(nameOf(line.name, line.nameIndex));
 }
 
 QString recordText(const Field &field)
 {
-    return "Field " + isolated(choiceOf(field.name, field.nameIndex)) + " of " +
-           isolated(choiceOf(field.line, field.lineIndex));
+    return "Field " + isolated(nameOf(field.name, field.nameIndex)) + " of " +
+           isolated(nameOf(field.line, field.lineIndex));
 }
 
 template <class Entry> QString detailsOf(const Entry &entry)
@@ -58,12 +58,12 @@ auto placeOf(const Field &field)
                       field.nameIndex);
 }
 
-RecordName nameOf(const Line &line)
+RecordName treeNameOf(const Line &line)
 {
     return {RecordName::Kind::Line, line.name, line.nameIndex};
 }
 
-RecordName nameOf(const Field &field)
+RecordName treeNameOf(const Field &field)
 {
     return {RecordName::Kind::Field, field.name, field.nameIndex};
 }
@@ -190,8 +190,9 @@ void UnsavedWindow::takeOver()
 
 void UnsavedWindow::showRecordOf(int row)
 {
-    std::visit([this](const auto &entry) { onShow(entry.record().configuration, nameOf(entry.record())); },
-               m_rows[static_cast<std::size_t>(row)].entry);
+    std::visit(
+        [this](const auto &entry) { onShow(entry.record().configuration, treeNameOf(entry.record())); },
+        m_rows[static_cast<std::size_t>(row)].entry);
 }
 
 } // namespace varnow

@@ -18,9 +18,4 @@ LineChoice parseLineChoice(const QString &text)
     return choice;
 }
 
-QString choiceOf(const QString &name, int nameIndex)
-{
-    return nameIndex > 0 ? name + QStringLiteral("(%1)").arg(nameIndex) : name;
-}
-
 } // namespace varnow

@@ -15,7 +15,4 @@ struct LineChoice
 
 LineChoice parseLineChoice(const QString &text);
 
-/// A line as it stands in the list: its name, with the name index in parentheses where that is above 0.
-QString choiceOf(const QString &name, int nameIndex);
-
 } // namespace varnow

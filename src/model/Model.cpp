@@ -68,15 +68,6 @@ void Model::copyMessageIndexesToFields()
     });
 }
 
-void Model::copyMessageIndexToFields(const Line &line)
-{
-    fields.changeMessageIndexes([&](const Field &field) {
-        const bool isOwn = field.lineIndex == line.nameIndex && field.line == line.name &&
-                           field.configuration == line.configuration;
-        return isOwn ? std::optional(line.messageIndex) : std::nullopt;
-    });
-}
-
 void Model::takeBack(const Ledger<Line>::Entry &entry)
 {
     varnow::takeBack(lines, entry);

@@ -31,9 +31,6 @@ public:
     /// Copies every line's message index into its fields. Fields without a line keep theirs.
     void copyMessageIndexesToFields();
 
-    /// The same for the fields of one line.
-    void copyMessageIndexToFields(const Line &line);
-
     /// Makes a record what its row holds again.
     void takeBack(const Ledger<Line>::Entry &entry);
     void takeBack(const Ledger<Field>::Entry &entry);

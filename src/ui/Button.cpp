@@ -44,6 +44,11 @@ CommandButton::CommandButton(Container &parent, const QString &name, const QStri
     QObject::connect(button, &QPushButton::clicked, button, clickForwarder(this));
 }
 
+void CommandButton::setCaption(const QString &caption)
+{
+    static_cast<QPushButton *>(widget())->setText(caption);
+}
+
 void CommandButton::setDefault()
 {
     widget()->setProperty("acceptsEnter", true);

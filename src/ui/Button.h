@@ -14,6 +14,8 @@ public:
 
     std::function<void()> onClick;
 
+    void setCaption(const QString &caption);
+
     /// Makes Enter, pressed anywhere in the window, click this button.
     void setDefault();
     /// Makes Escape, pressed anywhere in the window, click this button.

@@ -1,6 +1,7 @@
 // What the notice bar says, what its buttons cure, and what the window of unsaved changes takes back.
 
 #include "editor/EditorTest.h"
+#include "model/RecordReference.h"
 
 #include "base/names.h"
 
@@ -52,7 +53,7 @@ struct NoticeTest : EditorTest
     QString lineOf(const QString &field, int nameIndex = 0) const
     {
         const int index = fields.find("Standard", field, nameIndex);
-        return index < 0 ? "none" : choiceOf(fields[index].line, fields[index].lineIndex);
+        return index < 0 ? "none" : nameOf(fields[index].line, fields[index].lineIndex);
     }
 };
 

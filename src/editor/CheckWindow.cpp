@@ -1,0 +1,164 @@
+#include "editor/CheckWindow.h"
+
+#include "base/guarded.h"
+#include "base/names.h"
+#include "base/text.h"
+#include "editor/RunWindow.h"
+#include "storage/Run.h"
+#include "storage/catalogue.h"
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace varnow {
+
+namespace {
+
+constexpr float margin = 120;
+constexpr float minimumWidth = 6000;
+constexpr float minimumHeight = 3000;
+
+QString cureText(Cure cure)
+{
+    switch (cure) {
+    case Cure::None:
+        return "&Cure";
+    case Cure::MoveItsFields:
+        return "&Move its fields";
+    case Cure::RemoveAtNextSave:
+        return "&Remove at the next save";
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+CheckWindow::CheckWindow(EditorState &state) : ui::Window("check", "Check", 9000, 4800), m_state(state)
+{
+    m_list.setAccessibleName("Findings");
+    setFocusOrder({&m_list, &m_all, &m_cure, &m_again, &m_close});
+    m_close.setCancel();
+    onLoad = [this] {
+        askDatabase();
+        addRows();
+    };
+    onResize = [this] { layOut(); };
+    m_all.onClick = [this] { addRows(); };
+    m_list.onSelect = [this] { followSelection(); };
+    m_list.onActivate = [this](int item) { showRecordOf(item); };
+    m_cure.onClick = [this] { cure(); };
+    m_again.onClick = [this] {
+        askDatabase();
+        addRows();
+    };
+    m_close.onClick = [this] { unload(); };
+}
+
+void CheckWindow::layOut()
+{
+    if (isMinimised())
+        return;
+    enforceMinimumSize(minimumWidth, minimumHeight);
+    const float top = innerHeight() - (m_close.height() + margin);
+    m_close.move(innerWidth() - (m_close.width() + margin), top);
+    m_cure.move({margin, top, 2300, m_close.height()});
+    m_again.move(m_cure.left() + m_cure.width(), top);
+    m_list.move({margin, 525, innerWidth() - 2 * margin, top - margin - 525});
+}
+
+/// Asks for what only the database knows. A failure is told, and what memory knows is listed none the less.
+void CheckWindow::askDatabase()
+{
+    const ui::Hourglass hourglass;
+    const db::ConnectionSettings &database = m_state.session.configurationDatabase;
+    m_rows.clear();
+    m_dataFieldNames.clear();
+    const auto ask = [&] {
+        RunWindow window;
+        Run run(database, window);
+        m_tellsLetterCaseApart = tellsLetterCaseApart(run);
+        m_rows = findRows(run, m_state.model);
+        return QString();
+    };
+    const QString failure = guarded(ask, [](const RuntimeError &error) {
+        return QStringLiteral("The database could not be asked about its rows.") + lineBreak +
+               QStringLiteral("Error: %1").arg(error.number()) + lineBreak + error.description();
+    });
+    if (!failure.isEmpty()) {
+        ui::show({failure, "Check", ui::Icon::Critical});
+        return;
+    }
+    for (const QString &name : m_state.session.configurationNames) {
+        const DataFieldNames found = loadDataFieldNames(database, name);
+        if (found.outcome == DataFieldNames::Outcome::Complete)
+            m_dataFieldNames.insert(name, found.names);
+    }
+}
+
+void CheckWindow::refill()
+{
+    if (isLoaded())
+        addRows();
+}
+
+void CheckWindow::addRows()
+{
+    const QString shown = trim(m_state.configuration());
+    const std::optional<QString> configuration = m_all.isTicked() ? std::nullopt : std::optional(shown);
+    m_items.clear();
+    for (const Finding &finding : findingsIn(
+             m_state.model, {m_state.session.configurationNames, m_dataFieldNames, m_tellsLetterCaseApart},
+             configuration))
+        m_items.push_back({finding, {}});
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (!configuration || m_rows[i].finding.record.key.configuration == *configuration)
+            m_items.push_back({m_rows[i].finding, i});
+    }
+    std::vector<QStringList> texts;
+    for (const Item &item : m_items)
+        texts.push_back({isolated(item.finding.record.key.configuration), item.finding.text});
+    m_result.setCaption(m_items.empty()       ? QStringLiteral("Nothing found.")
+                        : m_items.size() == 1 ? QStringLiteral("1 finding")
+                                              : QStringLiteral("%1 findings").arg(m_items.size()));
+    m_list.setRows(std::move(texts));
+}
+
+/// The button names the cure of the one finding that is selected.
+void CheckWindow::followSelection()
+{
+    const std::vector<int> selected = m_list.selectedRows();
+    const Cure cure =
+        selected.size() == 1 ? m_items[static_cast<std::size_t>(selected.front())].finding.cure : Cure::None;
+    m_cure.setCaption(cureText(cure));
+    m_cure.setEnabled(cure != Cure::None);
+}
+
+void CheckWindow::cure()
+{
+    const Item item = m_items[static_cast<std::size_t>(m_list.selectedRows().front())];
+    const bool isRow = item.row.has_value();
+    {
+        const Editing editing(m_state.model, isRow ? QStringLiteral("removal of a row") : QString());
+        if (isRow)
+            removeAtNextSave(m_state.model, m_rows[*item.row]);
+        else
+            moveFieldsToLine(m_state.model, item.finding.line);
+    }
+    if (isRow)
+        m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(*item.row));
+    onEdited(isRow ? QStringLiteral("The row will be removed at the next save.")
+                   : "The fields of line " + isolated(nameOf(item.finding.line)) +
+                         " have its message index now.");
+}
+
+void CheckWindow::showRecordOf(int item)
+{
+    const RecordReference &record = m_items[static_cast<std::size_t>(item)].finding.record;
+    const bool isLine = record.kind == RecordKind::Line;
+    onShow(record.key.configuration, {isLine ? RecordName::Kind::Line : RecordName::Kind::Field,
+                                      record.key.name, record.key.nameIndex});
+}
+
+} // namespace varnow

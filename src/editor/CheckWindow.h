@@ -1,0 +1,60 @@
+#pragma once
+
+#include "editor/EditorState.h"
+#include "editor/RecordTree.h"
+#include "storage/rowFindings.h"
+#include "ui/Button.h"
+#include "ui/Label.h"
+#include "ui/Table.h"
+#include "ui/Window.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace varnow {
+
+/// Lists what is wrong with the records, in memory and in the database. Sizes in twips.
+class CheckWindow : public ui::Window
+{
+public:
+    explicit CheckWindow(EditorState &state);
+
+    /// The user wants to see a record in the editor.
+    std::function<void(const QString &configuration, const RecordName &record)> onShow;
+    /// Records were changed; the sentence tells how.
+    std::function<void(const QString &sentence)> onEdited;
+
+    /// Checks what is in memory anew, if the window is open.
+    void refill();
+
+private:
+    /// A row of the list; one of the database where `row` is set.
+    struct Item
+    {
+        Finding finding;
+        std::optional<std::size_t> row; ///< index into what the database told
+    };
+
+    void layOut();
+    void askDatabase();
+    void addRows();
+    void showRecordOf(int item);
+    void followSelection();
+    void cure();
+
+    EditorState &m_state;
+    std::vector<RowFinding> m_rows;
+    bool m_tellsLetterCaseApart = true;
+    QHash<QString, QStringList> m_dataFieldNames;
+    std::vector<Item> m_items;
+
+    ui::CheckBox m_all{*this, "allConfigurations", "&All configurations", {120, 120, 3000, 285}};
+    ui::Label m_result{*this, "result", "", {3300, 165, 5500, 195}};
+    ui::Table m_list{*this, "findings", {"Configuration", "Finding"}, {120, 525, 8760, 3600}};
+    ui::CommandButton m_cure{*this, "cure", "&Cure", {0, 0, 1515, 600}};
+    ui::CommandButton m_again{*this, "again", "Chec&k again", {0, 0, 1515, 600}};
+    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+};
+
+} // namespace varnow

@@ -1,0 +1,69 @@
+#include "editor/TargetWindow.h"
+
+#include "base/text.h"
+
+namespace varnow {
+
+namespace {
+
+QString counts(int lines, int fields)
+{
+    return QString::number(lines) + (lines == 1 ? " line and " : " lines and ") + QString::number(fields) +
+           (fields == 1 ? " field" : " fields");
+}
+
+} // namespace
+
+TargetWindow::TargetWindow(const EditorState &state, Purpose purpose)
+    : ui::Window("target", purpose == Purpose::New ? "New Configuration" : "Copy Configuration", 5520, 1870,
+                 Border::FixedDialog)
+    , m_state(state)
+    , m_purpose(purpose)
+{
+    for (const QString &name : state.session.configurationNames)
+        m_name.addItem(name);
+    if (purpose == Purpose::Copy)
+        m_accept.setCaption("&Replace");
+    m_skip.setEnabled(purpose == Purpose::Copy);
+    m_accept.setDefault();
+    m_cancel.setCancel();
+    setFocusOrder({&m_name, &m_accept, &m_skip, &m_cancel});
+    m_name.onChange = m_name.onClick = [this] { followName(); };
+    m_accept.onClick = [this] { accept(EqualKeys::Replace); };
+    m_skip.onClick = [this] { accept(EqualKeys::Skip); };
+    m_cancel.onClick = [this] { unload(); };
+    followName();
+}
+
+std::optional<TargetWindow::Target> TargetWindow::ask()
+{
+    showModal();
+    return m_target;
+}
+
+/// Counts what the named configuration holds.
+void TargetWindow::followName()
+{
+    const QString target = trim(m_name.text());
+    const QString source = trim(m_state.configuration());
+    const bool isItself = m_purpose == Purpose::Copy && target == source;
+    m_accept.setEnabled(!target.isEmpty() && !isItself);
+    m_skip.setEnabled(m_purpose == Purpose::Copy && m_accept.isEnabled());
+    const CopyCount lines = countLinesToCopy(m_state.model, source, target);
+    const CopyCount fields = countFieldsToCopy(m_state.model, source, target);
+    m_holds.setCaption(target.isEmpty() ? QString()
+                       : isItself       ? QStringLiteral("This is the configuration that is copied.")
+                                        : "It holds " + counts(lines.target, fields.target) + '.');
+    m_equal.setCaption(m_skip.isEnabled() && lines.equal + fields.equal > 0
+                           ? "Replace or skip " + counts(lines.equal, fields.equal) +
+                                 " of equal name and index?"
+                           : QString());
+}
+
+void TargetWindow::accept(EqualKeys equalKeys)
+{
+    m_target = {trim(m_name.text()), equalKeys};
+    unload();
+}
+
+} // namespace varnow
