@@ -21,9 +21,9 @@ void addRows(const auto &table, const QString &configuration, const QStringList 
              std::vector<QStringList> &rows)
 {
     const auto columns = exchangedColumns<Record>();
-    std::vector<qsizetype> places;
+    QList<qsizetype> places;
     for (const Column<Record> &column : columns)
-        places.push_back(header.indexOf(QLatin1String(column.name)));
+        places.append(header.indexOf(QLatin1String(column.name)));
     for (const Record &record : table) {
         if (trimmedView(record.configuration) != trimmedView(configuration))
             continue;

@@ -9,7 +9,7 @@ namespace varnow {
 
 namespace {
 
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = 1'048'576;
 constexpr qint64 mostMegabytes = 32; // a hundred thousand fields take half of it
 
 } // namespace
