@@ -58,6 +58,12 @@ public:
         return secondsUntilShown([&] { m_user.click(QString::fromLatin1(button)); });
     }
 
+    /// Writes what is unsaved to disk, as the editor does within a second of a change.
+    double keep()
+    {
+        return seconds([this] { m_editor.keepUnsavedChanges(); });
+    }
+
     /// Clicks the node; bringing it into view is not counted.
     double clickNode(const QString &text)
     {
@@ -182,6 +188,22 @@ void nodeBesideRebuild(benchmark::State &state, Size size, double atMost)
     sideBySide(state, atMost, click, [&] { return editor.rebuild(); });
 }
 
+/// A change until it is in the file that outlives a crash, beside the change alone.
+void keptChangeBesideChange(benchmark::State &state)
+{
+    OpenEditor editor(manyConfigurations);
+    editor.typeNewField();
+    double change = 0;
+    const auto changeAndKeep = [&] {
+        change = editor.click("change");
+        const double kept = change + editor.keep();
+        editor.click("delete");
+        editor.keep();
+        return kept;
+    };
+    sideBySide(state, 1.3, changeAndKeep, [&] { return change; });
+}
+
 void addEntryRow(const char *name, Size size, void (OpenEditor::*type)(), bool measuresChange, double atMost)
 {
     addRow(name, "s", 9,
@@ -206,6 +228,8 @@ void addEditorRows()
                 &OpenEditor::typeNewLine, false, 2);
     addEntryRow("Delete of a field, 100,000 fields in memory | rebuild", manyConfigurations,
                 &OpenEditor::typeNewField, false, 2);
+    addRow("Change of a field until it is on disk, 100,000 fields | Change alone", "s", 9,
+           keptChangeBesideChange);
     addRow("click of a node, 100,000 fields in memory | rebuild", "s", 9,
            [](benchmark::State &state) { nodeBesideRebuild(state, manyConfigurations, 2); });
 }

@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "model/Ledger.h"
-#include "model/LineChoice.h"
+#include "model/RecordReference.h"
 
 #include <QLocale>
 
@@ -70,7 +70,7 @@ QString tableOf(const std::vector<Field> &fields, bool hasFixedLength)
     QString html =
         "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\" width=\"100%\">\n" + row(header, "th");
     for (const Field &field : fields) {
-        QStringList cells{QString::number(field.position), choiceOf(field.name, field.nameIndex),
+        QStringList cells{QString::number(field.position), nameOf(field.name, field.nameIndex),
                           field.lookup, field.format, field.constant};
         if (hasFixedLength && field.fixedLength == 0)
             cells += {"", "", ""};
@@ -87,7 +87,7 @@ QString tableOf(const std::vector<Field> &fields, bool hasFixedLength)
 QString sectionOf(const Line &line, const std::vector<Field> &fields, const PictureOf &pictureOf)
 {
     QString html = "<h2>" + QString::number(line.messageIndex) + ". " +
-                   escaped(choiceOf(line.name, line.nameIndex)) + "</h2>\n";
+                   escaped(nameOf(line.name, line.nameIndex)) + "</h2>\n";
     if (fields.empty())
         return html + "<p>This line has no fields.</p>\n";
     const bool hasFixedLength = std::ranges::any_of(

@@ -59,7 +59,7 @@ public:
         m_sentence->setObjectName(QStringLiteral("noticeSentence"));
         auto *row = new QHBoxLayout(this);
         row->setContentsMargins(8, 1, 8, 1);
-        row->addWidget(m_sentence);
+        row->addWidget(m_sentence, 1);
         for (std::size_t i = 0; i < m_buttons.size(); ++i) {
             QPushButton *button = m_buttons[i] = makePushButton({}, this);
             button->setObjectName(QStringLiteral("noticeButton%1").arg(i + 1));
