@@ -1,0 +1,397 @@
+#include "ui/BarChart.h"
+
+#include <QAbstractScrollArea>
+#include <QAccessibleWidget>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace varnow::ui {
+
+namespace {
+
+constexpr double leastZoom = 1.0 / 64;
+constexpr double greatestZoom = 16;
+constexpr double zoomStep = 1.25;
+constexpr int margin = 8; // around the picture, in pixels
+
+} // namespace
+
+class BarChart::Widget : public QAbstractScrollArea
+{
+public:
+    explicit Widget(QWidget *parent);
+
+    std::function<void(int bar)> clicked = [](int) {};
+
+    const BarPicture &picture() const { return m_picture; }
+    int count() const { return static_cast<int>(m_picture.bars().size()); }
+    int current() const { return m_current; }
+    double zoom() const { return m_zoom; }
+
+    void setBars(std::vector<Bar> bars)
+    {
+        m_current = none;
+        remake(std::move(bars));
+    }
+
+    void setCurrent(int bar);
+
+    /// Zooms so that what is at `x` of the viewport stays there.
+    void setZoom(double zoom, double x)
+    {
+        const double ratio = std::clamp(zoom, leastZoom, greatestZoom) / m_zoom;
+        const double at = x + horizontalScrollBar()->value() - margin;
+        m_zoom *= ratio;
+        remake(m_picture.bars());
+        horizontalScrollBar()->setValue(qRound(at * ratio - x) + margin);
+    }
+
+    QRect placeOf(int bar) const { return m_picture.rectOf(bar).translated(-origin()).toAlignedRect(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+
+    void resizeEvent(QResizeEvent *) override { measure(); }
+
+    void changeEvent(QEvent *event) override
+    {
+        QAbstractScrollArea::changeEvent(event);
+        if (event->type() == QEvent::FontChange)
+            remake(m_picture.bars());
+        else if (event->type() == QEvent::PaletteChange)
+            viewport()->update();
+    }
+
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QAbstractScrollArea::focusInEvent(event);
+        viewport()->update();
+        tellCurrent();
+    }
+
+    void focusOutEvent(QFocusEvent *event) override
+    {
+        QAbstractScrollArea::focusOutEvent(event);
+        viewport()->update();
+    }
+
+private:
+    /// The picture's coordinates of the viewport's corner.
+    QPointF origin() const
+    {
+        return {static_cast<double>(horizontalScrollBar()->value() - margin),
+                static_cast<double>(verticalScrollBar()->value() - margin)};
+    }
+
+    int barAt(QPointF point) const { return m_picture.barAt(point + origin()); }
+
+    void remake(std::vector<Bar> bars)
+    {
+        m_picture = BarPicture(std::move(bars), font(), m_zoom);
+        m_order.resize(m_picture.bars().size());
+        std::iota(m_order.begin(), m_order.end(), 0);
+        std::ranges::stable_sort(
+            m_order, {}, [this](int bar) { return m_picture.bars()[static_cast<std::size_t>(bar)].start; });
+        measure();
+        viewport()->update();
+    }
+
+    void measure();
+    void walk(int steps);
+    void tellCurrent();
+
+    double m_zoom = 1;
+    BarPicture m_picture{{}, font(), 1};
+    std::vector<int> m_order; ///< bars by start, as the arrow keys walk them
+    int m_current = none;
+};
+
+/// What assistive tools see: a list of bars, the current one with the focus.
+class BarChart::Accessible : public QAccessibleWidget
+{
+public:
+    explicit Accessible(Widget *chart) : QAccessibleWidget(chart, QAccessible::List), m_chart(*chart) {}
+
+    ~Accessible() override
+    {
+        for (const QAccessible::Id id : m_items)
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+    static QAccessibleInterface *make(const QString &, QObject *object)
+    {
+        auto *chart = dynamic_cast<Widget *>(object);
+        return chart == nullptr ? nullptr : new Accessible(chart);
+    }
+
+    int childCount() const override { return m_chart.count(); }
+    QAccessibleInterface *child(int index) const override;
+    QAccessibleInterface *focusChild() const override { return child(m_chart.current()); }
+    int indexOfChild(const QAccessibleInterface *child) const override;
+
+private:
+    class Item;
+
+    Widget &m_chart;
+    mutable std::vector<QAccessible::Id> m_items; // made when they are asked for, of the first bars
+};
+
+class BarChart::Accessible::Item : public QAccessibleInterface
+{
+public:
+    Item(Widget &chart, int bar) : m_chart(chart), m_bar(bar) {}
+
+    int bar() const { return m_bar; }
+
+    bool isValid() const override { return m_bar < m_chart.count(); }
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override { return m_chart.window()->windowHandle(); }
+    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(&m_chart); }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    void setText(QAccessible::Text, const QString &) override {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return isValid() && kind == QAccessible::Name
+                   ? textOf(m_chart.picture().bars()[static_cast<std::size_t>(m_bar)])
+                   : QString();
+    }
+
+    QRect rect() const override
+    {
+        if (!isValid())
+            return {};
+        const QRect place = m_chart.placeOf(m_bar);
+        return {m_chart.viewport()->mapToGlobal(place.topLeft()), place.size()};
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        const bool isCurrent = m_bar == m_chart.current();
+        state.focusable = state.selectable = true;
+        state.selected = isCurrent;
+        state.focused = isCurrent && m_chart.hasFocus();
+        return state;
+    }
+
+private:
+    Widget &m_chart;
+    int m_bar;
+};
+
+QAccessibleInterface *BarChart::Accessible::child(int index) const
+{
+    if (index < 0 || index >= m_chart.count())
+        return nullptr;
+    while (static_cast<int>(m_items.size()) <= index)
+        m_items.push_back(
+            QAccessible::registerAccessibleInterface(new Item(m_chart, static_cast<int>(m_items.size()))));
+    return QAccessible::accessibleInterface(m_items[static_cast<std::size_t>(index)]);
+}
+
+int BarChart::Accessible::indexOfChild(const QAccessibleInterface *child) const
+{
+    const auto *item = dynamic_cast<const Item *>(child);
+    return item == nullptr ? -1 : item->bar();
+}
+
+BarChart::Widget::Widget(QWidget *parent) : QAbstractScrollArea(parent)
+{
+    QAccessible::installFactory(&Accessible::make); // once, however often it is called
+    setFocusPolicy(Qt::StrongFocus);
+    viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setAutoFillBackground(true);
+}
+
+void BarChart::Widget::setCurrent(int bar)
+{
+    m_current = bar >= 0 && bar < count() ? bar : none;
+    viewport()->update();
+    if (m_current == none)
+        return;
+    const QRect place = placeOf(m_current);
+    const auto bringIn = [](QScrollBar &scrollBar, int from, int to, int room) {
+        if (from < 0 || to - from > room)
+            scrollBar.setValue(scrollBar.value() + from - margin);
+        else if (to > room)
+            scrollBar.setValue(scrollBar.value() + to - room + margin);
+    };
+    bringIn(*horizontalScrollBar(), place.left(), place.right(), viewport()->width());
+    bringIn(*verticalScrollBar(), place.top(), place.bottom(), viewport()->height());
+    tellCurrent();
+}
+
+/// Tells assistive tools that the current bar has the focus.
+void BarChart::Widget::tellCurrent()
+{
+    if (m_current == none || !hasFocus())
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    event.setChild(m_current);
+    QAccessible::updateAccessibility(&event);
+}
+
+/// Makes the scroll bars fit the picture.
+void BarChart::Widget::measure()
+{
+    const QSize size = m_picture.size().toSize() + QSize(2 * margin, 2 * margin);
+    const auto fit = [](QScrollBar &scrollBar, int whole, int room, int step) {
+        scrollBar.setRange(0, std::max(0, whole - room));
+        scrollBar.setPageStep(room);
+        scrollBar.setSingleStep(step);
+    };
+    const int line = fontMetrics().height();
+    fit(*horizontalScrollBar(), size.width(), viewport()->width(), line);
+    fit(*verticalScrollBar(), size.height(), viewport()->height(), line);
+}
+
+void BarChart::Widget::paintEvent(QPaintEvent *)
+{
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(font());
+    if (m_picture.bars().empty()) {
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("There is nothing to show."));
+        return;
+    }
+    painter.translate(-origin());
+    m_picture.paint(painter, QRectF(viewport()->rect()).translated(origin()), palette(), m_current);
+}
+
+void BarChart::Widget::mousePressEvent(QMouseEvent *event)
+{
+    const int bar = event->button() == Qt::LeftButton ? barAt(event->position()) : none;
+    if (bar == none)
+        return;
+    setCurrent(bar);
+    clicked(bar);
+}
+
+void BarChart::Widget::wheelEvent(QWheelEvent *event)
+{
+    const double notches = event->angleDelta().y() / 120.0;
+    if ((event->modifiers() & Qt::ControlModifier) != 0) {
+        setZoom(m_zoom * std::pow(zoomStep, notches), event->position().x());
+        event->accept();
+    } else if (verticalScrollBar()->maximum() == 0 && event->angleDelta().x() == 0) {
+        QScrollBar &scrollBar = *horizontalScrollBar(); // the wheel would have nothing else to do
+        scrollBar.setValue(scrollBar.value() - qRound(notches * 3 * scrollBar.singleStep()));
+        event->accept();
+    } else {
+        QAbstractScrollArea::wheelEvent(event);
+    }
+}
+
+void BarChart::Widget::keyPressEvent(QKeyEvent *event)
+{
+    const bool isControl = (event->modifiers() & Qt::ControlModifier) != 0;
+    const double middle = viewport()->width() / 2.0;
+    const int key = event->key();
+    if (isControl && (key == Qt::Key_Plus || key == Qt::Key_Equal))
+        setZoom(m_zoom * zoomStep, middle);
+    else if (isControl && key == Qt::Key_Minus)
+        setZoom(m_zoom / zoomStep, middle);
+    else if (isControl && key == Qt::Key_0)
+        setZoom(1, middle);
+    else if (key == Qt::Key_Right || key == Qt::Key_Down)
+        walk(1);
+    else if (key == Qt::Key_Left || key == Qt::Key_Up)
+        walk(-1);
+    else if (key == Qt::Key_Home)
+        walk(-count());
+    else if (key == Qt::Key_End)
+        walk(count());
+    else if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) && m_current != none)
+        clicked(m_current);
+    else
+        event->ignore();
+}
+
+/// Makes the bar so many places further on the current one; without one it begins at the first.
+void BarChart::Widget::walk(int steps)
+{
+    if (count() == 0)
+        return;
+    const auto found = std::ranges::find(m_order, m_current);
+    const int place =
+        found == m_order.end() ? (steps == count() ? 0 : -steps) : static_cast<int>(found - m_order.begin());
+    setCurrent(m_order[static_cast<std::size_t>(std::clamp(place + steps, 0, count() - 1))]);
+}
+
+bool BarChart::Widget::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractScrollArea::viewportEvent(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const int bar = barAt(help->pos());
+    QToolTip::showText(help->globalPos(),
+                       bar == none ? QString()
+                                   : textOf(m_picture.bars()[static_cast<std::size_t>(bar)]).toHtmlEscaped(),
+                       this);
+    return true;
+}
+
+BarChart::BarChart(Container &parent, const QString &name, const Rect &place)
+    : Control(parent, name, new Widget(parent.surface()), place)
+{
+    chart()->clicked = [this](int bar) {
+        if (onBarClick)
+            onBarClick(bar);
+    };
+}
+
+BarChart::Widget *BarChart::chart() const
+{
+    return static_cast<Widget *>(widget());
+}
+
+void BarChart::setBars(std::vector<Bar> bars)
+{
+    chart()->setBars(std::move(bars));
+}
+
+int BarChart::currentBar() const
+{
+    return chart()->current();
+}
+
+void BarChart::setCurrentBar(int bar)
+{
+    chart()->setCurrent(bar);
+}
+
+double BarChart::zoom() const
+{
+    return chart()->zoom();
+}
+
+void BarChart::setZoom(double zoom)
+{
+    chart()->setZoom(zoom, 0);
+}
+
+QRect BarChart::placeOf(int bar) const
+{
+    return chart()->placeOf(bar);
+}
+
+} // namespace varnow::ui
