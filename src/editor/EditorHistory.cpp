@@ -5,6 +5,7 @@
 #include "base/names.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
+#include "editor/LayoutWindow.h"
 #include "editor/UnsavedWindow.h"
 #include "ui/Application.h"
 
@@ -18,6 +19,7 @@ void EditorWindow::recordsChanged()
     m_state.changesMade = true;
     historyChanged();
     rebuildTree();
+    drawLayout();
 }
 
 void EditorWindow::undo()
@@ -74,7 +76,8 @@ void EditorWindow::showNode(const RecordName &record)
 void EditorWindow::historyChanged()
 {
     m_isGivenUp = false;
-    m_recoveryTimer.start();
+    if (!m_recoveryTimer.isActive()) // else one change after the other would put it off
+        m_recoveryTimer.start();
     nameSteps();
     if (m_unsaved)
         m_unsaved->refill();

@@ -5,6 +5,7 @@
 #include "base/names.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
+#include "editor/LayoutWindow.h"
 #include "editor/TargetWindow.h"
 #include "model/copyConfiguration.h"
 #include "ui/Application.h"
@@ -28,7 +29,9 @@ void EditorWindow::addMenus()
     edit.add("&Find…", "Ctrl+F", [this] { m_findBar.open(); });
     edit.add("Find &next", "F3", [this] { showMatch(1); });
     edit.add("Find &previous", "Shift+F3", [this] { showMatch(-1); });
-    addMenu("&View").add("&Data display", "F12", [this] { showDataDisplay(); });
+    ui::Menu view = addMenu("&View");
+    view.add("&Data display", "F12", [this] { showDataDisplay(); });
+    view.add("&Layout", "F11", [this] { showLayout(); });
     addMenu("Hel&p").add("&About Varnow", "", [this] { showAbout(); });
     nameSteps();
 }
@@ -99,6 +102,29 @@ void EditorWindow::showCheck()
         m_check->onEdited = [this](const QString &sentence) { tellEdited(sentence); };
     }
     m_check->show();
+}
+
+void EditorWindow::showLayout()
+{
+    if (!m_layout) {
+        m_layout = std::make_unique<LayoutWindow>(m_state.model);
+        m_layout->onShow = [this](const QString &configuration, const RecordName &record) {
+            showRecordOf(configuration, record);
+        };
+    }
+    m_layout->show();
+    drawLayout();
+}
+
+/// Draws the line that is shown, if its window is open.
+void EditorWindow::drawLayout()
+{
+    if (!m_layout || !m_layout->isLoaded())
+        return;
+    const std::optional<RecordName> name = m_linePage.namedRecord();
+    const LineTable &lines = m_state.model.lines;
+    const int index = name ? lines.findNamed(trim(m_state.configuration()), name->name, name->nameIndex) : -1;
+    m_layout->draw(index < 0 ? std::nullopt : std::optional(lines[index]), m_fieldPage.namedRecord());
 }
 
 void EditorWindow::showAbout()

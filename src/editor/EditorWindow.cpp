@@ -3,6 +3,7 @@
 #include "base/guarded.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
+#include "editor/LayoutWindow.h"
 #include "editor/RunWindow.h"
 #include "editor/UnsavedWindow.h"
 #include "listing/ListingWindow.h"
@@ -190,14 +191,15 @@ void EditorWindow::showRecord(const RecordName &record)
     case RecordName::Kind::Line:
         m_tabs.setCurrentPage(0);
         showLine(record.name, record.nameIndex);
-        return;
+        break;
     case RecordName::Kind::Field:
         m_tabs.setCurrentPage(1);
         if (const std::optional<Field> field = m_fieldPage.show(record.name, record.nameIndex))
             showLine(field->line, field->lineIndex);
         m_fieldPage.settleEntries();
-        return;
+        break;
     }
+    drawLayout();
 }
 
 void EditorWindow::change()

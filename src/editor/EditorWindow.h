@@ -22,6 +22,7 @@
 namespace varnow {
 
 class CheckWindow;
+class LayoutWindow;
 class ListingWindow;
 class UnsavedWindow;
 
@@ -98,6 +99,8 @@ private:
     void copy();
     void showConfigurationSilently(const QString &name);
     void showCheck();
+    void showLayout();
+    void drawLayout();
     void moveFieldsOf(const Line &line);
     void storeInstead(const Field &field);
 
@@ -160,6 +163,7 @@ private:
     LeftChanges m_conflicts;
     std::unique_ptr<UnsavedWindow> m_unsaved;
     std::unique_ptr<CheckWindow> m_check;
+    std::unique_ptr<LayoutWindow> m_layout;
     bool m_isSilent = false;           // a configuration is shown that may be empty
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;

@@ -89,8 +89,14 @@ public:
             takeOut(change.index);
         } else if (!change.is) {
             putIn(change.index, withWaitingRow(*change.was));
+        } else if (const Record current = (*this)[change.index]; haveSameRow(current, *change.was)) {
+            change.parkedId = 0;
+            replace(change.index, withId(*change.was, current.id));
+        } else if (change.is->id > 0) { // the change went back to a row that was there, which stays
+            replace(change.index, unparked(*change.was, change.was->id));
         } else {
-            change.parkedId = restore(change.index, *change.was);
+            change.parkedId = park(current);
+            replace(change.index, *change.was);
         }
     }
 
@@ -111,28 +117,23 @@ public:
         };
         if (!change.was)
             putIn(change.index, values());
-        else if (const Record &current = (*this)[change.index]; haveSameRow(current, *change.is))
+        else if (const Record current = (*this)[change.index]; haveSameRow(current, *change.is))
             replace(change.index, withId(*change.is, current.id));
+        else if (change.is->id > 0)
+            restore(change.index, *change.is);
         else
             replace(change.index, values());
     }
 
-    /// Gives the record at an index earlier values again. Returns the identifier of its row when that is
-    /// another one now and waits for deletion, else 0.
-    int restore(int index, const Record &values)
+    /// Gives the record at an index the values of its row again. A row written since under another key waits
+    /// for deletion.
+    void restore(int index, const Record &row)
     {
         const Record current = (*this)[index];
-        const bool isSameRow = haveSameRow(current, values);
-        const int parkedId = isSameRow ? 0 : park(current);
-        replace(index, isSameRow ? withId(values, current.id) : values);
-        return parkedId;
-    }
-
-    /// Takes the record at an index out. Its row, if it has one, waits for deletion.
-    void dismiss(int index)
-    {
-        park((*this)[index]);
-        takeOut(index);
+        const bool isSameRow = haveSameRow(current, row);
+        if (!isSameRow)
+            park(current);
+        replace(index, isSameRow ? withId(row, current.id) : row);
     }
 
     /// Gives every record the identifier that `idOf` returns for it. No change: the row stays the same.
@@ -184,8 +185,11 @@ protected:
     /// The record, which had been removed, with its row where that still waits for deletion.
     Record withWaitingRow(Record record)
     {
-        const auto waiting = std::find_if(removed.rbegin(), removed.rend(),
-                                          [&](const Record &other) { return haveSameRow(record, other); });
+        const auto isRow = [&](const Record &other) { return haveSameRow(record, other); };
+        const auto isSame = [&](const Record &other) { return other.id == record.id && isRow(other); };
+        auto waiting = std::find_if(removed.rbegin(), removed.rend(), isSame);
+        if (waiting == removed.rend())
+            waiting = std::find_if(removed.rbegin(), removed.rend(), isRow);
         if (waiting != removed.rend()) {
             record.id = waiting->id;
             removed.erase(std::next(waiting).base());

@@ -20,7 +20,7 @@ template <class Table, class Entry> void takeBack(Table &table, const Entry &ent
     const auto &record = entry.record();
     int index = table.find(record.configuration, record.name, record.nameIndex);
     if (index >= 0 && (!entry.before || entry.isAddedAnew)) {
-        table.dismiss(index);
+        table.remove(index);
         index = -1;
     }
     if (!entry.before)

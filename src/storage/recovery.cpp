@@ -125,7 +125,7 @@ template <class Table, class Entry> bool apply(const Entry &entry, Table &table)
         table.remove(index);
     if (entry.now) {
         Record record = *entry.now;
-        record.id = current && !entry.isAddedAnew ? current->id : -1;
+        record.id = current && !entry.isAddedAnew && haveSameRow(*current, record) ? current->id : -1;
         table.store(std::move(record));
     }
     return true;

@@ -183,12 +183,63 @@ TEST_P(NoticeTest, TakesBackWhatIsSelected)
     EXPECT_EQ(lineTexts(), linesBefore);
     EXPECT_EQ(fieldTexts(), fieldsBefore);
     EXPECT_EQ(list->model()->rowCount(), 0);
-    EXPECT_TRUE(lines.removed.empty() && fields.removed.empty());
+    EXPECT_TRUE(fields.removed.empty());
     EXPECT_EQ(notice(), "Taken back: 5 changes.");
     user->click("noticeButton1");
     EXPECT_EQ(list->model()->rowCount(), 5);
     unsaved.press(Qt::Key_Escape);
     EXPECT_EQ(ui::Window::loadedWindows().size(), 1U);
+}
+
+// Fault: a user who believes in a file that can not be written, or is told so after every change.
+TEST_P(NoticeTest, TellsOnceThatNothingCanBeKept)
+{
+    const QByteArray before = qgetenv("XDG_STATE_HOME");
+    qputenv("XDG_STATE_HOME", "/proc/nowhere");
+    change({{"lineName", "NTE"}, {"lineIndex", "1"}, {"lineMessageIndex", "4"}});
+    const QString told =
+        "Line NTE(1) added with message index 4. Unsaved changes can not be kept in a file for the "
+        "case of a crash: /proc/nowhere/varnow can not be written.";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notice() == told; }, 1000)) << notice().toStdString();
+    change({{"lineMessageIndex", "5"}});
+    EXPECT_FALSE(editor->keepUnsavedChanges());
+    EXPECT_EQ(notice(), "Line NTE(1) changed: message index 4 → 5.");
+    qputenv("XDG_STATE_HOME", before);
+}
+
+// Faults: a match that is not shown, one left out, a search that goes on where records have gone.
+TEST_P(NoticeTest, FindsWhatRecordsHold)
+{
+    user->press(Qt::Key_F, Qt::ControlModifier);
+    user->type("find", "obx");
+    EXPECT_EQ(user->text("findCount"), "3 found");
+    user->press(Qt::Key_Return);
+    EXPECT_EQ(user->selectedNode() + user->text("findCount"), "3 OBX(2)1 of 3");
+    user->press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(user->selectedNode() + user->text("fieldName"), "3.7 UnitsUnits");
+    user->press(Qt::Key_F3);
+    EXPECT_EQ(user->text("lineName"), "OBX");
+    user->press(Qt::Key_Escape);
+    EXPECT_TRUE(user->control("find")->isHidden() || !user->control("find")->isVisible());
+}
+
+// Faults: a finding that stays when it is cured, a cure that cannot be undone.
+TEST_P(NoticeTest, ChecksAndMovesFields)
+{
+    change({{"lineName", "OBX"}, {"lineIndex", "2"}, {"lineMessageIndex", "5"}});
+    user->press(Qt::Key_F8);
+    ASSERT_EQ(ui::Window::loadedWindows().size(), 2U);
+    Driver check(*ui::Window::loadedWindows()[1]);
+    auto *list = static_cast<QTreeView *>(check.control("findings"));
+    const int found = list->model()->rowCount();
+    ASSERT_GE(found, 1);
+    for (int row = 0; row < found && check.text("cure") != "&Move its fields"; ++row)
+        list->setCurrentIndex(list->model()->index(row, 0));
+    check.click("cure");
+    EXPECT_EQ(fieldTexts(), QStringList({"1.1 Set ID", "5.6 Value", "5.7 Units"}));
+    EXPECT_LT(list->model()->rowCount(), found);
+    user->click("noticeButton1");
+    EXPECT_EQ(list->model()->rowCount(), found);
 }
 
 ON_EVERY_ENGINE(NoticeTest);

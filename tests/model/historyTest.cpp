@@ -11,11 +11,13 @@ using namespace varnow::test;
 
 namespace {
 
-/// All that a record holds but its spare columns.
-template <class Record> QString textOf(const Record &record)
+/// All that a record holds but its spare columns; or only what leads to its row.
+template <class Record> QString textOf(const Record &record, bool onlyRow = false)
 {
     QStringList values;
     for (const Column<Record> &column : Record::columns()) {
+        if (onlyRow && column.use == ColumnUse::Value)
+            continue;
         if (const auto *text = std::get_if<QString Record::*>(&column.member))
             values += record.**text;
         else if (const auto *number = std::get_if<int Record::*>(&column.member))
@@ -28,15 +30,19 @@ template <class Record> QString textOf(const Record &record)
 QStringList stateOf(const Model &model)
 {
     QStringList state;
-    const auto add = [&state](const auto &records, const char *title) {
-        state += title;
-        for (const auto &record : records)
+    const auto add = [&state](const auto &table) {
+        QStringList waiting; // for deletion, in whatever order
+        for (const auto &record : table.removed) {
+            if (record.id > 0)
+                waiting += textOf(record, true);
+        }
+        waiting.sort();
+        state += "waiting: " + waiting.join(", ");
+        for (const auto &record : table)
             state += textOf(record);
     };
-    add(model.lines, "lines");
-    add(model.lines.removed, "removed lines");
-    add(model.fields, "fields");
-    add(model.fields.removed, "removed fields");
+    add(model.lines);
+    add(model.fields);
     return state;
 }
 
@@ -70,7 +76,7 @@ public:
     void act()
     {
         const Editing editing(model);
-        switch (pick(0, 5)) {
+        switch (pick(0, 7)) {
         case 0:
             lines.store(randomLine());
             break;
@@ -81,6 +87,12 @@ public:
         case 3:
             if (!fields.isEmpty())
                 fields.remove(pick(0, fields.size() - 1));
+            break;
+        case 4:
+            takeBackOneOf(lines.ledger);
+            break;
+        case 5:
+            takeBackOneOf(fields.ledger);
             break;
         default:
             if (!lines.isEmpty()) {
@@ -112,6 +124,15 @@ public:
     int pick(int least, int greatest) { return std::uniform_int_distribution(least, greatest)(m_random); }
 
 private:
+    template <class Record> void takeBackOneOf(const Ledger<Record> &ledger)
+    {
+        if (ledger.isEmpty())
+            return;
+        const typename Ledger<Record>::Entry entry = *ledger.entries().begin();
+        model.takeBack(entry);
+        EXPECT_FALSE(ledger.entries().contains(keyOf(entry.record())));
+    }
+
     Line randomLine()
     {
         return line(0, pick(0, 1) ? "A" : "B", "L" + QString::number(pick(0, 4)), pick(0, 1), pick(1, 5));

@@ -128,6 +128,44 @@ TEST_F(RecoveryTest, BringsBackWhatHasNotChangedSince)
     EXPECT_EQ(files().size(), 1) << "our own";
 }
 
+// Fault: a change that was left taken over as something else, or not to be undone.
+TEST_F(RecoveryTest, TakesOverWhatWasLeft)
+{
+    edit();
+    Model changed;
+    loadRows(changed);
+    changed.lines.assign({line(1, "S", "PID", 0, 4)});
+    const auto before = rowsOf(changed.lines);
+    const auto left = lines.ledger.entries();
+    {
+        const Editing editing(changed);
+        for (const auto &entry : left)
+            changed.takeOver(entry);
+        for (const auto &entry : fields.ledger.entries())
+            changed.takeOver(entry);
+    }
+    EXPECT_EQ(changed.lines[changed.lines.find("S", "PID", 0)].messageIndex, 9);
+    EXPECT_EQ(changed.lines.size(), lines.size());
+    EXPECT_EQ(rowsOf(changed.fields), rowsOf(fields));
+    changed.undo();
+    EXPECT_EQ(rowsOf(changed.lines), before);
+}
+
+// Fault: many changes that take too long to keep, or come back in another order.
+TEST_F(RecoveryTest, KeepsAHundredThousandChanges)
+{
+    for (int i = 0; i < 100'000; ++i)
+        fields.store(field("Big", "F" + QString::number(i), i + 1));
+    EXPECT_TRUE(recovery.write(model));
+    leave(written());
+    std::vector<LeftFile> left = LeftFile::findAll(database);
+    ASSERT_EQ(left.size(), 1U);
+    Model fresh;
+    loadRows(fresh);
+    EXPECT_TRUE(restore(left[0].read(), fresh).isEmpty());
+    EXPECT_EQ(rowsOf(fresh.fields), rowsOf(fields));
+}
+
 // Faults: a crash, or half of the changes, from a file that is not whole; such a file dropped.
 TEST_F(RecoveryTest, RefusesWhatIsNotWhole)
 {
