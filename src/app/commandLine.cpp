@@ -1,6 +1,7 @@
 #include "app/commandLine.h"
 
 #include "base/text.h"
+#include "storage/version.h"
 
 #include <QTextStream>
 
@@ -47,14 +48,16 @@ bool printInformation(const QString &argumentText)
 {
     QTextStream out(stdout);
     if (argumentText == "--version")
-        out << "varnow " VARNOW_VERSION "\n";
+        out << versionText() << '\n';
     else if (argumentText == "--help" || argumentText == "-h")
         out << "Usage: varnow [" << eightWords
             << "]\n"
+               "       varnow --demo | --help | --version\n"
                "Edits the lines and fields of upload messages in a SQL Server database.\n"
                "The server (sqlite) means an SQLite file; its path is then the database.\n"
                "A password of two double quotes (\"\") is the empty password.\n"
-               "Without words the program asks for the connection values.\n";
+               "Without words the program asks for the connection values.\n"
+               "With --demo it opens a sample database of your own.\n";
     else
         return false;
     return true;

@@ -10,6 +10,9 @@ namespace varnow {
 /// The words of the command line that the program takes, and what they stand for.
 inline constexpr int commandLineWords = 8;
 
+/// The only word that opens the sample database.
+inline constexpr QLatin1String demoWord("--demo");
+
 /// Takes the text of the arguments and blanks it where the system keeps it, so that nobody reads a password
 /// in the process list.
 QString takeArgumentText(int argc, char **argv);

@@ -1,6 +1,7 @@
 #include "app/start.h"
 
 #include "app/commandLine.h"
+#include "app/demo.h"
 #include "app/leftChanges.h"
 #include "app/process.h"
 #include "base/guarded.h"
@@ -10,6 +11,7 @@
 #include "signin/SignInDialog.h"
 #include "storage/catalogue.h"
 #include "storage/load.h"
+#include "storage/version.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
@@ -40,6 +42,40 @@ bool signIn(DatabaseRole role, db::ConnectionSettings &settings)
         return end("There was a serious problem with the supplied data.");
     }
     Q_UNREACHABLE();
+}
+
+/// Leads the session to the sample database. Returns whether the start can go on; if not, says why.
+bool openDemo(Session &session)
+{
+    const auto open = [&session] {
+        const QString path = demoDatabase();
+        session.configurationDatabase = session.velmoraDatabase = {"(sqlite)", path, "demo", {}};
+        session.greeting = "This is the sample database, a copy of your own: " + path;
+        return true;
+    };
+    return guarded(open, [](const RuntimeError &error) {
+        refuse("The sample database could not be made." + lineBreak + error.description());
+        return false;
+    });
+}
+
+/// Takes what leads to both databases from the words or the user. Returns an exit code: where it is not that
+/// of success the start ends here, and the reason has been told.
+int takeSettings(const QStringList &words, Session &session)
+{
+    if (words == QStringList(demoWord))
+        return openDemo(session) ? exitCodes::Success : exitCodes::Failure;
+    if (words.isEmpty()) {
+        const bool signedIn = signIn(DatabaseRole::Configuration, session.configurationDatabase) &&
+                              signIn(DatabaseRole::Velmora, session.velmoraDatabase);
+        return signedIn ? exitCodes::Success : exitCodes::Failure;
+    }
+    if (words.size() < commandLineWords) {
+        refuse(partialCommandLineMessage());
+        return exitCodes::Usage;
+    }
+    takeConnectionSettings(words, session);
+    return exitCodes::Success;
 }
 
 void tellSubstitution(DefaultConfiguration::Problem problem)
@@ -105,17 +141,9 @@ bool load(Session &session, Model &model)
 
 int start(const QString &argumentText, Session &session, Model &model)
 {
-    const QStringList words = splitWords(argumentText);
-    if (!words.isEmpty() && words.size() < commandLineWords) {
-        refuse(partialCommandLineMessage());
-        return exitCodes::Usage;
-    }
-    if (!words.isEmpty())
-        takeConnectionSettings(words, session);
-    else if (!signIn(DatabaseRole::Configuration, session.configurationDatabase) ||
-             !signIn(DatabaseRole::Velmora, session.velmoraDatabase))
-        return exitCodes::Failure;
-
+    const int exitCode = takeSettings(splitWords(argumentText), session);
+    if (exitCode != exitCodes::Success)
+        return exitCode;
     if (!load(session, model))
         return exitCodes::Failure;
     SettledChanges settled = offerLeftChanges(session.configurationDatabase, model);
@@ -141,7 +169,7 @@ int runProgram(int argc, char **argv)
     int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
     const ui::Application application(toolkitArguments, argv);
     Session session;
-    session.about = QStringLiteral("Varnow " VARNOW_VERSION);
+    session.about = versionText();
     Model model;
     return start(argumentText, session, model);
 }

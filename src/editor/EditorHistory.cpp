@@ -2,6 +2,7 @@
 
 #include "editor/EditorWindow.h"
 
+#include "base/folders.h"
 #include "base/names.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
@@ -94,7 +95,7 @@ bool EditorWindow::keepUnsavedChanges()
         return true;
     if (!std::exchange(m_hasToldUnkept, true))
         tell({m_notice.sentence + " Unsaved changes can not be kept in a file for the case of a crash: " +
-                  isolated(RecoveryFile::folder()) + " can not be written.",
+                  isolated(stateFolder()) + " can not be written.",
               m_notice.buttons});
     return false;
 }

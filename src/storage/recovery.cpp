@@ -1,6 +1,7 @@
 #include "storage/recovery.h"
 
 #include "base/RuntimeError.h"
+#include "base/folders.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -135,16 +136,10 @@ template <class Table, class Entry> bool apply(const Entry &entry, Table &table)
 
 RecoveryFile::RecoveryFile(const db::ConnectionSettings &database)
     : m_database(database)
-    , m_path(folder() + u'/' + namePrefix(database) + QUuid::createUuid().toString(QUuid::Id128) + ".json")
+    , m_path(stateFolder() + u'/' + namePrefix(database) + QUuid::createUuid().toString(QUuid::Id128) +
+             ".json")
     , m_lock(lockFor(m_path))
 {
-}
-
-QString RecoveryFile::folder()
-{
-    const QString configured = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString base = QDir::isAbsolutePath(configured) ? configured : QDir::homePath() + "/.local/state";
-    return base + "/varnow";
 }
 
 bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
@@ -153,7 +148,7 @@ bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
         remove();
         return true;
     }
-    if (!QDir().mkpath(folder()) || !(m_lock->isLocked() || m_lock->tryLock(0)))
+    if (!QDir().mkpath(stateFolder()) || !(m_lock->isLocked() || m_lock->tryLock(0)))
         return false;
     const QJsonObject contents{{"version", formatVersion},
                                {"server", m_database.server},
@@ -175,7 +170,7 @@ void RecoveryFile::remove()
 std::vector<LeftFile> LeftFile::findAll(const db::ConnectionSettings &database)
 {
     std::vector<LeftFile> found;
-    const QDir folder(RecoveryFile::folder());
+    const QDir folder(stateFolder());
     const QStringList names = folder.entryList({namePrefix(database) + "*.json"}, QDir::Files, QDir::Time);
     for (const QString &name : names) {
         std::unique_ptr<QLockFile> lock = lockFor(folder.filePath(name));

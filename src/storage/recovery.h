@@ -32,9 +32,6 @@ class RecoveryFile
 public:
     explicit RecoveryFile(const db::ConnectionSettings &database);
 
-    /// The folder of all files.
-    static QString folder();
-
     /// Writes all that is unsaved, and what was left by an earlier run and not settled yet; without anything
     /// the file goes. Returns whether that went well.
     bool write(const Model &model, const LeftChanges &conflicts = {});

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QIcon>
 #include <QSessionManager>
 
 #include <cstdio>
@@ -24,6 +25,14 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+QIcon icon()
+{
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/varnow-%1.png").arg(size));
+    return icon;
+}
+
 void showHourglass(bool shown)
 {
     if (shown)
@@ -40,6 +49,8 @@ Application::Application(int &argc, char **argv)
     m_application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(before);
     QApplication::setApplicationName(QStringLiteral("varnow"));
+    QApplication::setDesktopFileName(QStringLiteral("varnow"));
+    QApplication::setWindowIcon(icon());
     QApplication::setQuitOnLastWindowClosed(false);
 }
 

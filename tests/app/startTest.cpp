@@ -5,6 +5,7 @@
 
 #include "app/commandLine.h"
 #include "app/start.h"
+#include "base/folders.h"
 #include "db/codes.h"
 
 #include <QApplication>
@@ -57,6 +58,7 @@ Action under(const QString &prompt, const Action &action)
 }
 
 using SilentServerTest = StartTest;
+using DemoTest = StartTest;
 
 const auto ending = [](const QString &reason) {
     return Boxes{critical(reason + "\r\nThe configuration cannot continue.")};
@@ -186,6 +188,27 @@ TEST_P(SilentServerTest, ShowsWhatItWaitsForAndStops)
     expectStop("Reading the fields");
 }
 
+// A sample that is not made, that replaces the user's changes, or that nobody finds.
+TEST_P(DemoTest, OpensACopyThatIsMadeOnce)
+{
+    const QByteArray state = qgetenv("XDG_STATE_HOME");
+    const QString copy = stateFolder() + "/demo.db";
+    expectStart("--demo", {close}, 0, {});
+    EXPECT_EQ(session.configurationNames, QStringList({"Standard", "Fixed Length"}));
+    EXPECT_TRUE(session.greeting.endsWith(copy));
+    QFile::remove(copy);
+    database.run("UPDATE Misc_upload_constants SET DefaultConfigName = 'Fixed Length'");
+    QFile::copy(valid[1], copy); // what the user made of it
+    expectStart("--demo", {close}, 0, {});
+    EXPECT_EQ(session.defaultConfiguration, "Fixed Length");
+    QFile::remove(copy);
+    qputenv("XDG_STATE_HOME", "/proc/nowhere");
+    expectStart("--demo", {}, 1,
+                {critical("The sample database could not be made.\r\n"
+                          "The folder /proc/nowhere/varnow cannot be made.")});
+    qputenv("XDG_STATE_HOME", state);
+}
+
 // Quotes that group, separators that count, words behind the last one allowed.
 TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
 {
@@ -248,5 +271,6 @@ TEST(Program, KeepsItsWordsOutOfTheProcessListAndOfCoreFiles)
 
 ON_EVERY_ENGINE(StartTest);
 ON_ENGINES(SilentServerTest, Engine::SqlServer);
+ON_ENGINES(DemoTest, Engine::Sqlite);
 
 } // namespace varnow::test
