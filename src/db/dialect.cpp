@@ -14,6 +14,8 @@ namespace {
 /// SQL Server lets FROM out, SQLite does not.
 QString withFrom(QString sql)
 {
+    if (!QStringView(sql).trimmed().startsWith(u"DELETE", Qt::CaseInsensitive))
+        return sql;
     static const QRegularExpression start(QStringLiteral("^(\\s*DELETE\\s+)(?!FROM\\b)"),
                                           QRegularExpression::CaseInsensitiveOption);
     return sql.replace(start, QStringLiteral("\\1FROM "));

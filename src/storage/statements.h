@@ -7,11 +7,15 @@
 #include "model/Field.h"
 #include "model/Line.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 // The statements for the rows of a record, and the reading of rows, made from its list of columns.
 
 namespace varnow {
+
+constexpr qsizetype usualLength = 768; // of a statement; a longer one grows
 
 /// The table of a record and the order in which its rows are loaded.
 template <class Record> struct Table;
@@ -46,16 +50,32 @@ template <class Record> QString selectAllRows()
            Table<Record>::order + ';';
 }
 
+/// Appends "name = value" for the record's columns of these uses, in one string, for a save makes two such
+/// statements of every record.
+template <class Record>
+void appendEquations(QString &sql, const Record &record, std::initializer_list<ColumnUse> uses,
+                     QLatin1String separator)
+{
+    QLatin1String before;
+    for (const Column<Record> &column : Record::columns()) {
+        if (std::find(uses.begin(), uses.end(), column.use) == uses.end())
+            continue;
+        sql += before;
+        sql += QLatin1String(column.name);
+        sql += QLatin1String(" = ");
+        sql += literal(record, column);
+        before = separator;
+    }
+}
+
 /// Looks up the identifier of the record's row.
 template <class Record> QString selectId(const Record &record)
 {
-    QStringList conditions;
-    for (const Column<Record> &column : Record::columns()) {
-        if (column.use == ColumnUse::Key)
-            conditions += QLatin1String(column.name) + " = " + literal(record, column);
-    }
-    return "SELECT id FROM " + Table<Record>::name + " WHERE " + conditions.join(QLatin1String(" AND ")) +
-           ';';
+    QString sql;
+    sql.reserve(usualLength);
+    sql += "SELECT id FROM " + Table<Record>::name + " WHERE ";
+    appendEquations(sql, record, {ColumnUse::Key}, QLatin1String(" AND "));
+    return sql += u';';
 }
 
 template <class Record> QString selectGreatestId()
@@ -81,13 +101,11 @@ template <class Record> QString insertRow(const Record &record)
 /// Writes the record into the row with its identifier.
 template <class Record> QString updateRow(const Record &record)
 {
-    QStringList assignments;
-    for (const Column<Record> &column : Record::columns()) {
-        if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
-            assignments += QLatin1String(column.name) + " = " + literal(record, column);
-    }
-    return "UPDATE " + Table<Record>::name + " SET " + assignments.join(QLatin1String(", ")) +
-           " WHERE id = " + QString::number(record.id) + ';';
+    QString sql;
+    sql.reserve(usualLength);
+    sql += "UPDATE " + Table<Record>::name + " SET ";
+    appendEquations(sql, record, {ColumnUse::Key, ColumnUse::Value}, QLatin1String(", "));
+    return sql += " WHERE id = " + QString::number(record.id) + ';';
 }
 
 template <class Record> QString deleteRow(int id)
