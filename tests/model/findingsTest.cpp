@@ -63,21 +63,21 @@ TEST_F(FindingsTest, AreThoseOfTheTreeInItsOrder)
     second.nameIndex = 2;
     second.lookup = "age";
     fields.store(second);
-    EXPECT_EQ(found(),
-              QStringList({
-                  "second: The lookup of field second(2) is \"age\", which is no data field name of the "
-                  "configuration.",
-                  "second: Field second(2) has position 7 of line PID as field first has, so that the tree "
-                  "does not show it.",
-                  "NTE: No line before line NTE(1) has message index 2.",
-                  "ORC: Line ORC has message index 3 as line NTE(1) has, so that the tree does not show it.",
-                  "moved: Field moved has message index 3, but its line PID has 1. The tree shows it under "
-                  "line NTE(1). [PID]",
-                  "OBX: No line before line OBX(2) has a message index from 4 to 5.",
-                  "orphan: Field orphan belongs to line OBX, which does not exist.",
-                  "hidden: Field hidden has message index 9, but its line PID has 1. The tree shows it "
-                  "nowhere. [PID]",
-              }));
+    const QString hidden = ", so that the tree does not show it.";
+    const QString unknown = ", which is no data field name of the configuration.";
+    const QString shown = "The tree shows it ";
+    EXPECT_EQ(found(), QStringList({
+                           "second: The lookup of field second(2) is \"age\"" + unknown,
+                           "second: Field second(2) has position 7 of line PID as field first has" + hidden,
+                           "NTE: No line before line NTE(1) has message index 2.",
+                           "ORC: Line ORC has message index 3 as line NTE(1) has" + hidden,
+                           "moved: Field moved has message index 3, but its line PID has 1. " + shown +
+                               "under line NTE(1). [PID]",
+                           "OBX: No line before line OBX(2) has a message index from 4 to 5.",
+                           "orphan: Field orphan belongs to line OBX, which does not exist.",
+                           "hidden: Field hidden has message index 9, but its line PID has 1. " + shown +
+                               "nowhere. [PID]",
+                       }));
     EXPECT_EQ(found("T"), QStringList());
 
     {

@@ -51,14 +51,15 @@ TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
         "(3, 'S', 'b', 2, 'OBX', 0, 1, 3), (4, 'S', 'b', 2, 'PID', 0, 1, 4), "
         "(5, 'S', 'c', 0, 'PID', 0, 1, 5), (6, 'S', 'c', NULL, 'PID', 0, 1, 6)");
     ASSERT_EQ(load(), 0);
+    const QString leftBehind = " A save leaves it behind.";
+    const QString onlyOne = " A save writes only one of them.";
+    const QString unfound = " A save does not find it and writes another row.";
     const QStringList expected{
-        "Row 2 has the key of line PID as row 1 has. A save writes only one of them.",
-        "no cure: Row 3 of line OBX has no name index or line index. A save does not find it and writes "
-        "another row.",
-        "Row 1 has the key of field a as row 2 has. A save writes only one of them.",
-        "Row 3 keeps field b(2) under line OBX, while it stands under line PID here. A save leaves it "
-        "behind.",
-        "Row 6 has the key of field c as row 5 has. A save writes only one of them.",
+        "Row 2 has the key of line PID as row 1 has." + onlyOne,
+        "no cure: Row 3 of line OBX has no name index or line index." + unfound,
+        "Row 1 has the key of field a as row 2 has." + onlyOne,
+        "Row 3 keeps field b(2) under line OBX, while it stands under line PID here." + leftBehind,
+        "Row 6 has the key of field c as row 5 has." + onlyOne,
     };
     EXPECT_EQ(found(), expected);
     removeAll();

@@ -8,6 +8,7 @@
 
 #include <QAbstractScrollArea>
 #include <QAccessible>
+#include <QApplication>
 #include <QImage>
 #include <QTest>
 #include <QWheelEvent>
