@@ -89,7 +89,10 @@ void EditorWindow::loadWindow()
     m_tabs.setCurrentPage(0);
     m_fieldPage.settleEntries();
     m_state.changesMade = false;
-    tellLoaded("Loaded");
+    if (m_state.session.greeting.isEmpty())
+        tellLoaded("Loaded");
+    else
+        tell({m_state.session.greeting});
 }
 
 void EditorWindow::emptyPages()
