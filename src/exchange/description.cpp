@@ -70,8 +70,8 @@ QString tableOf(const std::vector<Field> &fields, bool hasFixedLength)
     QString html =
         "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\" width=\"100%\">\n" + row(header, "th");
     for (const Field &field : fields) {
-        QStringList cells{QString::number(field.position), nameOf(field.name, field.nameIndex),
-                          field.lookup, field.format, field.constant};
+        QStringList cells{QString::number(field.position), nameOf(field.name, field.nameIndex), field.lookup,
+                          field.format, field.constant};
         if (hasFixedLength && field.fixedLength == 0)
             cells += {"", "", ""};
         if (hasFixedLength && field.fixedLength != 0) {
