@@ -1,6 +1,7 @@
 #include "signin/SignInDialog.h"
 
 #include "base/development.h"
+#include "base/folders.h"
 #include "base/text.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
@@ -92,7 +93,7 @@ void SignInDialog::fillDevelopmentValues()
     if constexpr (!isDevelopmentRun)
         return;
     m_server.setText("(sqlite)");
-    m_database.setText("build/standard.db");
+    m_database.setText(stateFolder() + "/demo.db"); // ./run makes it
     m_user.setText("admin");
     if (m_role == DatabaseRole::Velmora)
         m_password.setText("admin");
