@@ -1,6 +1,7 @@
 #include "ui/FindBar.h"
 
 #include "ui/Window.h"
+#include "ui/accessibleGroup.h"
 #include "ui/pushButton.h"
 
 #include <QApplication>
@@ -20,7 +21,7 @@ public:
     Widget(QWidget *parent, FindBar &owner)
         : QFrame(parent), m_owner(owner), entry(new QLineEdit(this)), count(new QLabel(this))
     {
-        setAccessibleName(QStringLiteral("Find"));
+        makeAccessibleGroup(*this, QStringLiteral("Find"));
         auto *label = new QLabel(QStringLiteral("Find"), this);
         label->setBuddy(entry);
         entry->setObjectName(QStringLiteral("find"));

@@ -2,10 +2,10 @@
 
 #include "base/names.h"
 #include "ui/Window.h"
+#include "ui/accessibleGroup.h"
 #include "ui/pushButton.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -55,7 +55,7 @@ public:
     explicit Widget(QWidget *parent) : QFrame(parent), m_sentence(new Sentence(this))
     {
         setObjectName(QStringLiteral("notice"));
-        setAccessibleName(QStringLiteral("Notice"));
+        makeAccessibleGroup(*this, QStringLiteral("Notice"));
         m_sentence->setObjectName(QStringLiteral("noticeSentence"));
         auto *row = new QHBoxLayout(this);
         row->setContentsMargins(8, 1, 8, 1);

@@ -5,8 +5,7 @@
 
 #include "base/names.h"
 
-#include <QApplication>
-#include <QFile>
+#include <QAccessible>
 #include <QTest>
 #include <QTreeView>
 
@@ -61,6 +60,9 @@ struct NoticeTest : EditorTest
 TEST_P(NoticeTest, TellsWhatALinesChangeDidAndCuresIt)
 {
     EXPECT_EQ(notice(), "Loaded: 3 lines and 3 fields.");
+    const QAccessibleInterface *bar = QAccessible::queryAccessibleInterface(user->control("notice"));
+    EXPECT_EQ(bar->text(QAccessible::Name), "Notice");
+    EXPECT_EQ(bar->role(), QAccessible::Grouping);
     change({{"lineName", "NTE"}, {"lineIndex", "1"}, {"lineMessageIndex", "4"}});
     EXPECT_EQ(notice(), "Line NTE(1) added with message index 4.");
     user->click("change");
