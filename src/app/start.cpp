@@ -11,7 +11,6 @@
 #include "signin/SignInDialog.h"
 #include "storage/catalogue.h"
 #include "storage/load.h"
-#include "storage/version.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
@@ -169,7 +168,6 @@ int runProgram(int argc, char **argv)
     int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
     const ui::Application application(toolkitArguments, argv);
     Session session;
-    session.about = versionText();
     Model model;
     return start(argumentText, session, model);
 }

@@ -61,24 +61,15 @@ SQLRETURN run(const Handle &statement, const QString &sql, Dialect dialect)
     Q_UNREACHABLE();
 }
 
-SQLHENV environment()
-{
-    // Never freed: a connection that nobody waits for any more may outlive the end of main().
-    static const Handle &handle = *new Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
-    static const SQLRETURN version =
-        SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, asPointer(int{SQL_OV_ODBC3}), 0);
-    Q_UNUSED(version)
-    return handle.get();
-}
-
 /// FreeTDS where it is registered, else any other driver that is called after SQL Server.
 QString sqlServerDriver()
 {
     std::array<char16_t, 256> name{};
     QString found = QStringLiteral("FreeTDS");
     SQLUSMALLINT direction = SQL_FETCH_FIRST;
-    while (SQL_SUCCEEDED(SQLDriversW(environment(), direction, reinterpret_cast<SQLWCHAR *>(name.data()),
-                                     SQLSMALLINT(name.size()), nullptr, nullptr, 0, nullptr))) {
+    while (
+        SQL_SUCCEEDED(SQLDriversW(environment().get(), direction, reinterpret_cast<SQLWCHAR *>(name.data()),
+                                  SQLSMALLINT(name.size()), nullptr, nullptr, 0, nullptr))) {
         direction = SQL_FETCH_NEXT;
         QString driver = QString::fromUtf16(name.data());
         if (driver == u"FreeTDS")
@@ -118,7 +109,7 @@ QString whyNotOpened(const Handle &connection, const ConnectionSettings &setting
 struct Connection::Handles
 {
     Handles(Dialect databaseDialect, int seconds)
-        : connection(SQL_HANDLE_DBC, environment()), dialect(databaseDialect), timeout(seconds)
+        : connection(SQL_HANDLE_DBC, environment().get()), dialect(databaseDialect), timeout(seconds)
     {
     }
     ~Handles() { SQLDisconnect(connection.get()); }

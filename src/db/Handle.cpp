@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -21,6 +22,18 @@ Handle::Handle(short type, void *parent) : m_type(type)
 Handle::~Handle()
 {
     SQLFreeHandle(m_type, m_handle);
+}
+
+const Handle &environment()
+{
+    // Never freed: a connection that nobody waits for any more may outlive the end of main().
+    static const Handle &handle = *new Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    constexpr std::uintptr_t number = SQL_OV_ODBC3;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    static const auto version = reinterpret_cast<SQLPOINTER>(number);
+    static const SQLRETURN set = SQLSetEnvAttr(handle.get(), SQL_ATTR_ODBC_VERSION, version, 0);
+    Q_UNUSED(set)
+    return handle;
 }
 
 RuntimeError Handle::error(Dialect dialect) const

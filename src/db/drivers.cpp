@@ -11,17 +11,6 @@ namespace varnow::db {
 
 namespace {
 
-/// ODBC's environment, in the version that Varnow speaks.
-struct Environment : Handle
-{
-    Environment() : Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
-    {
-        constexpr std::uintptr_t version = SQL_OV_ODBC3;
-        // NOLINTNEXTLINE(performance-no-int-to-ptr)
-        SQLSetEnvAttr(get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(version), 0);
-    }
-};
-
 /// The value of a key among a driver's attributes: texts "key=value", each ended by a zero, and a zero behind
 /// the last one.
 QString valueOf(const QString &key, const SQLCHAR *attributes)
@@ -39,12 +28,11 @@ QString valueOf(const QString &key, const SQLCHAR *attributes)
 
 std::vector<Driver> registeredDrivers()
 {
-    const Environment environment;
     std::array<SQLCHAR, 256> name{};
     std::array<SQLCHAR, 4096> attributes{};
     std::vector<Driver> drivers;
     SQLUSMALLINT direction = SQL_FETCH_FIRST;
-    while (SQL_SUCCEEDED(SQLDrivers(environment.get(), direction, name.data(), SQLSMALLINT(name.size()),
+    while (SQL_SUCCEEDED(SQLDrivers(environment().get(), direction, name.data(), SQLSMALLINT(name.size()),
                                     nullptr, attributes.data(), SQLSMALLINT(attributes.size()), nullptr))) {
         direction = SQL_FETCH_NEXT;
         drivers.push_back({QString::fromUtf8(name.data()), valueOf("Driver", attributes.data())});
@@ -54,8 +42,7 @@ std::vector<Driver> registeredDrivers()
 
 QString driverManagerVersion()
 {
-    const Environment environment;
-    const Handle connection(SQL_HANDLE_DBC, environment.get());
+    const Handle connection(SQL_HANDLE_DBC, environment().get());
     std::array<SQLCHAR, 64> version{};
     SQLGetInfo(connection.get(), SQL_DM_VER, version.data(), SQLSMALLINT(version.size()), nullptr);
     return QString::fromUtf8(version.data());

@@ -29,6 +29,9 @@ private:
     void *m_handle = nullptr;
 };
 
+/// ODBC's environment, in the version that Varnow speaks.
+const Handle &environment();
+
 /// All rows of the result that an executed statement offers; a closed result set when it offers none.
 /// Raises the code of an error that comes up on the way, and errors::UserInterrupt when the observer stops
 /// it.

@@ -72,29 +72,24 @@ void CheckWindow::layOut()
 void CheckWindow::askDatabase()
 {
     const ui::Hourglass hourglass;
-    const db::ConnectionSettings &database = m_state.session.configurationDatabase;
     m_rows.clear();
     m_dataFieldNames.clear();
     const auto ask = [&] {
         RunWindow window;
-        Run run(database, window);
+        Run run(m_state.session.configurationDatabase, window);
         m_tellsLetterCaseApart = tellsLetterCaseApart(run);
         m_rows = findRows(run, m_state.model);
+        m_dataFieldNames = loadAllDataFieldNames(run);
+        for (const QString &name : m_state.session.configurationNames)
+            m_dataFieldNames[name]; // one without data field names has no right lookup
         return QString();
     };
     const QString failure = guarded(ask, [](const RuntimeError &error) {
-        return QStringLiteral("The database could not be asked about its rows.") + lineBreak +
-               QStringLiteral("Error: %1").arg(error.number()) + lineBreak + error.description();
+        return QStringLiteral("The database could not be asked about its rows and data field names.") +
+               lineBreak + QStringLiteral("Error: %1").arg(error.number()) + lineBreak + error.description();
     });
-    if (!failure.isEmpty()) {
+    if (!failure.isEmpty())
         ui::show({failure, "Check", ui::Icon::Critical});
-        return;
-    }
-    for (const QString &name : m_state.session.configurationNames) {
-        const DataFieldNames found = loadDataFieldNames(database, name);
-        if (found.outcome == DataFieldNames::Outcome::Complete)
-            m_dataFieldNames.insert(name, found.names);
-    }
 }
 
 void CheckWindow::refill()
@@ -149,16 +144,12 @@ void CheckWindow::cure()
     if (isRow)
         m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(*item.row));
     onEdited(isRow ? QStringLiteral("The row will be removed at the next save.")
-                   : "The fields of line " + isolated(nameOf(item.finding.line)) +
-                         " have its message index now.");
+                   : "The fields of line " + shownName(item.finding.line) + " have its message index now.");
 }
 
 void CheckWindow::showRecordOf(int item)
 {
-    const RecordReference &record = m_items[static_cast<std::size_t>(item)].finding.record;
-    const bool isLine = record.kind == RecordKind::Line;
-    onShow(record.key.configuration, {isLine ? RecordName::Kind::Line : RecordName::Kind::Field,
-                                      record.key.name, record.key.nameIndex});
+    onShow(m_items[static_cast<std::size_t>(item)].finding.record);
 }
 
 } // namespace varnow

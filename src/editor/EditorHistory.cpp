@@ -89,13 +89,11 @@ void EditorWindow::historyChanged()
 bool EditorWindow::keepUnsavedChanges()
 {
     m_recoveryTimer.stop();
-    if (m_unsaved)
-        m_unsaved->refill();
     if (m_isGivenUp || m_recovery.write(m_state.model, m_conflicts))
         return true;
-    if (!std::exchange(m_hasToldUnkept, true))
-        tell({m_notice.sentence + " Unsaved changes can not be kept in a file for the case of a crash: " +
-                  isolated(stateFolder()) + " can not be written.",
+    if (isLoaded() && !std::exchange(m_hasToldUnkept, true))
+        tell({m_notice.sentence + " A crash would lose it: " + isolated(stateFolder()) +
+                  " can not be written.",
               m_notice.buttons});
     return false;
 }
@@ -106,12 +104,12 @@ void EditorWindow::takeConflicts(const LeftChanges &conflicts)
 }
 
 /// Shows a record that another window names.
-void EditorWindow::showRecordOf(const QString &configuration, const RecordName &record)
+void EditorWindow::showRecordOf(const RecordReference &record)
 {
     tellReplaced(replacing([&] {
-        if (trim(m_state.configuration()) != configuration)
-            m_configuration.setText(configuration);
-        showNode(record);
+        if (trim(m_state.configuration()) != record.key.configuration)
+            m_configuration.setText(record.key.configuration);
+        showNode(nameWithinConfiguration(record));
     }));
 }
 
@@ -127,9 +125,7 @@ void EditorWindow::showUnsaved()
 {
     if (!m_unsaved) {
         m_unsaved = std::make_unique<UnsavedWindow>(m_state.model, m_conflicts);
-        m_unsaved->onShow = [this](const QString &configuration, const RecordName &record) {
-            showRecordOf(configuration, record);
-        };
+        m_unsaved->onShow = [this](const RecordReference &record) { showRecordOf(record); };
         m_unsaved->onEdited = [this](const QString &sentence) { tellEdited(sentence); };
     }
     m_unsaved->show();

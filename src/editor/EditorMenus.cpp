@@ -8,6 +8,7 @@
 #include "editor/LayoutWindow.h"
 #include "editor/TargetWindow.h"
 #include "model/copyConfiguration.h"
+#include "storage/version.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
@@ -75,11 +76,15 @@ void EditorWindow::copy()
         const Editing editing(m_state.model, "copy of " + source + " to " + target->configuration);
         copyConfiguration(m_state.model, source, target->configuration, target->equalKeys);
     }
+    const bool hasCopied = m_state.model.stepCount() > steps;
+    if (hasCopied) {
+        m_state.changesMade = true;
+        historyChanged();
+    }
     showConfigurationSilently(target->configuration);
     const QString names = isolated(source) + " to " + isolated(target->configuration);
-    if (m_state.model.stepCount() == steps)
+    if (!hasCopied)
         return tell({"Nothing was copied from " + names + '.'});
-    recordsChanged();
     tell({"Copied " + names + "; it is not saved yet.", {undoButton()}});
 }
 
@@ -96,9 +101,7 @@ void EditorWindow::showCheck()
 {
     if (!m_check) {
         m_check = std::make_unique<CheckWindow>(m_state);
-        m_check->onShow = [this](const QString &configuration, const RecordName &record) {
-            showRecordOf(configuration, record);
-        };
+        m_check->onShow = [this](const RecordReference &record) { showRecordOf(record); };
         m_check->onEdited = [this](const QString &sentence) { tellEdited(sentence); };
     }
     m_check->show();
@@ -108,9 +111,7 @@ void EditorWindow::showLayout()
 {
     if (!m_layout) {
         m_layout = std::make_unique<LayoutWindow>(m_state.model);
-        m_layout->onShow = [this](const QString &configuration, const RecordName &record) {
-            showRecordOf(configuration, record);
-        };
+        m_layout->onShow = [this](const RecordReference &record) { showRecordOf(record); };
     }
     m_layout->show();
     drawLayout();
@@ -129,7 +130,7 @@ void EditorWindow::drawLayout()
 
 void EditorWindow::showAbout()
 {
-    ui::show({m_state.session.about, "About Varnow", ui::Icon::Information});
+    ui::show({versionText(), "About Varnow", ui::Icon::Information});
 }
 
 } // namespace varnow

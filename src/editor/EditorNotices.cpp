@@ -16,16 +16,6 @@ namespace varnow {
 
 namespace {
 
-template <class Record> QString shownName(const Record &record)
-{
-    return isolated(nameOf(record));
-}
-
-QString lineNameOf(const Field &field)
-{
-    return isolated(nameOf(field.line, field.lineIndex));
-}
-
 QString placeOf(const Field &field)
 {
     return QStringLiteral("%1.%2").arg(field.messageIndex).arg(field.position);
@@ -50,7 +40,8 @@ QString storedText(const Change<Field> &change)
         return name + " added";
     const bool hasMoved =
         change.was->line != change.is->line || change.was->lineIndex != change.is->lineIndex;
-    return hasMoved ? name + " moved from " + lineNameOf(*change.was) + " to " + lineNameOf(*change.is)
+    return hasMoved ? name + " moved from " + shownName(change.was->line, change.was->lineIndex) + " to " +
+                          shownName(change.is->line, change.is->lineIndex)
                     : name + " changed";
 }
 
@@ -125,9 +116,9 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
     if (change.was && change.was->id > 0 && !haveSameRow(*change.was, field))
         return tellMovedField(change);
     if (model.lines.find(field.configuration, field.line, field.lineIndex) < 0)
-        return tell({change.was ? stored + "; its line " + lineNameOf(field) +
+        return tell({change.was ? stored + "; its line " + shownName(field.line, field.lineIndex) +
                                       " does not exist in this configuration."
-                                : stored + " to line " + lineNameOf(field) +
+                                : stored + " to line " + shownName(field.line, field.lineIndex) +
                                       ", which does not exist in this configuration."});
     const auto isInTheWay = [&](const Field &other) {
         return other.position == field.position && other.messageIndex == field.messageIndex &&
@@ -157,7 +148,8 @@ void EditorWindow::tellMovedField(const Change<Field> &change)
         m_state.model.undo();
         storeInstead(added);
     };
-    tell({storedText(change) + ". Its row under " + lineNameOf(*change.was) + " stays in the database.",
+    tell({storedText(change) + ". Its row under " + shownName(change.was->line, change.was->lineIndex) +
+              " stays in the database.",
           {undoButton(), {"Add as " + nameOf(added.name, added.nameIndex) + " instead", addInstead}}});
 }
 
@@ -232,8 +224,7 @@ void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &senten
     if (typed.empty())
         return sentence.isEmpty() ? void() : tell({sentence});
     const std::optional<RecordName> &name = typed.front().record;
-    const QString of =
-        name && !name->name.isEmpty() ? " for " + isolated(nameOf(name->name, name->nameIndex)) : QString();
+    const QString of = name && !name->name.isEmpty() ? " for " + shownName(*name) : QString();
     tell({(sentence.isEmpty() ? QString() : sentence + ' ') + "The entries typed" + of + " were not stored.",
           {{"Bring them back", [this, typed] { bringBack(typed); }}}});
 }

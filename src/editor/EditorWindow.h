@@ -91,9 +91,10 @@ private:
     void recordsChanged();
     void historyChanged();
     void showUnsaved();
-    void showRecordOf(const QString &configuration, const RecordName &record);
+    void showRecordOf(const RecordReference &record);
     void tellEdited(const QString &sentence);
-    void find();
+    void connectSearch();
+    std::vector<RecordReference> find();
     void showMatch(int step);
     void showNew();
     void copy();
@@ -147,8 +148,7 @@ private:
     ui::Notice m_notice; // shown there
 
     ui::FindBar m_findBar{*this};
-    std::vector<RecordReference> m_found;
-    int m_shownMatch = -1; // index into what was found
+    int m_shownMatch = -1; // index among what was found
 
     // What is to be told of the shown configuration as soon as it is no longer being typed.
     bool m_treeHasBoxes = false;

@@ -3,7 +3,6 @@
 #include "model/RecordReference.h"
 #include "model/lineLayout.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace varnow {
@@ -16,14 +15,6 @@ constexpr float minimumHeight = 2800;
 
 } // namespace
 
-std::vector<ui::Bar> barsOf(const FieldTable &fields, const Line &line)
-{
-    std::vector<ui::Bar> bars;
-    for (const LayoutBar &bar : layoutOf(fields, line).bars)
-        bars.push_back({nameOf(*bar.field), paddingOf(*bar.field), bar.start, bar.length, bar.overlaps});
-    return bars;
-}
-
 LayoutWindow::LayoutWindow(const Model &model) : ui::Window("layout", "Layout", 9000, 3600), m_model(model)
 {
     m_bars.setAccessibleName("Fixed-length fields");
@@ -31,8 +22,7 @@ LayoutWindow::LayoutWindow(const Model &model) : ui::Window("layout", "Layout", 
     m_close.setCancel();
     onResize = [this] { layOut(); };
     m_bars.onBarClick = [this](int bar) {
-        const RecordKey key = m_fields[static_cast<std::size_t>(bar)];
-        onShow(key.configuration, {RecordName::Kind::Field, key.name, key.nameIndex});
+        onShow(RecordReference(m_fields[static_cast<std::size_t>(bar)])); // they may be drawn anew meanwhile
     };
     m_close.onClick = [this] { unload(); };
 }
@@ -50,21 +40,19 @@ void LayoutWindow::layOut()
 void LayoutWindow::draw(const std::optional<Line> &line, const std::optional<RecordName> &field)
 {
     m_fields.clear();
-    if (line) {
-        for (const LayoutBar &bar : layoutOf(m_model.fields, *line).bars)
-            m_fields.push_back(keyOf(*bar.field));
+    std::vector<ui::Bar> bars;
+    int current = ui::BarChart::none;
+    for (const LayoutBar &bar : line ? layoutOf(m_model.fields, *line).bars : std::vector<LayoutBar>()) {
+        m_fields.push_back({RecordKind::Field, keyOf(*bar.field)});
+        if (field == nameWithinConfiguration(m_fields.back()))
+            current = static_cast<int>(bars.size());
+        bars.push_back({nameOf(*bar.field), paddingOf(*bar.field), bar.start, bar.length, bar.overlaps});
     }
     m_line.setCaption(!line              ? QStringLiteral("No line is shown in the editor.")
-                      : m_fields.empty() ? "Line " + nameOf(*line) + " has no fixed-length fields."
-                                         : "Line " + nameOf(*line));
-    m_bars.setBars(line ? barsOf(m_model.fields, *line) : std::vector<ui::Bar>());
-    const auto isCurrent = [&](const RecordKey &key) {
-        return field && field->kind == RecordName::Kind::Field && key.name == field->name &&
-               key.nameIndex == field->nameIndex;
-    };
-    const auto current = std::ranges::find_if(m_fields, isCurrent);
-    m_bars.setCurrentBar(current == m_fields.end() ? ui::BarChart::none
-                                                   : static_cast<int>(current - m_fields.begin()));
+                      : m_fields.empty() ? "Line " + shownName(*line) + " has no fixed-length fields."
+                                         : "Line " + shownName(*line));
+    m_bars.setBars(std::move(bars));
+    m_bars.setCurrentBar(current);
 }
 
 } // namespace varnow

@@ -13,9 +13,6 @@
 
 namespace varnow {
 
-/// The bars of a line's fixed-length fields, those of one line of text the one above the other.
-std::vector<ui::Bar> barsOf(const FieldTable &fields, const Line &line);
-
 /// Draws the fixed-length fields of a line along its characters. Sizes in twips.
 class LayoutWindow : public ui::Window
 {
@@ -23,7 +20,7 @@ public:
     explicit LayoutWindow(const Model &model);
 
     /// The user clicked a field.
-    std::function<void(const QString &configuration, const RecordName &record)> onShow;
+    std::function<void(const RecordReference &record)> onShow;
 
     /// Draws a line, or, without one, nothing. The field is marked.
     void draw(const std::optional<Line> &line, const std::optional<RecordName> &field);
@@ -32,7 +29,7 @@ private:
     void layOut();
 
     const Model &m_model;
-    std::vector<RecordKey> m_fields; ///< by bar
+    std::vector<RecordReference> m_fields; // by bar
 
     ui::Label m_line{*this, "line", "", {120, 120, 8760, 195}};
     ui::BarChart m_bars{*this, "bars", {120, 420, 8760, 2400}};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Model.h"
+#include "model/RecordReference.h"
 #include "ui/TreeView.h"
 
 #include <QString>
@@ -14,7 +15,7 @@ namespace varnow {
 /// What names a record within its configuration.
 struct RecordName
 {
-    enum class Kind { Line, Field };
+    using Kind = RecordKind;
 
     Kind kind;
     QString name;
@@ -22,6 +23,11 @@ struct RecordName
 
     bool operator==(const RecordName &) const = default;
 };
+
+inline RecordName nameWithinConfiguration(const RecordReference &record)
+{
+    return {record.kind, record.key.name, record.key.nameIndex};
+}
 
 /// The tree of the lines and fields of one configuration. It holds no records: rebuild() makes it anew.
 class RecordTree : public ui::TreeView

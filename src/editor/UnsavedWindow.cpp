@@ -30,13 +30,12 @@ QString kindText(ChangeKind kind)
 
 QString recordText(const Line &line)
 {
-    return "Line " + isolated(nameOf(line.name, line.nameIndex));
+    return "Line " + shownName(line);
 }
 
 QString recordText(const Field &field)
 {
-    return "Field " + isolated(nameOf(field.name, field.nameIndex)) + " of " +
-           isolated(nameOf(field.line, field.lineIndex));
+    return "Field " + shownName(field) + " of " + shownName(field.line, field.lineIndex);
 }
 
 template <class Entry> QString detailsOf(const Entry &entry)
@@ -58,14 +57,14 @@ auto placeOf(const Field &field)
                       field.nameIndex);
 }
 
-RecordName treeNameOf(const Line &line)
+RecordReference referenceTo(const Line &line)
 {
-    return {RecordName::Kind::Line, line.name, line.nameIndex};
+    return {RecordKind::Line, keyOf(line)};
 }
 
-RecordName treeNameOf(const Field &field)
+RecordReference referenceTo(const Field &field)
 {
-    return {RecordName::Kind::Field, field.name, field.nameIndex};
+    return {RecordKind::Field, keyOf(field)};
 }
 
 QString changes(std::size_t count)
@@ -190,9 +189,8 @@ void UnsavedWindow::takeOver()
 
 void UnsavedWindow::showRecordOf(int row)
 {
-    std::visit(
-        [this](const auto &entry) { onShow(entry.record().configuration, treeNameOf(entry.record())); },
-        m_rows[static_cast<std::size_t>(row)].entry);
+    std::visit([this](const auto &entry) { onShow(referenceTo(entry.record())); },
+               m_rows[static_cast<std::size_t>(row)].entry);
 }
 
 } // namespace varnow

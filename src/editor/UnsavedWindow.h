@@ -21,7 +21,7 @@ public:
     UnsavedWindow(Model &model, LeftChanges &conflicts);
 
     /// The user wants to see a record in the editor.
-    std::function<void(const QString &configuration, const RecordName &record)> onShow;
+    std::function<void(const RecordReference &record)> onShow;
     /// Records were changed; the sentence tells how.
     std::function<void(const QString &sentence)> onEdited;
 

@@ -48,6 +48,15 @@ public:
 
     Ledger<Record> ledger;
 
+    /// Whether the next save has a row to delete.
+    bool hasRowsToDelete() const
+    {
+        const auto isToGo = [this](const Record &gone) {
+            return gone.id > 0 && std::ranges::find(*this, gone.id, &Record::id) == this->end();
+        };
+        return std::ranges::any_of(removed, isToGo);
+    }
+
     /// Changes are written down here from now on; null ends that.
     void recordTo(Changes<Record> *changes) { m_changes = changes; }
 

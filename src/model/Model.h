@@ -42,6 +42,9 @@ public:
     /// True when some record differs from its row.
     bool hasUnsavedChanges() const { return !lines.ledger.isEmpty() || !fields.ledger.isEmpty(); }
 
+    /// True when the next save has a row to delete, also one that never was a record in memory.
+    bool hasRowsToDelete() const { return lines.hasRowsToDelete() || fields.hasRowsToDelete(); }
+
     ChangeCounts countUnsaved() const;
 
     /// The step that undo() takes back, or redo() makes again; null without one.

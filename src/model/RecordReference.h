@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/names.h"
 #include "model/Ledger.h"
 
 #include <QString>
@@ -26,6 +27,17 @@ inline QString nameOf(const QString &name, int nameIndex)
 template <class Record> QString nameOf(const Record &record)
 {
     return nameOf(record.name, record.nameIndex);
+}
+
+/// The same within a sentence that a window shows, isolated.
+inline QString shownName(const QString &name, int nameIndex)
+{
+    return isolated(nameOf(name, nameIndex));
+}
+
+template <class Record> QString shownName(const Record &record)
+{
+    return shownName(record.name, record.nameIndex);
 }
 
 } // namespace varnow

@@ -31,12 +31,14 @@ bool hasKeyOf(const Table &table, const QString &configuration, const Record &re
 
 template <class Table> CopyCount count(const Table &table, const QString &source, const QString &target)
 {
+    const QString from = trim(source);
+    const QString to = trim(target);
     CopyCount counted;
     for (const auto &record : table) {
-        counted.target += record.configuration == trim(target);
-        if (record.configuration == trim(source)) {
+        counted.target += record.configuration == to;
+        if (record.configuration == from) {
             ++counted.source;
-            counted.equal += hasKeyOf(table, trim(target), record);
+            counted.equal += hasKeyOf(table, to, record);
         }
     }
     return counted;

@@ -35,12 +35,12 @@ using LetterCaseTexts = std::unordered_map<const void *, QString>;
 
 QString textOf(const Line &line)
 {
-    return "Line " + nameOf(line);
+    return "Line " + shownName(line);
 }
 
 QString textOf(const Field &field)
 {
-    return "Field " + nameOf(field);
+    return "Field " + shownName(field);
 }
 
 /// "character 5" or "characters 5 to 7".
@@ -124,18 +124,16 @@ void checkMessageIndexes(std::vector<const Line *> lines, const TreeOrder &order
             found.add(
                 *line, FindingKind::SameMessageIndex,
                 QStringLiteral("%1 has message index %2 as line %3 has, so that the tree does not show it.")
-                    .arg(textOf(*line), QString::number(messageIndex), nameOf(*shown)));
+                    .arg(textOf(*line), QString::number(messageIndex), shownName(*shown)));
         if (messageIndex == expected + 1)
             found.add(*line, FindingKind::MessageIndexGap,
                       QStringLiteral("No line before line %1 has message index %2.")
-                          .arg(nameOf(*line))
-                          .arg(expected));
+                          .arg(shownName(*line), QString::number(expected)));
         else if (messageIndex > expected)
-            found.add(*line, FindingKind::MessageIndexGap,
-                      QStringLiteral("No line before line %1 has a message index from %2 to %3.")
-                          .arg(nameOf(*line))
-                          .arg(expected)
-                          .arg(messageIndex - 1));
+            found.add(
+                *line, FindingKind::MessageIndexGap,
+                QStringLiteral("No line before line %1 has a message index from %2 to %3.")
+                    .arg(shownName(*line), QString::number(expected), QString::number(messageIndex - 1)));
         expected = std::max(expected, qint64{messageIndex} + 1);
     }
 }
@@ -146,7 +144,7 @@ void checkMembership(const OwnedField &owned, const TreeOrder &order, Found &fou
     if (owned.line == nullptr) {
         found.add(owned, FindingKind::FieldWithoutLine,
                   QStringLiteral("%1 belongs to line %2, which does not exist.")
-                      .arg(textOf(field), nameOf(field.line, field.lineIndex)));
+                      .arg(textOf(field), shownName(field.line, field.lineIndex)));
         return;
     }
     if (field.messageIndex == owned.line->messageIndex)
@@ -154,9 +152,9 @@ void checkMembership(const OwnedField &owned, const TreeOrder &order, Found &fou
     const Line *other = order.lineAt(field.messageIndex);
     found.add(owned, FindingKind::FieldElsewhere,
               QStringLiteral("%1 has message index %2, but its line %3 has %4. The tree shows it %5.")
-                  .arg(textOf(field), QString::number(field.messageIndex), nameOf(*owned.line),
+                  .arg(textOf(field), QString::number(field.messageIndex), shownName(*owned.line),
                        QString::number(owned.line->messageIndex),
-                       other == nullptr ? QStringLiteral("nowhere") : "under line " + nameOf(*other)),
+                       other == nullptr ? QStringLiteral("nowhere") : "under line " + shownName(*other)),
               Cure::MoveItsFields);
 }
 
@@ -173,8 +171,8 @@ void checkPositions(FieldsOfLine fields, Found &found)
                 *owned, FindingKind::SamePosition,
                 QStringLiteral("%1 has position %2 of line %3 as field %4 has, so that the tree does not "
                                "show it.")
-                    .arg(textOf(*owned->field), QString::number(positionOf(owned)), nameOf(*owned->line),
-                         nameOf(*first->field)));
+                    .arg(textOf(*owned->field), QString::number(positionOf(owned)), shownName(*owned->line),
+                         shownName(*first->field)));
     }
 }
 
@@ -202,15 +200,15 @@ void checkLayout(const FieldsOfLine &fields, Found &found)
         const LayoutBar &bar = layout.bars[overlap.second];
         add(bar, FindingKind::Overlap,
             QStringLiteral("%1 overlaps field %2 at %3.")
-                .arg(textOf(*bar.field), nameOf(*layout.bars[overlap.first].field),
+                .arg(textOf(*bar.field), shownName(*layout.bars[overlap.first].field),
                      charactersText(overlap.start, overlap.length)));
     }
     for (const LayoutGap &gap : layout.gaps) {
         const LayoutBar &bar = layout.bars[gap.before];
         add(bar, FindingKind::Gap,
             QStringLiteral("No field fills %1 of line %2, before field %3.")
-                .arg(charactersText(gap.start, gap.length), nameOf(bar.field->line, bar.field->lineIndex),
-                     nameOf(*bar.field)));
+                .arg(charactersText(gap.start, gap.length), shownName(bar.field->line, bar.field->lineIndex),
+                     shownName(*bar.field)));
     }
 }
 
@@ -221,7 +219,7 @@ void checkLookup(const OwnedField &owned, const QSet<QString> &dataFieldNames, F
         found.add(owned, FindingKind::UnknownLookup,
                   QStringLiteral("The lookup of field %1 is \"%2\", which is no data field name of the "
                                  "configuration.")
-                      .arg(nameOf(*owned.field), lookup));
+                      .arg(shownName(*owned.field), isolated(lookup)));
 }
 
 void checkConfiguration(const Records &records, const std::optional<QSet<QString>> &dataFieldNames,
@@ -318,7 +316,7 @@ template <class Table> void addLetterCaseTexts(const Table &table, LetterCaseTex
                 texts[record] =
                     QStringLiteral("%1 differs from %2 in letter case only, which the database does "
                                    "not tell apart: both are saved into one row.")
-                        .arg(textOf(*record), nameOf(*other));
+                        .arg(textOf(*record), shownName(*other));
         }
     }
 }

@@ -15,7 +15,6 @@ struct Session
     QStringList configurationNames; ///< trimmed, in the database's order
     QString defaultConfiguration;   ///< the one that the editor opens first
 
-    QString about = {};    ///< the versions of the program and of what it stands on
     QString greeting = {}; ///< what the editor is to tell when it opens; mostly nothing
 };
 

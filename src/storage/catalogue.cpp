@@ -96,4 +96,15 @@ DataFieldNames loadDataFieldNames(const db::ConnectionSettings &database, const 
     return result;
 }
 
+QHash<QString, QStringList> loadAllDataFieldNames(Run &run)
+{
+    QHash<QString, QStringList> names;
+    for (db::ResultSet rows =
+             run.load(QStringLiteral("Reading the data field names"),
+                      QStringLiteral("SELECT config_name, field_name FROM data_extractor_fields_config;"));
+         !rows.atEnd(); rows.moveNext())
+        names[trim(rows.value(0).toString())] += trim(rows.value(1).toString());
+    return names;
+}
+
 } // namespace varnow

@@ -2,6 +2,7 @@
 
 #include "storage/Run.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -37,5 +38,9 @@ struct DataFieldNames
 /// `configuration` is taken as it was typed: one with blanks around it has no data field names. At most 32767
 /// rows are read; more break off with errors::Overflow.
 DataFieldNames loadDataFieldNames(const db::ConnectionSettings &database, const QString &configuration);
+
+/// The data field names of all configurations, trimmed, by the trimmed name of the configuration. Raises the
+/// provider's error code, and errors::UserInterrupt when the user stopped it.
+QHash<QString, QStringList> loadAllDataFieldNames(Run &run);
 
 } // namespace varnow

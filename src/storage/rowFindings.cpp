@@ -125,7 +125,7 @@ QString standsElsewhere(const Field &row, const Field &field)
         return {};
     return QStringLiteral(
                "keeps field %1 under line %2, while it stands under line %3 here. A save leaves it behind.")
-        .arg(nameOf(row), nameOf(row.line, row.lineIndex), nameOf(field.line, field.lineIndex));
+        .arg(shownName(row), shownName(row.line, row.lineIndex), shownName(field.line, field.lineIndex));
 }
 
 template <class Record>
@@ -140,7 +140,7 @@ template <class Record>
 void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowFinding> &findings)
 {
     const Row<Record> *kept = rowToKeep(rows, record);
-    const QString name = Names<Record>::name + ' ' + nameOf(record);
+    const QString name = Names<Record>::name + ' ' + shownName(record);
     for (const Row<Record> &row : rows) {
         if (&row == kept) {
             if (row.isNullIndexed)
@@ -154,8 +154,7 @@ void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowFi
         QString text = standsElsewhere(row.record, record);
         if (text.isEmpty() && kept != nullptr)
             text = QStringLiteral("has the key of %1 as row %2 has. A save writes only one of them.")
-                       .arg(name)
-                       .arg(kept->record.id);
+                       .arg(name, QString::number(kept->record.id));
         findings.push_back(findingOf(row, FindingKind::StrayRow, text, Cure::RemoveAtNextSave,
                                      kept == nullptr ? 0 : kept->record.id));
     }

@@ -1,10 +1,56 @@
 #include "ui/Menu.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
+#include <QMenuBar>
 
 namespace varnow::ui {
+
+namespace {
+
+/// Keeps the widgets of a menu bar's window from claiming the keys of its entries.
+class KeysOfMenus : public QObject
+{
+public:
+    explicit KeysOfMenus(QMenuBar &bar) : QObject(&bar), m_bar(bar) {}
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() != QEvent::ShortcutOverride)
+            return false;
+        const auto *widget = qobject_cast<QWidget *>(object);
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (widget == nullptr || widget->window() != m_bar.window() || key->matches(QKeySequence::Undo) ||
+            key->matches(QKeySequence::Redo) || !isOfEntry(QKeySequence(key->keyCombination())))
+            return false;
+        event->ignore();
+        return true;
+    }
+
+private:
+    bool isOfEntry(const QKeySequence &key) const
+    {
+        for (const QAction *menu : m_bar.actions()) {
+            for (const QAction *entry : menu->menu()->actions()) {
+                if (entry->shortcuts().contains(key))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    QMenuBar &m_bar;
+};
+
+} // namespace
+
+void letKeysThrough(QMenuBar &bar)
+{
+    QCoreApplication::instance()->installEventFilter(new KeysOfMenus(bar));
+}
 
 void MenuEntry::setCaption(const QString &caption)
 {

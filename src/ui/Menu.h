@@ -6,6 +6,7 @@
 
 class QAction;
 class QMenu;
+class QMenuBar;
 
 namespace varnow::ui {
 
@@ -21,6 +22,10 @@ public:
 private:
     QAction *m_action;
 };
+
+/// Lets the keys of the bar's entries work wherever the focus is: an entry would take some of them for
+/// editing, Ctrl+U for one. Those for undo and redo it keeps.
+void letKeysThrough(QMenuBar &bar);
 
 /// A menu of a window's menu bar.
 class Menu

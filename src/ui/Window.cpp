@@ -390,8 +390,10 @@ bool Window::unload()
 
 Menu Window::addMenu(const QString &caption)
 {
-    if (m_widget->menuBar == nullptr)
+    if (m_widget->menuBar == nullptr) {
         m_widget->menuBar = new QMenuBar(m_widget.get());
+        letKeysThrough(*m_widget->menuBar);
+    }
     return Menu(m_widget->menuBar->addMenu(caption));
 }
 

@@ -162,7 +162,9 @@ TEST_P(NoticeTest, TakesBackWhatIsSelected)
     change({{"constant", "new"}});
     user->clickNode("2.7 Units");
     remove();
+    user->control("configuration")->setFocus();
     user->press(Qt::Key_U, Qt::ControlModifier);
+    EXPECT_EQ(user->text("configuration"), "Standard") << "the key is not the entry's";
     ASSERT_EQ(ui::Window::loadedWindows().size(), 2U);
     Driver unsaved(*ui::Window::loadedWindows()[1]);
     auto *list = static_cast<QTreeView *>(unsaved.control("unsavedList"));
@@ -200,8 +202,8 @@ TEST_P(NoticeTest, TellsOnceThatNothingCanBeKept)
     qputenv("XDG_STATE_HOME", "/proc/nowhere");
     change({{"lineName", "NTE"}, {"lineIndex", "1"}, {"lineMessageIndex", "4"}});
     const QString told =
-        "Line NTE(1) added with message index 4. Unsaved changes can not be kept in a file for the "
-        "case of a crash: /proc/nowhere/varnow can not be written.";
+        "Line NTE(1) added with message index 4. A crash would lose it: /proc/nowhere/varnow can not be "
+        "written.";
     EXPECT_TRUE(QTest::qWaitFor([&] { return notice() == told; }, 1000)) << notice().toStdString();
     change({{"lineMessageIndex", "5"}});
     EXPECT_FALSE(editor->keepUnsavedChanges());

@@ -36,7 +36,7 @@ struct FindingsTest : testing::Test, ModelFixture
     {
         QStringList texts;
         for (const Finding &finding : findingsIn(model, context, configuration)) {
-            texts += finding.record.key.name + ": " + finding.text;
+            texts += finding.record.key.name + ": " + withoutIsolation(finding.text);
             if (finding.cure == Cure::MoveItsFields)
                 texts.last() += " [" + finding.line.name + "]";
         }
