@@ -11,6 +11,9 @@
 #include "storage/version.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
+#include "ui/fileDialogs.h"
+
+#include <algorithm>
 
 namespace varnow {
 
@@ -21,6 +24,10 @@ void EditorWindow::addMenus()
     configuration.add("&Reload", "Ctrl+R", [this] { reload(); });
     configuration.add("&New…", "", [this] { showNew(); });
     configuration.add("&Copy to…", "", [this] { copy(); });
+    configuration.add("&Import…", "Ctrl+I", [this] {
+        import(ui::askForFiles("Import", {"CSV files", "csv"}));
+    });
+    configuration.add("&Export…", "Ctrl+E", [this] { exportAs(); });
     configuration.add("Chec&k", "F8", [this] { showCheck(); });
     configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
     ui::Menu edit = addMenu("Ed&it");
@@ -57,9 +64,18 @@ void EditorWindow::showNew()
         TargetWindow(m_state, TargetWindow::Purpose::New).ask();
     if (!target)
         return;
-    showConfigurationSilently(target->configuration);
-    tell(
-        {"Configuration " + isolated(target->configuration) + " is shown. It is saved with its first line."});
+    const auto show = [&] {
+        showConfigurationSilently(target->configuration);
+        if (std::ranges::find(m_state.model.lines, target->configuration, &Line::configuration) !=
+            m_state.model.lines.end())
+            return;
+        emptyPages();
+        m_tabs.setCurrentPage(0);
+        m_linePage.clear();
+        m_linePage.settleEntries();
+    };
+    tellReplaced(replacing(show), "Configuration " + isolated(target->configuration) +
+                                      " is shown. It is saved with its first line.");
 }
 
 void EditorWindow::copy()
@@ -81,11 +97,12 @@ void EditorWindow::copy()
         m_state.changesMade = true;
         historyChanged();
     }
-    showConfigurationSilently(target->configuration);
+    const TypedEntries typed = replacing([&] { showConfigurationSilently(target->configuration); });
     const QString names = isolated(source) + " to " + isolated(target->configuration);
-    if (!hasCopied)
-        return tell({"Nothing was copied from " + names + '.'});
-    tell({"Copied " + names + "; it is not saved yet.", {undoButton()}});
+    if (hasCopied)
+        tellDone(typed, "Copied " + names + "; it is not saved yet.");
+    else
+        tellReplaced(typed, "Nothing was copied from " + names + '.');
 }
 
 /// Shows a configuration without a box about what it lacks.

@@ -229,6 +229,15 @@ void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &senten
           {{"Bring them back", [this, typed] { bringBack(typed); }}}});
 }
 
+/// Tells what was done to many records, which can be undone, and of the entries that it replaced.
+void EditorWindow::tellDone(const TypedEntries &typed, const QString &sentence)
+{
+    if (typed.empty())
+        tell({sentence, {undoButton()}});
+    else
+        tellReplaced(typed, sentence);
+}
+
 void EditorWindow::bringBack(const TypedEntries &typed)
 {
     const auto page = std::ranges::find(m_state.pages, typed.front().page);

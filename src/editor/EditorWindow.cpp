@@ -59,6 +59,7 @@ void EditorWindow::connectControls()
     onResize = [this] { layOut(); };
     onCloseRequest = [this] { return closeRequested(); };
     onDoubleClick = [this] { accessDataDisplay(); };
+    onFilesDropped = [this](const QStringList &paths) { import(paths); };
 }
 
 void EditorWindow::arrangeFocus()
@@ -200,16 +201,23 @@ void EditorWindow::showRecord(const RecordName &record)
     drawLayout();
 }
 
+/// Whether a configuration is chosen or typed; a box asks for one.
+bool EditorWindow::hasConfiguration() const
+{
+    if (!isBlank(m_state.configuration()))
+        return true;
+    ui::show(
+        {"There is no configuration selected." + lineBreak + "Please select or enter a configuration first.",
+         "Data Checking", ui::Icon::Critical});
+    return false;
+}
+
 void EditorWindow::change()
 {
     const ui::Hourglass hourglass;
     tellProblems();
-    if (isBlank(m_state.configuration())) {
-        ui::show({"There is no configuration selected." + lineBreak +
-                      "Please select or enter a configuration first.",
-                  "Data Checking", ui::Icon::Critical});
+    if (!hasConfiguration())
         return;
-    }
     EntryPage &page = shownPage();
     const std::size_t steps = m_state.model.stepCount();
     std::optional<QString> nodeKey;

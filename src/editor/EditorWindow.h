@@ -99,6 +99,10 @@ private:
     void showNew();
     void copy();
     void showConfigurationSilently(const QString &name);
+    void tellDone(const TypedEntries &typed, const QString &sentence);
+    void import(const QStringList &paths);
+    void exportAs();
+    bool hasConfiguration() const;
     void showCheck();
     void showLayout();
     void drawLayout();

@@ -1,7 +1,6 @@
 #include "editor/LayoutWindow.h"
 
 #include "model/RecordReference.h"
-#include "model/lineLayout.h"
 
 #include <utility>
 
@@ -14,6 +13,11 @@ constexpr float minimumWidth = 5000;
 constexpr float minimumHeight = 2800;
 
 } // namespace
+
+ui::Bar barOf(const LayoutBar &field)
+{
+    return {nameOf(*field.field), paddingOf(*field.field), field.start, field.length, field.overlaps};
+}
 
 LayoutWindow::LayoutWindow(const Model &model) : ui::Window("layout", "Layout", 9000, 3600), m_model(model)
 {
@@ -46,7 +50,7 @@ void LayoutWindow::draw(const std::optional<Line> &line, const std::optional<Rec
         m_fields.push_back({RecordKind::Field, keyOf(*bar.field)});
         if (field == nameWithinConfiguration(m_fields.back()))
             current = static_cast<int>(bars.size());
-        bars.push_back({nameOf(*bar.field), paddingOf(*bar.field), bar.start, bar.length, bar.overlaps});
+        bars.push_back(barOf(bar));
     }
     m_line.setCaption(!line              ? QStringLiteral("No line is shown in the editor.")
                       : m_fields.empty() ? "Line " + shownName(*line) + " has no fixed-length fields."

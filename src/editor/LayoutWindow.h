@@ -2,6 +2,7 @@
 
 #include "editor/RecordTree.h"
 #include "model/Model.h"
+#include "model/lineLayout.h"
 #include "ui/BarChart.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
@@ -12,6 +13,9 @@
 #include <vector>
 
 namespace varnow {
+
+/// A fixed-length field as it is drawn.
+ui::Bar barOf(const LayoutBar &field);
 
 /// Draws the fixed-length fields of a line along its characters. Sizes in twips.
 class LayoutWindow : public ui::Window

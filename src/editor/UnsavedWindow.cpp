@@ -1,7 +1,7 @@
 #include "editor/UnsavedWindow.h"
 
 #include "base/names.h"
-#include "model/RecordReference.h"
+#include "editor/recordText.h"
 #include "model/differences.h"
 
 #include <algorithm>
@@ -26,16 +26,6 @@ QString kindText(ChangeKind kind)
         return "Removed";
     }
     Q_UNREACHABLE();
-}
-
-QString recordText(const Line &line)
-{
-    return "Line " + shownName(line);
-}
-
-QString recordText(const Field &field)
-{
-    return "Field " + shownName(field) + " of " + shownName(field.line, field.lineIndex);
 }
 
 template <class Entry> QString detailsOf(const Entry &entry)

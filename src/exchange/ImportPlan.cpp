@@ -4,6 +4,7 @@
 #include "exchange/RowReader.h"
 #include "exchange/csv.h"
 #include "exchange/exportCsv.h"
+#include "model/RecordReference.h"
 
 #include <algorithm>
 
@@ -39,10 +40,37 @@ public:
                 judge(row, *field, m_model.fields, m_fieldRows);
             }
         }
+        noteHiddenLines();
         return std::move(m_plan);
     }
 
 private:
+    /// The tree shows one line for each message index.
+    void noteHiddenLines()
+    {
+        QHash<std::pair<QString, int>, RecordKey> lineAt;
+        for (const Line &line : m_model.lines) {
+            if (!m_lineRows.contains(keyOf(line)))
+                lineAt.insert({line.configuration, line.messageIndex}, keyOf(line));
+        }
+        QStringList hidden;
+        for (const ImportRow &row : m_plan.rows) {
+            const auto *line = std::get_if<Line>(&row.record);
+            if (line == nullptr || row.outcome == RowOutcome::Refused)
+                continue;
+            const std::pair place(line->configuration, line->messageIndex);
+            const auto other = lineAt.constFind(place);
+            if (other == lineAt.cend())
+                lineAt.insert(place, keyOf(*line));
+            else
+                hidden += QStringLiteral("%1 and %2")
+                              .arg(shownName(other->name, other->nameIndex), shownName(*line));
+        }
+        if (!hidden.isEmpty())
+            m_plan.notes += "Lines would share a message index, by which the tree shows one of them: " +
+                            hidden.join(QLatin1String(", ")) + u'.';
+    }
+
     void readFile(const ImportFile &file)
     {
         CsvTable table = readCsv(file.contents);

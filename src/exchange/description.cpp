@@ -92,10 +92,11 @@ QString sectionOf(const Line &line, const std::vector<Field> &fields, const Pict
         return html + "<p>This line has no fields.</p>\n";
     const bool hasFixedLength = std::ranges::any_of(
         fields, [](int n) { return n != 0; }, &Field::fixedLength);
-    const QByteArray picture = hasFixedLength && pictureOf ? pictureOf(line, fields) : QByteArray();
-    if (!picture.isEmpty())
-        html += "<p><img alt=\"The fields of the line by their characters\" src=\"data:image/png;base64," +
-                QString::fromLatin1(picture.toBase64()) + "\"></p>\n";
+    const Picture picture = hasFixedLength && pictureOf ? pictureOf(line, fields) : Picture();
+    if (!picture.png.isEmpty())
+        html += QStringLiteral("<p><img alt=\"The fields of the line by their characters\" width=\"%1\" "
+                               "src=\"data:image/png;base64,%2\"></p>\n")
+                    .arg(QString::number(picture.width), QString::fromLatin1(picture.png.toBase64()));
     return html + tableOf(fields, hasFixedLength);
 }
 

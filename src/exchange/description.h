@@ -10,9 +10,15 @@
 
 namespace varnow {
 
-/// Draws the record of a line that has fixed-length fields: the bytes of a PNG picture, empty for none. The
-/// fields come in the order of their positions.
-using PictureOf = std::function<QByteArray(const Line &line, const std::vector<Field> &fields)>;
+/// A picture, or none.
+struct Picture
+{
+    QByteArray png;
+    int width = 0; ///< shown, in pixels of which 96 make an inch
+};
+
+/// Draws the record of a line that has fixed-length fields, which come in the order of their positions.
+using PictureOf = std::function<Picture(const Line &line, const std::vector<Field> &fields)>;
 
 /// A configuration's lines and fields for people to read, as HTML simple enough for QTextDocument: title,
 /// date, and for each line in the order of the message a table of its fields, with a picture where one is

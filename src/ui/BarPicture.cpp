@@ -303,8 +303,9 @@ QByteArray pngOf(const std::vector<Bar> &bars, int width)
         static_cast<double>(inRow < 10 ? inRow : inRow - inRow % 10) * picture.characterWidth();
     const int rows = std::max(1, static_cast<int>(std::ceil((picture.size().width() - 1) / rowWidth)));
     const double rowHeight = picture.size().height() + margin;
-    QImage image(static_cast<int>(room) + 2 * margin, static_cast<int>(rows * rowHeight) + margin,
-                 QImage::Format_RGB32);
+    const QSize size(static_cast<int>(room) + 2 * margin, static_cast<int>(rows * rowHeight) + margin);
+    QImage image(size * paperDensity, QImage::Format_RGB32);
+    image.setDevicePixelRatio(paperDensity);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

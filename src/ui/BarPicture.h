@@ -79,7 +79,11 @@ private:
     double m_characterWidth;
 };
 
-/// A picture of bars on white as a PNG file, this wide in pixels; a long line goes on in further rows.
+/// Pixels of a picture that is made for paper to one of the screen's, of which 96 make an inch.
+inline constexpr int paperDensity = 2;
+
+/// A picture of bars on white as a PNG file, to be shown this wide in the screen's pixels; a long line goes
+/// on in further rows.
 QByteArray pngOf(const std::vector<Bar> &bars, int width);
 
 } // namespace varnow::ui

@@ -8,10 +8,12 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QThread>
+#include <QUrl>
 #include <QWidget>
 #include <QWindow>
 
@@ -124,6 +126,21 @@ protected:
         QWidget::keyPressEvent(event);
     }
 
+    void dragEnterEvent(QDragEnterEvent *event) override
+    {
+        if (!pathsOf(*event->mimeData()).isEmpty())
+            event->acceptProposedAction();
+    }
+
+    /// Acts later, so that the program where the files come from does not wait.
+    void dropEvent(QDropEvent *event) override
+    {
+        event->acceptProposedAction();
+        QMetaObject::invokeMethod(
+            this, [this, paths = pathsOf(*event->mimeData())] { m_owner.onFilesDropped(paths); },
+            Qt::QueuedConnection);
+    }
+
     void closeEvent(QCloseEvent *event) override
     {
         event->ignore();
@@ -131,6 +148,16 @@ protected:
     }
 
 private:
+    static QStringList pathsOf(const QMimeData &data)
+    {
+        QStringList paths;
+        for (const QUrl &url : data.urls()) {
+            if (url.isLocalFile())
+                paths += url.toLocalFile();
+        }
+        return paths;
+    }
+
     int menuHeight() const { return menuBar == nullptr ? 0 : menuBar->sizeHint().height(); }
 
     int footHeight() const
@@ -322,6 +349,7 @@ void Window::load()
     if (m_border == Border::Sizable)
         m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()) +
                          m_widget->beyondClient());
+    m_widget->setAcceptDrops(onFilesDropped != nullptr);
     m_loaded = true;
     loaded().push_back(this);
     if (onLoad)

@@ -4,6 +4,7 @@
 #include "ui/Menu.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -31,6 +32,8 @@ public:
     std::function<void()> onResize;
     std::function<void()> onDoubleClick;           ///< on the bare surface, outside every control
     std::function<CloseDecision()> onCloseRequest; ///< before every unload, by code or by the close box
+    /// Files were dropped anywhere on the window. To be set before the window is first shown.
+    std::function<void(const QStringList &paths)> onFilesDropped;
 
     QString caption() const;
     void setCaption(const QString &caption);

@@ -45,6 +45,8 @@ public:
             return target == &m_edit && takeClick(static_cast<QMouseEvent &>(*event));
         case QEvent::ContextMenu:
             return target == &m_edit && showMenu(static_cast<QContextMenuEvent &>(*event));
+        case QEvent::DragEnter:
+            return target == &m_edit && leaveFiles(static_cast<QDragEnterEvent &>(*event));
         case QEvent::Drop:
             return target == &m_edit && takeDrop(static_cast<QDropEvent &>(*event));
         default:
@@ -106,6 +108,15 @@ private:
         }
         menu->exec(event.globalPos());
         return true;
+    }
+
+    /// Files go to the window, where it takes them.
+    bool leaveFiles(QDragEnterEvent &event)
+    {
+        const bool isForWindow = event.mimeData()->hasUrls() && m_edit.window()->acceptDrops();
+        if (isForWindow)
+            event.ignore();
+        return isForWindow;
     }
 
     bool takeDrop(QDropEvent &event)

@@ -82,7 +82,7 @@ TEST_F(ExportTest, DescribesTheMessageInEscapedTexts)
         drawn += line.name;
         for (const Field &field : fieldsOfLine)
             drawn += field.name;
-        return QByteArray("PNG");
+        return Picture{"PNG", 640};
     };
     const QString html = descriptionHtml(model, "LAB", QDate(2025, 3, 9), draw);
     EXPECT_EQ(drawn, QStringList({"<b>PID", "Fixed", "=1+1"}));

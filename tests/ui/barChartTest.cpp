@@ -102,8 +102,8 @@ TEST_F(BarChartTest, MakesAPictureOfTheWantedWidth)
 {
     for (const std::vector<ui::Bar> &bars : {std::vector<ui::Bar>(), {{"endless", "", 1, 2147483647}}}) {
         const QImage image = QImage::fromData(ui::pngOf(bars, 700));
-        EXPECT_EQ(image.width(), 700);
-        EXPECT_LT(image.height(), 10'000);
+        EXPECT_EQ(image.width(), 700 * ui::paperDensity);
+        EXPECT_LT(image.height(), 10'000 * ui::paperDensity);
     }
 }
 

@@ -1,0 +1,183 @@
+#include "editor/ImportWindow.h"
+
+#include "base/names.h"
+#include "base/text.h"
+#include "editor/recordText.h"
+#include "exchange/files.h"
+#include "model/differences.h"
+#include "ui/Application.h"
+#include "ui/MessageBox.h"
+#include "ui/fileDialogs.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace varnow {
+
+namespace {
+
+constexpr float margin = 120;
+constexpr float minimumWidth = 8000;
+constexpr float minimumHeight = 3000;
+
+QString outcomeText(RowOutcome outcome)
+{
+    switch (outcome) {
+    case RowOutcome::Added:
+        return "Added";
+    case RowOutcome::Changed:
+        return "Changed";
+    case RowOutcome::Unchanged:
+        return "Unchanged";
+    case RowOutcome::Refused:
+        return "Refused";
+    }
+    Q_UNREACHABLE();
+}
+
+const LineTable &tableOf(const Model &model, const Line &)
+{
+    return model.lines;
+}
+
+const FieldTable &tableOf(const Model &model, const Field &)
+{
+    return model.fields;
+}
+
+/// Why a row is refused, or what it brings.
+template <class Record> QStringList detailsOf(const ImportRow &row, const Record &record, const Model &model)
+{
+    switch (row.outcome) {
+    case RowOutcome::Added:
+        return contents(record);
+    case RowOutcome::Changed: {
+        const auto &table = tableOf(model, record);
+        return differences(table[table.find(record.configuration, record.name, record.nameIndex)], record);
+    }
+    case RowOutcome::Unchanged:
+        return {};
+    case RowOutcome::Refused:
+        return row.complaints;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+ImportWindow::ImportWindow(const EditorState &state)
+    : ui::Window("importing", "Import", 11000, 6000), m_state(state)
+{
+    m_list.setAccessibleName("Rows to import");
+    setFocusOrder({&m_list, &m_current, &m_import, &m_add, &m_saveRefused, &m_cancel});
+    m_cancel.setCancel();
+    onResize = [this] { layOut(); };
+    onFilesDropped = [this](const QStringList &paths) { addFiles(paths); };
+    m_current.onClick = [this] { makePlan(); };
+    m_import.onClick = [this] { accept(); };
+    m_add.onClick = [this] { addFiles(ui::askForFiles("Import", {"CSV files", "csv"})); };
+    m_saveRefused.onClick = [this] { saveRefused(); };
+    m_cancel.onClick = [this] { unload(); };
+}
+
+std::optional<ImportPlan> ImportWindow::ask(const QStringList &paths)
+{
+    addFiles(paths);
+    showModal();
+    return m_isAccepted ? std::optional(std::move(m_plan)) : std::nullopt;
+}
+
+void ImportWindow::layOut()
+{
+    if (isMinimised())
+        return;
+    enforceMinimumSize(minimumWidth, minimumHeight);
+    const float top = innerHeight() - (m_cancel.height() + margin);
+    m_import.move(margin, top);
+    m_add.move(m_import.left() + m_import.width(), top);
+    m_saveRefused.move(m_add.left() + m_add.width(), top);
+    m_cancel.move(innerWidth() - (m_cancel.width() + margin), top);
+    m_result.move(
+        {m_result.left(), m_result.top(), innerWidth() - (m_result.left() + margin), m_result.height()});
+    m_list.move({margin, m_list.top(), innerWidth() - 2 * margin, top - margin - m_list.top()});
+}
+
+void ImportWindow::addFiles(const QStringList &paths)
+{
+    const ui::Hourglass hourglass;
+    for (const QString &path : paths) {
+        const QFileInfo file(path);
+        if (m_paths.contains(file.absoluteFilePath()))
+            continue;
+        m_paths.insert(file.absoluteFilePath());
+        const FileContents contents = readFile(path);
+        if (contents.problem.isEmpty())
+            m_files.push_back({withoutIsolation(isolated(file.fileName())), contents.bytes});
+        else
+            m_unreadable += contents.problem;
+    }
+    makePlan();
+}
+
+void ImportWindow::makePlan()
+{
+    const ui::Hourglass hourglass;
+    m_plan = planImport(m_files, m_state.model, m_state.configuration(),
+                        m_current.isTicked() ? ImportTarget::Current : ImportTarget::AsNamed);
+    QStringList counts;
+    for (const RowOutcome outcome :
+         {RowOutcome::Added, RowOutcome::Changed, RowOutcome::Unchanged, RowOutcome::Refused})
+        counts += QString::number(m_plan.count(outcome)) + ' ' + outcomeText(outcome).toLower();
+    m_result.setCaption(counts.join(QStringLiteral(", ")));
+    m_import.setEnabled(m_plan.count(RowOutcome::Added) + m_plan.count(RowOutcome::Changed) > 0);
+    m_saveRefused.setEnabled(m_plan.count(RowOutcome::Refused) > 0);
+    listRows();
+}
+
+/// What needs the user's attention comes first.
+void ImportWindow::listRows()
+{
+    std::vector<QStringList> texts;
+    for (const QString &problem : m_unreadable + m_plan.problems)
+        texts.push_back({"Not read", "", "", "", problem});
+    for (const QString &note : m_plan.notes)
+        texts.push_back({"Note", "", "", "", note});
+    const auto add = [&](const ImportRow &row) {
+        std::visit(
+            [&](const auto &record) {
+                const QString number = QString::number(row.number);
+                texts.push_back({outcomeText(row.outcome),
+                                 m_files.size() == 1 ? number : m_files[row.file].name + ' ' + number,
+                                 isolated(record.configuration), recordText(record),
+                                 detailsOf(row, record, m_state.model).join(", ")});
+            },
+            row.record);
+    };
+    for (const bool isRefused : {true, false}) {
+        for (const ImportRow &row : m_plan.rows) {
+            if ((row.outcome == RowOutcome::Refused) == isRefused)
+                add(row);
+        }
+    }
+    m_list.setRows(std::move(texts));
+}
+
+void ImportWindow::saveRefused()
+{
+    const std::optional<ui::NewFile> file =
+        ui::askForNewFile("Save Refused Rows", "refused rows", {{"CSV files", "csv"}});
+    if (!file)
+        return;
+    const QString problem = writeFile(file->path, refusedRows(m_plan));
+    if (!problem.isEmpty())
+        ui::show({problem, "Import", ui::Icon::Critical});
+}
+
+void ImportWindow::accept()
+{
+    m_isAccepted = true;
+    unload();
+}
+
+} // namespace varnow
