@@ -5,6 +5,7 @@
 #include "base/names.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
+#include "editor/HelpWindow.h"
 #include "editor/LayoutWindow.h"
 #include "editor/TargetWindow.h"
 #include "model/copyConfiguration.h"
@@ -40,7 +41,9 @@ void EditorWindow::addMenus()
     ui::Menu view = addMenu("&View");
     view.add("&Data display", "F12", [this] { showDataDisplay(); });
     view.add("&Layout", "F11", [this] { showLayout(); });
-    addMenu("Hel&p").add("&About Varnow", "", [this] { showAbout(); });
+    ui::Menu help = addMenu("Hel&p");
+    help.add("&Guide", "F1", [this] { showGuide(); });
+    help.add("&About Varnow", "", [this] { showAbout(); });
     nameSteps();
 }
 
@@ -132,6 +135,13 @@ void EditorWindow::showLayout()
     }
     m_layout->show();
     drawLayout();
+}
+
+void EditorWindow::showGuide()
+{
+    if (!m_help)
+        m_help = std::make_unique<HelpWindow>();
+    m_help->show();
 }
 
 /// Draws the line that is shown, if its window is open.

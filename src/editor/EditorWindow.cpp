@@ -3,6 +3,7 @@
 #include "base/guarded.h"
 #include "base/text.h"
 #include "editor/CheckWindow.h"
+#include "editor/HelpWindow.h"
 #include "editor/LayoutWindow.h"
 #include "editor/UnsavedWindow.h"
 #include "listing/ListingWindow.h"

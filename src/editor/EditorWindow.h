@@ -22,6 +22,7 @@
 namespace varnow {
 
 class CheckWindow;
+class HelpWindow;
 class LayoutWindow;
 class ListingWindow;
 class UnsavedWindow;
@@ -60,6 +61,7 @@ private:
     void connectControls();
     void addMenus();
     void nameSteps();
+    void showGuide();
     void showAbout();
     void arrangeFocus();
     void loadWindow();
@@ -168,6 +170,7 @@ private:
     std::unique_ptr<UnsavedWindow> m_unsaved;
     std::unique_ptr<CheckWindow> m_check;
     std::unique_ptr<LayoutWindow> m_layout;
+    std::unique_ptr<HelpWindow> m_help;
     bool m_isSilent = false;           // a configuration is shown that may be empty
     bool m_dataDisplayIsArmed = false; // the next double-click opens it
     std::unique_ptr<ListingWindow> m_dataDisplay;

@@ -67,7 +67,7 @@ template <class Record> QStringList detailsOf(const ImportRow &row, const Record
 } // namespace
 
 ImportWindow::ImportWindow(const EditorState &state)
-    : ui::Window("importing", "Import", 11000, 6000), m_state(state)
+    : ui::Window("importing", "Import", 13500, 7000), m_state(state)
 {
     m_list.setAccessibleName("Rows to import");
     setFocusOrder({&m_list, &m_current, &m_import, &m_add, &m_saveRefused, &m_cancel});

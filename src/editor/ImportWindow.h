@@ -40,11 +40,11 @@ private:
 
     ui::CheckBox m_current{
         *this, "intoCurrent", "All rows into the configuration &shown", {120, 120, 4200, 285}};
-    ui::Label m_result{*this, "result", "", {4500, 165, 6380, 195}};
+    ui::Label m_result{*this, "result", "", {4500, 165, 8880, 195}};
     ui::Table m_list{*this,
                      "importList",
                      {"Result", "Row", "Configuration", "Record", "Details"},
-                     {120, 525, 10760, 3600}};
+                     {120, 525, 13260, 3600}};
     ui::CommandButton m_import{*this, "import", "&Import", {0, 0, 1700, 600}};
     ui::CommandButton m_add{*this, "addFiles", "&Add files…", {0, 0, 1700, 600}};
     ui::CommandButton m_saveRefused{*this, "saveRefused", "Save &refused…", {0, 0, 1900, 600}};
