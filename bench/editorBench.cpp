@@ -8,6 +8,8 @@
 
 #include "db/Connection.h"
 #include "editor/EditorWindow.h"
+#include "exchange/ImportPlan.h"
+#include "exchange/exportCsv.h"
 
 #include <QApplication>
 #include <QTest>
@@ -20,6 +22,7 @@ namespace varnow::bench {
 namespace {
 
 constexpr Size oneConfiguration{1, 1000, 20};
+constexpr Size tenThousandRecords{1, 500, 19};
 constexpr Size manyConfigurations{20, 500, 10};
 
 /// The editor's own tree, the one that its buttons rebuild. A second one on the same records would take turns
@@ -47,6 +50,7 @@ public:
     ~OpenEditor() { m_editor.surface()->window()->hide(); }
 
     const Session &session() const { return m_session; }
+    const Model &model() const { return m_model; }
 
     double rebuild()
     {
@@ -204,6 +208,29 @@ void keptChangeBesideChange(benchmark::State &state)
     sideBySide(state, 1.3, changeAndKeep, [&] { return change; });
 }
 
+/// Reads a file of 10,000 rows, compares them with what is in memory, and stores them.
+void importBesideRebuilds(benchmark::State &state)
+{
+    constexpr int rebuilds = 10;
+    OpenEditor editor(tenThousandRecords);
+    const QString &configuration = editor.session().defaultConfiguration;
+    const QByteArray file = exportCsv(editor.model(), configuration);
+    const auto importFile = [&] {
+        Model model;
+        apply(planImport({{"file", file}}, model, configuration), model);
+        if (model.fields.size() != editor.model().fields.size())
+            std::abort();
+    };
+    sideBySide(
+        state, 1, [&] { return seconds(importFile); },
+        [&] {
+            double time = 0;
+            for (int i = 0; i < rebuilds; ++i)
+                time += editor.rebuild();
+            return time;
+        });
+}
+
 void addEntryRow(const char *name, Size size, void (OpenEditor::*type)(), bool measuresChange, double atMost)
 {
     addRow(name, "s", 9,
@@ -230,6 +257,7 @@ void addEditorRows()
                 &OpenEditor::typeNewField, false, 2);
     addRow("Change of a field until it is on disk, 100,000 fields | Change alone", "s", 9,
            keptChangeBesideChange);
+    addRow("import 10,000 rows | ten rebuilds", "s", 9, importBesideRebuilds);
     addRow("click of a node, 100,000 fields in memory | rebuild", "s", 9,
            [](benchmark::State &state) { nodeBesideRebuild(state, manyConfigurations, 2); });
 }

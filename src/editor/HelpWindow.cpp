@@ -13,7 +13,7 @@ constexpr float minimumHeight = 3000;
 
 } // namespace
 
-HelpWindow::HelpWindow() : ui::Window("help", "Guide", 11200, 7500)
+HelpWindow::HelpWindow() : ui::Window("help", "Guide", 13500, 9000)
 {
     m_headings.setAccessibleName("Contents");
     m_guide.setAccessibleName("Guide");

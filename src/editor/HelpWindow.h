@@ -17,8 +17,8 @@ private:
     void layOut();
     void showGuide();
 
-    ui::Table m_headings{*this, "headings", {"Contents"}, {120, 120, 2700, 6000}};
-    ui::DocumentView m_guide{*this, "guide", {2940, 120, 8000, 6000}};
+    ui::Table m_headings{*this, "headings", {"Contents"}, {120, 120, 3600, 6000}};
+    ui::DocumentView m_guide{*this, "guide", {3840, 120, 9540, 6000}};
     ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
 };
 

@@ -3,20 +3,11 @@
 #include "base/numbers.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace varnow {
 
 namespace {
-
-/// The name of a member's column.
-template <class Record, class Value> const char *columnOf(Value Record::*member)
-{
-    for (const Column<Record> &column : Record::columns()) {
-        const auto *candidate = std::get_if<Value Record::*>(&column.member);
-        if (candidate != nullptr && *candidate == member)
-            return column.name;
-    }
-    return "";
-}
 
 QString zeroIfBlank(const QString &text)
 {
@@ -27,18 +18,57 @@ QString zeroIfBlank(const QString &text)
 
 RowReader::RowReader(const QStringList &header)
 {
-    for (int i = 0; i < header.size(); ++i)
-        m_places.insert(trim(header[i]).toLower(), i);
+    const auto place = [&](QLatin1String name) {
+        const auto isNamed = [name](const QString &cell) {
+            return trim(cell).compare(name, Qt::CaseInsensitive) == 0;
+        };
+        const auto found = std::ranges::find_if(header, isNamed);
+        if (found != header.end())
+            m_places.insert(name, static_cast<int>(found - header.begin()));
+    };
+    place(kindColumn);
+    const auto placeAll = [&]<class Record>(std::vector<int> &places,
+                                            const std::vector<Column<Record>> &columns) {
+        for (const Column<Record> &column : columns) {
+            place(QLatin1String(column.name));
+            places.push_back(m_places.value(QLatin1String(column.name), -1));
+        }
+    };
+    placeAll(m_linePlaces, exchangedColumns<Line>());
+    placeAll(m_fieldPlaces, exchangedColumns<Field>());
+}
+
+template <> const std::vector<int> &RowReader::places<Line>() const
+{
+    return m_linePlaces;
+}
+
+template <> const std::vector<int> &RowReader::places<Field>() const
+{
+    return m_fieldPlaces;
+}
+
+/// The cell in the column of a member.
+template <class Record, class Value>
+QString RowReader::cell(const QStringList &row, Value Record::*member) const
+{
+    const auto isOfMember = [member](const Column<Record> &column) {
+        const auto *candidate = std::get_if<Value Record::*>(&column.member);
+        return candidate != nullptr && *candidate == member;
+    };
+    const std::vector<Column<Record>> &columns = exchangedColumns<Record>();
+    const auto column = std::ranges::find_if(columns, isOfMember);
+    return row.value(places<Record>()[static_cast<std::size_t>(column - columns.begin())]);
 }
 
 bool RowReader::hasMessageIndex(const QStringList &row) const
 {
-    return !isBlank(cell(row, columnOf(&Field::messageIndex)));
+    return !isBlank(cell(row, &Field::messageIndex));
 }
 
 LineEntry RowReader::lineEntry(const QStringList &row) const
 {
-    const auto text = [&](auto member) { return cell(row, columnOf<Line>(member)); };
+    const auto text = [&](auto member) { return cell(row, member); };
     return {.configuration = {},
             .name = text(&Line::name),
             .nameIndex = zeroIfBlank(text(&Line::nameIndex)),
@@ -47,7 +77,7 @@ LineEntry RowReader::lineEntry(const QStringList &row) const
 
 FieldEntry RowReader::fieldEntry(const QStringList &row) const
 {
-    const auto text = [&](auto member) { return cell(row, columnOf<Field>(member)); };
+    const auto text = [&](auto member) { return cell(row, member); };
     const QString lineIndex = text(&Field::lineIndex);
     const QString fixedLength = trim(text(&Field::fixedLength));
     return {.configuration = {},
@@ -70,11 +100,12 @@ FieldEntry RowReader::fieldEntry(const QStringList &row) const
 template <class Record> QStringList RowReader::readCells(const QStringList &row, Record &record) const
 {
     QStringList complaints;
+    auto place = places<Record>().begin();
     for (const Column<Record> &column : exchangedColumns<Record>()) {
-        const int place = m_places.value(nameOf(column.name), -1);
-        if (place < 0)
+        const int at = *place++;
+        if (at < 0)
             continue;
-        const QString text = row.value(place);
+        const QString text = row.value(at);
         if (const auto *member = std::get_if<QString Record::*>(&column.member))
             record.**member = column.reading == ColumnReading::Untrimmed ? text : trim(text);
         else if (const QString number = zeroIfBlank(text); isLong(number))

@@ -19,13 +19,16 @@ template <class Record> inline constexpr QLatin1String kindOf{};
 template <> inline constexpr QLatin1String kindOf<Line>{"Line"};
 template <> inline constexpr QLatin1String kindOf<Field>{"Field"};
 
-template <class Record> std::vector<Column<Record>> exchangedColumns()
+template <class Record> const std::vector<Column<Record>> &exchangedColumns()
 {
-    std::vector<Column<Record>> columns;
-    for (const Column<Record> &column : Record::columns()) {
-        if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
-            columns.push_back(column);
-    }
+    static const std::vector<Column<Record>> columns = [] {
+        std::vector<Column<Record>> exchanged;
+        for (const Column<Record> &column : Record::columns()) {
+            if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
+                exchanged.push_back(column);
+        }
+        return exchanged;
+    }();
     return columns;
 }
 

@@ -20,7 +20,7 @@ template <class Record>
 void addRows(const auto &table, const QString &configuration, const QStringList &header,
              std::vector<QStringList> &rows)
 {
-    const auto columns = exchangedColumns<Record>();
+    const auto &columns = exchangedColumns<Record>();
     QList<qsizetype> places;
     for (const Column<Record> &column : columns)
         places.append(header.indexOf(QLatin1String(column.name)));
