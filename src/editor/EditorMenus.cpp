@@ -34,6 +34,7 @@ void EditorWindow::addMenus()
     ui::Menu edit = addMenu("Ed&it");
     m_undo = edit.add("&Undo", "Ctrl+Z", [this] { undo(); }); // in an entry the key is the entry's own
     m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { redo(); });
+    edit.add("Change and ne&xt", "Ctrl+Enter Ctrl+Return", [this] { changeAndNext(); }).ignoreRepeats();
     edit.add("Unsaved &changes…", "Ctrl+U", [this] { showUnsaved(); });
     edit.add("&Find…", "Ctrl+F", [this] { m_findBar.open(); });
     edit.add("Find &next", "F3", [this] { showMatch(1); });

@@ -49,6 +49,8 @@ void EditorWindow::connectControls()
     m_tree.onRecordClick = [this](const RecordName &record) {
         tellReplaced(replacing([&] { showRecord(record); }));
     };
+    m_tree.onEdit = [this] { shownPage().focusFirst(); };
+    m_tree.onDelete = [this] { removeShown(); };
     m_clear.onClick = [this] { clear(); };
     m_change.onClick = [this] { change(); };
     m_delete.onClick = [this] { removeShown(); };
@@ -213,13 +215,15 @@ bool EditorWindow::hasConfiguration() const
     return false;
 }
 
-void EditorWindow::change()
+/// Returns whether a record was stored.
+bool EditorWindow::change()
 {
     const ui::Hourglass hourglass;
     tellProblems();
     if (!hasConfiguration())
-        return;
+        return false;
     EntryPage &page = shownPage();
+    page.trimEntries(); // the focus is still in one of them when the menu's key asks for the change
     const std::size_t steps = m_state.model.stepCount();
     std::optional<QString> nodeKey;
     {
@@ -227,12 +231,23 @@ void EditorWindow::change()
         nodeKey = page.store();
     }
     if (!nodeKey)
-        return;
+        return false;
     page.settleEntries();
     recordsChanged();
     bringIntoView(*nodeKey);
     page.focusFirst();
     tellStored(m_state.model.stepCount() > steps);
+    return true;
+}
+
+/// Stores the record that is entered and makes the page ready for the next one.
+void EditorWindow::changeAndNext()
+{
+    if (!change())
+        return;
+    EntryPage &page = shownPage();
+    page.clearForNext();
+    page.settleEntries();
 }
 
 void EditorWindow::bringIntoView(const QString &nodeKey)

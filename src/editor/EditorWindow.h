@@ -83,7 +83,8 @@ private:
     void showNode(const RecordName &record);
 
     void clear();
-    void change();
+    bool change();
+    void changeAndNext();
     void removeShown();
     void undo();
     void redo();

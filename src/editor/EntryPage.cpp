@@ -16,6 +16,11 @@ namespace {
 
 const QString chosen = QStringLiteral("chosen");
 
+void trimText(ui::TextBox &box)
+{
+    box.setText(trim(box.text()));
+}
+
 } // namespace
 
 template <class Box> void EntryPage::keepText(Box &box)
@@ -26,7 +31,8 @@ template <class Box> void EntryPage::keepText(Box &box)
 void EntryPage::connect(ui::TextBox &box)
 {
     keepText(box);
-    box.onLostFocus = [&box] { box.setText(trim(box.text())); };
+    m_textBoxes.push_back(&box);
+    box.onLostFocus = [&box] { trimText(box); };
     box.onChange = [this] { markChanged(); };
 }
 
@@ -50,6 +56,12 @@ void EntryPage::connect(ui::CheckBox &box)
 {
     m_entries.push_back({[&box] { return box.isTicked() ? chosen : QString(); },
                          [&box](const QString &text) { box.setTicked(text == chosen); }});
+}
+
+void EntryPage::trimEntries()
+{
+    for (ui::TextBox *box : m_textBoxes)
+        trimText(*box);
 }
 
 QStringList EntryPage::entries() const

@@ -44,6 +44,9 @@ public:
     virtual void empty() = 0;
     /// Empties the page for a new record and proposes what can be known of it.
     virtual void clear() = 0;
+    /// The same behind a record that was stored just now, which leaves what it most likely shares with the
+    /// next.
+    virtual void clearForNext() { clear(); }
     /// Checks the entries and stores the record that they make. Returns the key of its node, or nothing after
     /// telling the user which checks failed.
     virtual std::optional<QString> store() = 0;
@@ -51,6 +54,8 @@ public:
     virtual std::optional<RecordName> namedRecord() const = 0;
     /// Asks, and removes the record that the entries name. A failure has been shown.
     virtual Removal remove() = 0;
+    /// Lets the entries lose the blanks around their texts, also the one that has the focus.
+    void trimEntries();
     /// What stands in the entries, and what is chosen.
     QStringList entries() const;
     void setEntries(const QStringList &entries);
@@ -99,6 +104,7 @@ private:
     void markChanged() { m_state.changesMade = true; }
 
     std::vector<Entry> m_entries;
+    std::vector<ui::TextBox *> m_textBoxes;
     QStringList m_settledEntries;
 };
 

@@ -6,6 +6,7 @@
 #include "editor/DataCheck.h"
 #include "editor/LinePage.h"
 #include "model/RecordReference.h"
+#include "model/lineLayout.h"
 #include "storage/catalogue.h"
 
 #include <algorithm>
@@ -116,10 +117,8 @@ std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
     m_fixedLength.setTicked(field.fixedLength != 0);
     m_length.setText(QString::number(field.length));
     m_characterPosition.setText(QString::number(field.characterPosition));
-    if (field.fixedLength != 0) {
-        (field.padDirection > 0 ? m_alignRight : m_alignLeft).choose();
-        (field.padCharacter == " " ? m_padSpaces : m_padZeros).choose();
-    }
+    if (field.fixedLength != 0)
+        chooseFilling(field);
     return field;
 }
 
@@ -147,6 +146,26 @@ void FieldPage::clear()
         m_line.setSelectedIndex(m_line.findItem(m_linePage.lineName(), ui::ItemMatch::Whole));
     proposePosition();
     focusFirst();
+}
+
+void FieldPage::clearForNext()
+{
+    const FieldTable &fields = m_state.model.fields;
+    const int index = fields.find(m_state.configuration(), m_name.text(), leadingNumber(m_index.text()));
+    const Field stored = fields[index];
+    clear();
+    if (stored.fixedLength == 0)
+        return;
+    m_fixedLength.setTicked(true);
+    chooseFilling(stored);
+    m_characterPosition.setText(QString::number(nextCharacterPosition(fields, stored)));
+}
+
+/// Chooses the side and the padding of a fixed-length field.
+void FieldPage::chooseFilling(const Field &field)
+{
+    (field.padDirection > 0 ? m_alignRight : m_alignLeft).choose();
+    (field.padCharacter == " " ? m_padSpaces : m_padZeros).choose();
 }
 
 /// Writes the next free position of the chosen line into its box.

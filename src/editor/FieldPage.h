@@ -37,6 +37,7 @@ public:
     void turnedAway() override { m_fixedLength.setTabStop(false); }
     void empty() override;
     void clear() override;
+    void clearForNext() override;
     std::optional<QString> store() override;
     std::optional<RecordName> namedRecord() const override;
     Removal remove() override;
@@ -48,6 +49,7 @@ private:
     std::vector<ui::TextBox *> textBoxes();
     FieldEntry entered() const;
     bool removeField();
+    void chooseFilling(const Field &field);
     void takeOverMessageIndex();
     void proposePosition();
 

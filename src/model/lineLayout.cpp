@@ -61,6 +61,20 @@ LineLayout layoutOf(const FieldTable &fields, const Line &line)
     return layoutOf(fieldsOfLine);
 }
 
+int nextCharacterPosition(const FieldTable &fields, const Field &field)
+{
+    Line line;
+    line.configuration = field.configuration;
+    line.name = field.line;
+    line.nameIndex = field.lineIndex;
+    qint64 next = endOf({.start = field.characterPosition, .length = std::max(0, field.length)});
+    for (const LayoutBar &bar : layoutOf(fields, line).bars) {
+        if (bar.start <= next)
+            next = std::max(next, endOf(bar));
+    }
+    return toInt(next);
+}
+
 QString paddingOf(const Field &field)
 {
     const QString sign = field.padCharacter == " "      ? QStringLiteral("blanks")

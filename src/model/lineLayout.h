@@ -50,6 +50,9 @@ LineLayout layoutOf(const std::vector<const Field *> &fieldsOfLine);
 /// The layout of a line.
 LineLayout layoutOf(const FieldTable &fields, const Line &line);
 
+/// The first character behind a fixed-length field that no field of its line fills.
+int nextCharacterPosition(const FieldTable &fields, const Field &field);
+
 /// How a fixed-length field is filled up, in words: "blanks on the left", "zeros on the right". One that is
 /// aligned right is filled up on the left.
 QString paddingOf(const Field &field);

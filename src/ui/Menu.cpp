@@ -62,6 +62,11 @@ void MenuEntry::setEnabled(bool enabled)
     m_action->setEnabled(enabled);
 }
 
+void MenuEntry::ignoreRepeats()
+{
+    m_action->setAutoRepeat(false);
+}
+
 MenuEntry Menu::add(const QString &caption, const QString &keys, const std::function<void()> &onClick)
 {
     QAction *action = m_menu->addAction(caption);

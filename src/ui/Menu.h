@@ -18,6 +18,8 @@ public:
 
     void setCaption(const QString &caption);
     void setEnabled(bool enabled);
+    /// Lets keys that are held act once.
+    void ignoreRepeats();
 
 private:
     QAction *m_action;

@@ -28,7 +28,7 @@ private:
 class TreeView::Widget : public QTreeWidget
 {
 public:
-    explicit Widget(QWidget *parent) : QTreeWidget(parent)
+    explicit Widget(QWidget *parent, const TreeView &owner) : QTreeWidget(parent), m_owner(owner)
     {
         setColumnCount(1);
         setHeaderHidden(true);
@@ -37,17 +37,19 @@ public:
         setEditTriggers(QAbstractItemView::NoEditTriggers);
     }
 
-    std::function<void()> clicked;
-
 protected:
     void mouseReleaseEvent(QMouseEvent *event) override
     {
         QTreeWidget::mouseReleaseEvent(event);
-        clicked();
+        tell(m_owner.onClick);
     }
 
     void keyPressEvent(QKeyEvent *event) override
     {
+        if (event->key() == Qt::Key_F2)
+            return clickAndTell(m_owner.onEdit);
+        if (event->key() == Qt::Key_Delete)
+            return clickAndTell(m_owner.onDelete);
         static const std::array<int, 11> keys{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Left,   Qt::Key_Right,
                                               Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown,
                                               Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space};
@@ -61,17 +63,31 @@ protected:
         const int key = event->key();
         if (selects || currentItem() != before || key == Qt::Key_Return || key == Qt::Key_Enter ||
             key == Qt::Key_Space)
-            clicked();
+            tell(m_owner.onClick);
     }
+
+private:
+    static void tell(const std::function<void()> &event)
+    {
+        if (event)
+            event();
+    }
+
+    void clickAndTell(const std::function<void()> &event)
+    {
+        if (currentItem() == nullptr)
+            return;
+        currentItem()->setSelected(true);
+        tell(m_owner.onClick);
+        tell(event);
+    }
+
+    const TreeView &m_owner;
 };
 
 TreeView::TreeView(Container &parent, const QString &name, const Rect &place)
-    : Control(parent, name, new Widget(parent.surface()), place)
+    : Control(parent, name, new Widget(parent.surface(), *this), place)
 {
-    tree()->clicked = [this] {
-        if (onClick)
-            onClick();
-    };
 }
 
 TreeView::Widget *TreeView::tree() const

@@ -22,6 +22,8 @@ public:
 
     /// The user clicked in the tree, moved the selection by key, or pressed Enter or Space on a node.
     std::function<void()> onClick;
+    std::function<void()> onEdit;   ///< F2 on a node, behind a click on it
+    std::function<void()> onDelete; ///< the Delete key on a node, behind a click on it
 
     int nodeCount() const;
     /// The node with this key, or `none`.

@@ -1,5 +1,7 @@
 #include "editor/EditorTest.h"
 
+#include <QTest>
+
 namespace varnow::test {
 
 namespace {
@@ -174,6 +176,66 @@ TEST_P(EntryTest, SaysWhenAStoredFieldHasNoNode)
     expectBoxes({notDisplayed});
     EXPECT_EQ(fieldTexts(), QStringList({"0.8 Sex", "3.1 Set ID", "7.8 Race"}));
     EXPECT_TRUE(leavingAsks());
+}
+
+// Another path than that of Change, an entry that is not left before, a proposal in another field's way.
+TEST_P(EntryTest, StoresFieldsOneAfterTheOtherByKey)
+{
+    const auto expectNext = [this](const QString &texts) {
+        EXPECT_EQ(user->texts({"fieldLine", "fieldMessageIndex", "position", "characterPosition"}), texts);
+        EXPECT_EQ(user->texts({"fieldName", "fieldIndex", "lookup", "format", "constant", "length"}),
+                  "|||||");
+        EXPECT_EQ(user->focused(), "fieldName");
+    };
+    changeField({.name = "In the way", .position = "4", .length = "5", .characterPosition = "12"});
+    user->click("alignLeft");
+    user->click("padZeros");
+    user->fill({{"fieldName", "First"}, {"length", "11"}, {"characterPosition", "1"}, {"position", " 7 "}});
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    expectNext("PID|3|8|17");
+    user->fill({{"fieldName", "Second"}, {"constant", "x"}, {"length", "3"}});
+    user->press(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+    expectNext("PID|3|9|20");
+    for (const Field &field : {fields[2], fields[3]})
+        EXPECT_EQ(std::tuple(field.padDirection, field.padCharacter), std::tuple(-1, QString("0")));
+    user->click("fixedLength");
+    user->fill({{"fieldName", "Third"}, {"constant", "x"}});
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    expectNext("PID|3|10|");
+    EXPECT_FALSE(user->control("length")->isEnabled());
+    EXPECT_EQ(fieldTexts(),
+              QStringList({"3.1 Set ID", "3.4 In the way", "3.7 First", "3.8 Second", "3.9 Third"}));
+    expectBoxes({});
+    EXPECT_EQ(user->text("noticeSentence").contains("Third"), true);
+    EXPECT_EQ(user->selectedNode(), "3.9 Third");
+
+    user->fill({{"fieldName", "Refused"}, {"constant", "x"}, {"position", "x"}});
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    expectBoxes({dataChecking("line field", {"The Position Field nust be a number."})});
+    EXPECT_EQ(user->texts({"fieldName", "constant", "position"}), "Refused|x|x");
+    EXPECT_EQ(user->focused(), "position");
+
+    user->control("tree")->setFocus();
+    user->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(fieldTexts().last(), "3.8 Second"); // one step
+}
+
+TEST_P(EntryTest, StoresLinesOneAfterTheOtherByKey)
+{
+    user->fill({{"lineName", "OBR"}, {"lineIndex", ""}, {"lineMessageIndex", "9 "}});
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(user->texts({"lineName", "lineIndex", "lineMessageIndex"}), "||10");
+    EXPECT_EQ(user->focused(), "lineName");
+    user->type("lineName", "OBX");
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(lineTexts(), QStringList({"PID(0)=3", "OBR(0)=9", "OBX(0)=10"}));
+    constexpr bool isHeld = true; // that is no second time
+    QTest::simulateEvent(user->control("tree")->window()->windowHandle(), true, Qt::Key_Return,
+                         Qt::ControlModifier, "", isHeld);
+    expectBoxes({});
+    user->press(Qt::Key_Return, Qt::ControlModifier);
+    expectBoxes({dataChecking("line", {"The Line name is empty."})});
+    EXPECT_EQ(user->texts({"lineName", "lineIndex", "lineMessageIndex"}), "|0|11");
 }
 
 ON_EVERY_ENGINE(EntryTest);

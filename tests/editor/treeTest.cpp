@@ -115,6 +115,44 @@ TEST_P(TreeTest, WorksWithoutAMouse)
     EXPECT_EQ(ui::Window::loadedWindows().size(), 2U); // the data display
 }
 
+// A key that acts on the record of the page while another node is selected, or leaves the focus behind.
+TEST_P(TreeTest, EntersAndRemovesTheSelectedRecordByKey)
+{
+    addLine("MSH", 0, 1);
+    addLine("PID", 0, 2);
+    addField("MSH", 0, 1, 1, "Separator");
+    addField("MSH", 0, 1, 2, "Sender");
+    addField("MSH", 0, 1, 3, "Receiver");
+    open();
+    user->clickNode("1.1 Separator");
+    user->press(Qt::Key_F2);
+    EXPECT_EQ(user->focused() + ' ' + user->text("fieldName"), "fieldName Separator");
+    user->clickNode("2 PID");
+    user->press(Qt::Key_F2);
+    EXPECT_EQ(user->focused() + ' ' + user->text("lineName"), "lineName PID");
+    EXPECT_FALSE(user->control("fieldName")->isVisible());
+
+    const Box ask = question("Are you sure that you want to PERMANENTLY\r\nremove this field from this "
+                             "configuration?\r\nPlease select 'Yes' or 'No'",
+                             "Remove Field");
+    user->clickNode("1.2 Sender");
+    user->type("fieldName", "typed over");
+    user->control("tree")->setFocus();
+    messages.answerWith(ui::Answer::No);
+    user->press(Qt::Key_Delete);
+    EXPECT_EQ(user->text("fieldName"), "Sender");
+    EXPECT_EQ(user->tree().size(), 5);
+    for (int i = 0; i < 2; ++i) { // the neighbour is selected after the first
+        messages.answerWith(ui::Answer::Yes);
+        user->press(Qt::Key_Delete);
+    }
+    expectBoxes({ask, ask, ask});
+    EXPECT_EQ(user->tree(), QStringList({"1 MSH", "  1.1 Separator", "2 PID"}));
+    EXPECT_EQ(user->focused() + ' ' + user->selectedNode(), "tree 1.1 Separator");
+    user->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(fieldTexts().size(), 2); // one step each
+}
+
 ON_EVERY_ENGINE(TreeTest);
 
 } // namespace varnow::test
