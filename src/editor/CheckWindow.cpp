@@ -20,15 +20,21 @@ constexpr float margin = 120;
 constexpr float minimumWidth = 6000;
 constexpr float minimumHeight = 3000;
 
-QString cureText(Cure cure)
+struct CureTexts
+{
+    QString caption;
+    QString toolTip;
+};
+
+CureTexts textsOf(Cure cure)
 {
     switch (cure) {
     case Cure::None:
-        return "&Cure";
+        return {"&Cure", "Cures the finding that is selected, where that can be done from here."};
     case Cure::MoveItsFields:
-        return "&Move its fields";
+        return {"&Move its fields", "Gives the fields of this line its message index."};
     case Cure::RemoveAtNextSave:
-        return "&Remove at the next save";
+        return {"&Remove at the next save", "Has this row deleted from the database by the next Save."};
     }
     Q_UNREACHABLE();
 }
@@ -40,6 +46,9 @@ CheckWindow::CheckWindow(EditorState &state) : ui::Window("check", "Check", 9000
     m_list.setAccessibleName("Findings");
     setFocusOrder({&m_list, &m_all, &m_cure, &m_again, &m_close});
     m_close.setCancel();
+    m_all.setToolTip("Checks every configuration, not only the one that the editor shows.");
+    m_again.setToolTip("Asks the database once more and checks everything anew.");
+    m_close.setToolTip("Closes this window.");
     onLoad = [this] {
         askDatabase();
         addRows();
@@ -126,7 +135,9 @@ void CheckWindow::followSelection()
     const std::vector<int> selected = m_list.selectedRows();
     const Cure cure =
         selected.size() == 1 ? m_items[static_cast<std::size_t>(selected.front())].finding.cure : Cure::None;
-    m_cure.setCaption(cureText(cure));
+    const CureTexts texts = textsOf(cure);
+    m_cure.setCaption(texts.caption);
+    m_cure.setToolTip(texts.toolTip);
     m_cure.setEnabled(cure != Cure::None);
 }
 

@@ -91,7 +91,8 @@ void EditorWindow::tellStoredLine(const Change<Line> &change)
     const QString rest = (fields == 1 ? QStringLiteral(" Its field keeps")
                                       : QStringLiteral(" Its %1 fields keep").arg(fields)) +
                          QStringLiteral(" message index %1.").arg(oldIndex);
-    tell({sentence + rest, {{"Move its fields", [this, line] { moveFieldsOf(line); }}}});
+    const auto moveThem = [this, line] { moveFieldsOf(line); };
+    tell({sentence + rest, {{"Move its fields", "Gives its fields the new message index too.", moveThem}}});
 }
 
 /// Gives the fields of a line its message index.
@@ -135,7 +136,8 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
     const QString at = change.was ? ", and stands at " : " at ";
     tell({stored + at + placeOf(field) + ", where " + shownName(*inTheWay) +
               " already is; the tree shows only one of them.",
-          {{"Move to " + placeOf(moved), [this, moved] { storeInstead(moved); }}}});
+          {{"Move to " + placeOf(moved), "Gives the field the position behind the last one of its line.",
+            [this, moved] { storeInstead(moved); }}}});
 }
 
 /// A field that had a row was stored under another line.
@@ -150,7 +152,9 @@ void EditorWindow::tellMovedField(const Change<Field> &change)
     };
     tell({storedText(change) + ". Its row under " + shownName(change.was->line, change.was->lineIndex) +
               " stays in the database.",
-          {undoButton(), {"Add as " + nameOf(added.name, added.nameIndex) + " instead", addInstead}}});
+          {undoButton(),
+           {"Add as " + nameOf(added.name, added.nameIndex) + " instead",
+            "Leaves the field as it was and adds the new one under an index of its own.", addInstead}}});
 }
 
 /// Stores a field in place of what the last Change stored.
@@ -197,12 +201,12 @@ void EditorWindow::tellSaved(const ChangeCounts &before, const SaveResult &resul
 
 ui::Notice::Button EditorWindow::undoButton()
 {
-    return {"Undo", [this] { undo(); }};
+    return {"Undo", "Takes back what was done last.", [this] { undo(); }};
 }
 
 ui::Notice::Button EditorWindow::unsavedButton()
 {
-    return {"Unsaved changes…", [this] { showUnsaved(); }};
+    return {"Unsaved changes…", "Lists what the database does not hold yet.", [this] { showUnsaved(); }};
 }
 
 /// Does what fills the entries anew. Returns what the user had typed there and not stored.
@@ -226,7 +230,8 @@ void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &senten
     const std::optional<RecordName> &name = typed.front().record;
     const QString of = name && !name->name.isEmpty() ? " for " + shownName(*name) : QString();
     tell({(sentence.isEmpty() ? QString() : sentence + ' ') + "The entries typed" + of + " were not stored.",
-          {{"Bring them back", [this, typed] { bringBack(typed); }}}});
+          {{"Bring them back", "Puts what was typed into the entries again.",
+            [this, typed] { bringBack(typed); }}}});
 }
 
 /// Tells what was done to many records, which can be undone, and of the entries that it replaced.

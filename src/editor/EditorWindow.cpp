@@ -33,6 +33,7 @@ EditorWindow::EditorWindow(Session &session, Model &model)
     m_tabs.setAccessibleName("Entry pages");
     m_tree.setAccessibleName("Lines and fields");
     connectControls();
+    addToolTips();
     addMenus();
     connectSearch();
     arrangeFocus();
@@ -63,6 +64,26 @@ void EditorWindow::connectControls()
     onCloseRequest = [this] { return closeRequested(); };
     onDoubleClick = [this] { accessDataDisplay(); };
     onFilesDropped = [this](const QStringList &paths) { import(paths); };
+}
+
+void EditorWindow::addToolTips()
+{
+    m_configuration.setToolTip(
+        "The configuration whose lines and fields are shown; choose it or type its name.");
+    m_clear.setToolTip("Empties the page for a new record and proposes the next message index or position.");
+    m_change.setToolTip(
+        "Stores what is entered on the page: changes the record of this name and index, or adds a "
+        "new one. The database gets it with the next Save.");
+    m_delete.setToolTip(
+        "Removes the record that the page names, after a question. Its row goes from the database "
+        "with the next Save.");
+    m_refresh.setToolTip("Shows the default configuration from its beginning.");
+    m_reload.setToolTip(
+        "Reads all lines and fields from the database again. What is unsaved is asked about first.");
+    m_save.setToolTip(
+        "Writes the lines and fields of all configurations to the database, and deletes the rows of "
+        "those that were removed.");
+    m_exit.setToolTip("Ends the program. What is unsaved is asked about first.");
 }
 
 void EditorWindow::arrangeFocus()

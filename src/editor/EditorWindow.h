@@ -59,6 +59,7 @@ private:
     using TypedEntries = std::vector<TypedPage>;
 
     void connectControls();
+    void addToolTips();
     void addMenus();
     void nameSteps();
     void showGuide();

@@ -30,6 +30,37 @@ FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &l
     };
     m_fixedLength.onClick = [this] { followFixedLength(); };
     m_fixedLength.setTabStop(false); // until the page is turned to
+    addToolTips();
+}
+
+void FieldPage::addToolTips()
+{
+    m_name.setToolTip("The name of the field; it must not be blank.");
+    m_index.setToolTip(
+        "A number that tells this field from others of the same name; left blank, it becomes 0.");
+    m_line.setToolTip(
+        "The line that the field belongs to. Choose it, which fills in its message index too, or type "
+        "its name with its index behind it in parentheses, as in NTE(1).");
+    m_messageIndex.setToolTip(
+        "The message index of the field's line, under which the tree shows the field; left "
+        "blank, it counts as 0.");
+    m_lookup.setToolTip(
+        "The name of the data field that fills this one. Choose it or type it; it may stay blank "
+        "where there is a constant.");
+    m_format.setToolTip("The format of the value; it may stay blank.");
+    m_constant.setToolTip("A value that is always the same; it may stay blank where there is a lookup.");
+    m_position.setToolTip("The number of the field's place in its line; it must not be blank.");
+    m_fixedLength.setToolTip("Tick it for a field that takes a certain stretch of characters of its line.");
+    m_characterPosition.setToolTip(
+        "Where a fixed-length field begins: the number of its first character, counted "
+        "from 1 at the beginning of the line.");
+    m_length.setToolTip("How many characters a fixed-length field takes.");
+    m_alignRight.setToolTip(
+        "The value stands at the right end of a fixed-length field, the padding before it.");
+    m_alignLeft.setToolTip(
+        "The value stands at the left end of a fixed-length field, the padding behind it.");
+    m_padSpaces.setToolTip("Fills the rest of a fixed-length field with spaces.");
+    m_padZeros.setToolTip("Fills the rest of a fixed-length field with zeros.");
 }
 
 std::vector<ui::TextBox *> FieldPage::textBoxes()

@@ -46,6 +46,7 @@ private:
     using TextBox = ui::Labelled<ui::TextBox>;
     using ComboBox = ui::Labelled<ui::ComboBox>;
 
+    void addToolTips();
     std::vector<ui::TextBox *> textBoxes();
     FieldEntry entered() const;
     bool removeField();

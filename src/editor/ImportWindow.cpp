@@ -72,6 +72,13 @@ ImportWindow::ImportWindow(const EditorState &state)
     m_list.setAccessibleName("Rows to import");
     setFocusOrder({&m_list, &m_current, &m_import, &m_add, &m_saveRefused, &m_cancel});
     m_cancel.setCancel();
+    m_current.setToolTip(
+        "Takes every row for the configuration that the editor shows, whatever its file says.");
+    m_import.setToolTip("Takes the rows that add or change something; refused ones stay out.");
+    m_add.setToolTip("Lists the rows of further files, too.");
+    m_saveRefused.setToolTip(
+        "Writes the refused rows to a CSV file, with the reasons in a column of their own.");
+    m_cancel.setToolTip("Closes this window and imports nothing.");
     onResize = [this] { layOut(); };
     onFilesDropped = [this](const QStringList &paths) { addFiles(paths); };
     m_current.onClick = [this] { makePlan(); };

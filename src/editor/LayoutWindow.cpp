@@ -24,6 +24,7 @@ LayoutWindow::LayoutWindow(const Model &model) : ui::Window("layout", "Layout", 
     m_bars.setAccessibleName("Fixed-length fields");
     setFocusOrder({&m_bars, &m_close});
     m_close.setCancel();
+    m_close.setToolTip("Closes this window.");
     onResize = [this] { layOut(); };
     m_bars.onBarClick = [this](int bar) {
         onShow(RecordReference(m_fields[static_cast<std::size_t>(bar)])); // they may be drawn anew meanwhile

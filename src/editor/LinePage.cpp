@@ -16,6 +16,10 @@ LinePage::LinePage(ui::TabControl &tabs, EditorState &state) : EntryPage(tabs, "
 {
     for (TextBox *box : {&m_name, &m_index, &m_messageIndex})
         connect(*box);
+    m_name.setToolTip("The name of the line; it must not be blank.");
+    m_index.setToolTip(
+        "A number that tells this line from others of the same name; left blank, it becomes 0.");
+    m_messageIndex.setToolTip("The number of the line's place in the message; it must not be blank.");
 }
 
 void LinePage::layOut()

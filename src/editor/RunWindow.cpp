@@ -23,6 +23,7 @@ public:
     {
         what.setCaption(whatRuns);
         stop.setCancel();
+        stop.setToolTip("Stops this as soon as possible.");
         stop.onClick = [&run] { run.m_isStopped = true; };
         onCloseRequest = [&run, this] {
             if (m_partHasEnded)

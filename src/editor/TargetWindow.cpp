@@ -22,9 +22,16 @@ TargetWindow::TargetWindow(const EditorState &state, Purpose purpose)
 {
     for (const QString &name : state.session.configurationNames)
         m_name.addItem(name);
-    if (purpose == Purpose::Copy)
+    const bool isCopy = purpose == Purpose::Copy;
+    if (isCopy)
         m_accept.setCaption("&Replace");
-    m_skip.setEnabled(purpose == Purpose::Copy);
+    m_name.setToolTip(isCopy ? "The configuration that takes the copy; choose it or type a new name."
+                             : "The configuration to be shown; type a new name or choose one.");
+    m_accept.setToolTip(isCopy ? "Copies all lines and fields, also over those of equal name and index."
+                               : "Shows this configuration.");
+    m_skip.setToolTip("Copies the lines and fields that have no equal of the same name and index.");
+    m_cancel.setToolTip("Closes this window and changes nothing.");
+    m_skip.setEnabled(isCopy);
     m_accept.setDefault();
     m_cancel.setCancel();
     setFocusOrder({&m_name, &m_accept, &m_skip, &m_cancel});

@@ -70,6 +70,9 @@ UnsavedWindow::UnsavedWindow(Model &model, LeftChanges &conflicts)
     m_list.setAccessibleName("Unsaved changes");
     setFocusOrder({&m_list, &m_takeBack, &m_takeOver, &m_close});
     m_close.setCancel();
+    m_takeBack.setToolTip("Makes the selected records what the database holds of them again.");
+    m_takeOver.setToolTip("Makes the selected changes of an earlier run, whatever the records are now.");
+    m_close.setToolTip("Closes this window.");
     onLoad = [this] { addRows(); };
     onResize = [this] { layOut(); };
     m_list.onSelect = [this] { followSelection(); };

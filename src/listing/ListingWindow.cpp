@@ -43,6 +43,9 @@ ListingWindow::ListingWindow(const Model &model) : ui::Window("listing", "Data D
 {
     m_list.setAccessibleName("Records in memory");
     setFocusOrder({&m_list, &m_lines, &m_fields, &m_exit});
+    m_lines.setToolTip("Lists the lines of all configurations as they are in memory.");
+    m_fields.setToolTip("Lists the fields of all configurations as they are in memory.");
+    m_exit.setToolTip("Closes this window.");
     onLoad = [this] { m_list.clear(); };
     onResize = [this] { layOut(); };
     m_lines.onClick = [this, &model] { listRecords(m_list, model.lines, "Error loading lines."); };

@@ -1,5 +1,7 @@
 #include "ui/Control.h"
 
+#include "ui/toolTip.h"
+
 #include <QFontMetrics>
 #include <QWidget>
 
@@ -76,6 +78,11 @@ void Control::setTabStop(bool stop)
 void Control::setAccessibleName(const QString &name)
 {
     m_widget->setAccessibleName(name);
+}
+
+void Control::setToolTip(const QString &sentence)
+{
+    explain(*m_widget, sentence);
 }
 
 QSize Control::neededPixels() const

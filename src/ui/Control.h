@@ -76,6 +76,9 @@ public:
     /// What a screen reader calls the control; its caption when nothing is set.
     virtual void setAccessibleName(const QString &name);
 
+    /// A sentence about the control, for the pointer over it and for screen readers.
+    void setToolTip(const QString &sentence);
+
     /// Pixels that the control needs to show its caption or entry whole at its designed size. They decide the
     /// scale, so room that looks good but stays blank is not among them.
     virtual QSize neededPixels() const;

@@ -3,6 +3,7 @@
 #include "ui/Window.h"
 #include "ui/accessibleGroup.h"
 #include "ui/pushButton.h"
+#include "ui/toolTip.h"
 
 #include <QApplication>
 #include <QFrame>
@@ -32,6 +33,11 @@ public:
         auto *previous = makePushButton(QStringLiteral("Previous"), this);
         next->setObjectName(QStringLiteral("findNext"));
         previous->setObjectName(QStringLiteral("findPrevious"));
+        explain(*entry,
+                QStringLiteral("The text to look for, in any letter case. Enter shows the next match, "
+                               "Shift+Enter the one before."));
+        explain(*next, QStringLiteral("Shows the next match, behind the last one the first."));
+        explain(*previous, QStringLiteral("Shows the match before, ahead of the first one the last."));
         auto *row = new QHBoxLayout(this);
         row->setContentsMargins(8, 1, 8, 1);
         row->addWidget(label);

@@ -4,6 +4,7 @@
 #include "ui/Window.h"
 #include "ui/accessibleGroup.h"
 #include "ui/pushButton.h"
+#include "ui/toolTip.h"
 
 #include <QAccessible>
 #include <QFontMetrics>
@@ -80,12 +81,12 @@ public:
         m_notice = notice;
         m_sentence->setText(notice.sentence);
         m_sentence->setAccessibleName(withoutIsolation(notice.sentence));
-        m_sentence->setToolTip(notice.sentence.isEmpty()
-                                   ? QString()
-                                   : QStringLiteral("<p>%1</p>").arg(notice.sentence.toHtmlEscaped()));
+        m_sentence->setToolTip(toolTipText(notice.sentence));
         for (std::size_t i = 0; i < m_buttons.size(); ++i) {
             const bool isUsed = i < notice.buttons.size();
-            m_buttons[i]->setText(isUsed ? notice.buttons[i].caption : QString());
+            const Notice::Button button = isUsed ? notice.buttons[i] : Notice::Button();
+            m_buttons[i]->setText(button.caption);
+            explain(*m_buttons[i], button.toolTip);
             m_buttons[i]->setVisible(isUsed);
         }
         QAccessibleEvent changed(m_sentence, QAccessible::NameChanged);

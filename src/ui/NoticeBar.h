@@ -16,6 +16,7 @@ struct Notice
     struct Button
     {
         QString caption;
+        QString toolTip;
         std::function<void()> onClick;
     };
 

@@ -1,6 +1,7 @@
 #include "ui/Table.h"
 
 #include "base/names.h"
+#include "ui/toolTip.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -48,7 +49,7 @@ public:
         case Qt::AccessibleTextRole:
             return withoutIsolation(text);
         case Qt::ToolTipRole:
-            return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+            return toolTipText(text);
         default:
             return {};
         }

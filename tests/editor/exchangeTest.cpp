@@ -88,6 +88,7 @@ TEST_P(ExchangeTest, ImportsWhatIsDropped)
     write("a.csv", "Name,NameIndex,MsgIndex\nOBR,0,2\nPID,1,1\nPID,x,3\n");
     write("b.csv", "Name,Line,LineIndex,Position,Constant\nSet ID,PID,1,1,y\n");
     drop({"a.csv", "b.csv", "none.csv"}, [this](const Driver &importing) {
+        EXPECT_EQ(unexplained(*importing.control("import")->window()), QStringList());
         const QStringList rows = rowsOf(importing);
         EXPECT_TRUE(rows.value(0).startsWith("Not read||||")) << qPrintable(rows.value(0));
         EXPECT_TRUE(rows.value(1).startsWith("Refused|a.csv 4|Standard|Line PID"));

@@ -45,6 +45,7 @@ TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
     whenShown = [this](QWidget *window) {
         EXPECT_EQ(window->findChild<QLabel *>("what")->text(), "Saving the lines");
         EXPECT_TRUE(window->findChild<QLabel *>("count")->text().endsWith(" of 40"));
+        EXPECT_EQ(unexplained(*window), QStringList());
         const QWidget *exit = user->control("exit"); // no other window listens
         QTest::mouseClick(exit->window()->windowHandle(), Qt::LeftButton, {}, exit->geometry().center());
         QTest::mouseClick(window->findChild<QAbstractButton *>("stop"), Qt::LeftButton);

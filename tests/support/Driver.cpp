@@ -1,6 +1,7 @@
 #include "support/Driver.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -120,6 +121,21 @@ QStringList Driver::items(const QString &name) const
     for (int i = 0; i < box->count(); ++i)
         items += box->itemText(i);
     return items;
+}
+
+QStringList unexplained(const QWidget &window)
+{
+    QStringList names;
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        const bool isEntry = widget->inherits("QComboBox") || widget->inherits("QAbstractButton") ||
+                             (widget->inherits("QLineEdit") && !widget->parent()->inherits("QComboBox"));
+        if (!isEntry || !widget->isVisibleTo(&window))
+            continue;
+        const QString heard = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
+        if (widget->toolTip().isEmpty() || heard.isEmpty() || heard.contains(u'<'))
+            names += widget->objectName();
+    }
+    return names;
 }
 
 QString Driver::focused() const

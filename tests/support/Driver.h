@@ -54,4 +54,8 @@ private:
     QWidget *m_surface;
 };
 
+/// Names of the entries and buttons, as far as the window shows them, that nothing explains: no tooltip, or
+/// no plain sentence for screen readers.
+QStringList unexplained(const QWidget &window);
+
 } // namespace varnow::test
