@@ -6,6 +6,8 @@
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 
+#include <QFile>
+#include <QSettings>
 #include <QStringList>
 
 namespace varnow {
@@ -41,6 +43,34 @@ QStringList verdictLines(SchemaVersionCheck::Verdict verdict)
     }
     Q_UNREACHABLE();
 }
+
+/// What the last successful sign-in to each database began with.
+class LastSignIn
+{
+public:
+    explicit LastSignIn(DatabaseRole role) : m_file(stateFolder() + "/signIn.ini", QSettings::IniFormat)
+    {
+        m_file.beginGroup(role == DatabaseRole::Configuration ? "configuration" : "velmora");
+    }
+
+    /// Empty where there was none.
+    db::ConnectionSettings read() const { return {text("server"), text("database"), text("user"), {}}; }
+
+    /// Writes everything but the password, for the user alone.
+    void write(const db::ConnectionSettings &settings)
+    {
+        m_file.setValue("server", settings.server);
+        m_file.setValue("database", settings.database);
+        m_file.setValue("user", settings.user);
+        m_file.sync();
+        QFile::setPermissions(m_file.fileName(), QFile::ReadOwner | QFile::WriteOwner);
+    }
+
+private:
+    QString text(const QString &name) const { return m_file.value(name).toString(); }
+
+    QSettings m_file;
+};
 
 /// Tells the user what the version check found. Returns whether the start can go on with this database.
 bool showFindings(const SchemaVersionCheck &check, DatabaseRole role)
@@ -78,8 +108,21 @@ SignInDialog::SignInDialog(DatabaseRole role)
         unload();
     };
     setFocusOrder({&m_server, &m_database, &m_user, &m_password, &m_login, &m_cancel});
-    onActivate = [this] { fillDevelopmentValues(); };
+    addToolTips();
+    onActivate = [this] { proposeEntries(); };
     onCloseRequest = [this] { return m_isCanceled ? ui::CloseDecision::Close : accept(); };
+}
+
+void SignInDialog::addToolTips()
+{
+    m_server.setToolTip(
+        "The server's name or address, with a port (host,port) or an instance (host\\instance) behind it "
+        "where that is needed. For a database file it is (sqlite).");
+    m_database.setToolTip("The name of the database on its server, or the path of the file.");
+    m_user.setToolTip("The log-in name on the server; for a file any word will do.");
+    m_password.setToolTip("The password of this user; it may stay blank. It is not remembered.");
+    m_login.setToolTip("Signs in and checks the version of the database.");
+    m_cancel.setToolTip("Signs in nowhere and ends the program.");
 }
 
 SignIn SignInDialog::ask()
@@ -88,16 +131,30 @@ SignIn SignInDialog::ask()
     return m_result;
 }
 
+/// Fills in what the user most likely wants to sign in to.
+void SignInDialog::proposeEntries()
+{
+    if constexpr (isDevelopmentRun)
+        return fillDevelopmentValues();
+    const db::ConnectionSettings last = LastSignIn(m_role).read();
+    if (last.server.isEmpty())
+        return;
+    m_server.setText(last.server);
+    m_database.setText(last.database);
+    m_user.setText(last.user);
+    m_password.setFocus();
+    for (TextBox *entry : {&m_server, &m_database, &m_user})
+        entry->selectAll();
+}
+
 void SignInDialog::fillDevelopmentValues()
 {
-    if constexpr (!isDevelopmentRun)
-        return;
     m_server.setText("(sqlite)");
     m_database.setText(stateFolder() + "/demo.db"); // ./run makes it
     m_user.setText("admin");
     if (m_role == DatabaseRole::Velmora)
         m_password.setText("admin");
-    m_server.selectAll(); // it has the focus first, maybe before these texts
+    m_server.selectAll(); // it has the focus already
 }
 
 /// Checks the entries and has the database's version judged.
@@ -108,9 +165,10 @@ ui::CloseDecision SignInDialog::accept()
     m_result.settings = {m_server.text(), m_database.text(), m_user.text(), m_password.text()};
     m_password.setText(""); // it is kept nowhere but in the result
     const ui::Hourglass hourglass;
-    m_result.outcome = showFindings(checkSchemaVersion(m_result.settings, m_role), m_role)
-                           ? SignIn::Outcome::Accepted
-                           : SignIn::Outcome::Unreadable;
+    const SchemaVersionCheck check = checkSchemaVersion(m_result.settings, m_role);
+    m_result.outcome = showFindings(check, m_role) ? SignIn::Outcome::Accepted : SignIn::Outcome::Unreadable;
+    if (check.isConnected && m_result.outcome == SignIn::Outcome::Accepted)
+        LastSignIn(m_role).write(m_result.settings);
     return ui::CloseDecision::Close;
 }
 

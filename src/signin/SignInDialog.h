@@ -36,6 +36,8 @@ public:
 private:
     using TextBox = ui::Labelled<ui::TextBox>;
 
+    void addToolTips();
+    void proposeEntries();
     void fillDevelopmentValues();
     ui::CloseDecision accept();
     bool isComplete();

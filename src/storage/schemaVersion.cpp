@@ -45,26 +45,29 @@ Verdict compare(const QVariant &stored, float required)
 SchemaVersionCheck checkSchemaVersion(const db::ConnectionSettings &database, DatabaseRole role)
 {
     const VersionSource source = versionSource(role);
-    const auto unreadable = [](const RuntimeError &error) {
-        return SchemaVersionCheck{.errorNumber = error.number()};
-    };
+    const auto numberOf = [](const RuntimeError &error) { return error.number(); };
+    SchemaVersionCheck check;
     std::optional<db::Connection> connection;
-    const auto open = [&] { return connection.emplace(database), SchemaVersionCheck{}; };
-    const SchemaVersionCheck opened = guarded(open, unreadable);
-    if (opened.errorNumber != 0)
-        return role == DatabaseRole::Configuration ? opened : SchemaVersionCheck{};
-
+    const int openError = guarded([&] { return connection.emplace(database), 0; }, numberOf);
+    check.isConnected = openError == 0;
+    if (!check.isConnected) {
+        if (role == DatabaseRole::Configuration)
+            check.errorNumber = openError;
+        return check;
+    }
     db::ResultSet rows;
     const auto query = [&] {
         rows = connection->execute("SELECT " + source.column + " FROM database_version;");
         return true;
     };
     if (!guarded(query, [](const RuntimeError &) { return false; }))
-        return {};
+        return check;
     const auto judge = [&] {
-        return SchemaVersionCheck{compare(rows.value(source.column), source.required)};
+        check.verdict = compare(rows.value(source.column), source.required);
+        return 0;
     };
-    return guarded(judge, unreadable);
+    check.errorNumber = guarded(judge, numberOf);
+    return check;
 }
 
 } // namespace varnow

@@ -20,7 +20,8 @@ struct SchemaVersionCheck
     };
 
     Verdict verdict = Verdict::Earlier;
-    int errorNumber = 0; ///< what stopped the reading, where the user is to learn it; else 0
+    int errorNumber = 0;      ///< what stopped the reading, where the user is to learn it; else 0
+    bool isConnected = false; ///< the database took the log-in
 };
 
 /// Reads and judges the version. An error number is reported when the version is missing or no number, and

@@ -371,10 +371,10 @@ void Window::show()
     m_widget->activateWindow();
     if (!first)
         return;
-    if (onActivate)
-        onActivate();
     if (m_firstInFocusOrder != nullptr)
         m_firstInFocusOrder->widget()->setFocus(Qt::TabFocusReason);
+    if (onActivate)
+        onActivate();
 }
 
 void Window::showInFront()

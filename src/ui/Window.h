@@ -28,7 +28,7 @@ public:
     ~Window() override;
 
     std::function<void()> onLoad;     ///< before the window is first seen
-    std::function<void()> onActivate; ///< once per show, when the window comes to the front
+    std::function<void()> onActivate; ///< once per show, behind it; the first control has the focus then
     std::function<void()> onResize;
     std::function<void()> onDoubleClick;           ///< on the bare surface, outside every control
     std::function<CloseDecision()> onCloseRequest; ///< before every unload, by code or by the close box

@@ -112,7 +112,7 @@ TEST_P(StartTest, ShowsEveryBoxOnTheScreen)
 }
 
 // A word in the wrong place, an empty password in the wrong one, a ninth word that counts; a start with
-// half of the values.
+// half of the values; words that the next sign-in would propose.
 TEST_P(StartTest, TakesTheValuesFromEightWords)
 {
     const Box refusal = critical("The command line must hold eight words, separated by blanks:\r\n"
@@ -124,12 +124,15 @@ TEST_P(StartTest, TakesTheValuesFromEightWords)
         expectStart(QStringList(count, "word").join(' '), {}, 2, {refusal});
         EXPECT_EQ(stored(), nothing + nothing);
     }
+    const QString remembered = stateFolder() + "/signIn.ini";
+    QFile::remove(remembered);
     const QString configuration = valid.mid(0, 3).join(' ') + " \"\"";
     const QStringList values = valid.mid(0, 3) + QStringList("");
     expectStart(configuration + " \tserver database \"\" \"\" nine ten eleven", {close}, 0, {});
     EXPECT_EQ(stored(), values + QStringList({"server", "database", "\"\"", ""}));
     expectStart(configuration + " \"my server\" \"\" \"\"x", {close}, 0, {});
     EXPECT_EQ(stored(), values + QStringList({"\"my", "server\"", "\"\"", "\"\"x"}));
+    EXPECT_FALSE(QFile::exists(remembered));
 }
 
 // An outcome with another outcome's message, or one that ends the start; an editor on half a catalogue.

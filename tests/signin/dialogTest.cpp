@@ -4,9 +4,12 @@
 #include "support/TdsServer.h"
 
 #include "base/RuntimeError.h"
+#include "base/folders.h"
+#include "db/codes.h"
 #include "signin/SignInDialog.h"
 #include "ui/Application.h"
 
+#include <QFile>
 #include <QLineEdit>
 
 #include <optional>
@@ -30,6 +33,13 @@ Action pressIn(const QString &name, int key)
 
 struct SignInTest : StartFixture
 {
+    SignInTest() { forget(); }
+
+    /// No dialog has been used before.
+    static void forget() { QFile::remove(remembered()); }
+
+    static QString remembered() { return stateFolder() + "/signIn.ini"; }
+
     /// Shows the dialog alone. Returns the settings that come of it.
     QStringList expectOutcome(SignIn::Outcome outcome, DatabaseRole role, const Actions &actions,
                               const Boxes &boxes = {})
@@ -82,6 +92,7 @@ TEST_P(SignInTest, ReturnsTheEntriesAsTyped)
     const Action isEmpty = [](const Driver &user) { EXPECT_EQ(user.texts(allEntries), "|||"); };
     for (const QString password : {" }{;uid=sa;{\"a\" 'b'", ";database=other;", "  ", ""}) {
         const QStringList typed{' ' + valid[0] + "  ", "  " + valid[1] + ' ', " tester ", password};
+        forget();
         for (const DatabaseRole role : bothRoles)
             EXPECT_EQ(expectOutcome(Accepted, role, {isEmpty, enter(typed), close}, exact), typed);
         EXPECT_EQ(dialog->surface()->findChild<QLineEdit *>("password")->text(), "");
@@ -115,12 +126,46 @@ TEST_P(SignInTest, AnswersEnterAndEscapeInEveryEntry)
     const DatabaseRole role = DatabaseRole::Velmora;
     for (const QString name : {"server", "password", "login"}) {
         expectOutcome(Accepted, role, {enter(valid), pressIn(name, Qt::Key_Return)}, exact);
+        forget();
         const Action complains = [&](const Driver &) { EXPECT_EQ(messages.take().size(), 3); };
         expectOutcome(Canceled, role,
                       {pressIn(name, Qt::Key_Enter), complains, pressIn(name, Qt::Key_Escape)});
         expectOutcome(Canceled, role, {enter(valid), pressIn(name, Qt::Key_Escape)});
     }
     expectOutcome(Canceled, role, {enter(valid), pressIn("cancel", Qt::Key_Return)});
+}
+
+// A password on the disk, the other dialog's entries, those of a sign-in that failed, a text that the file
+// changes, an entry to be cleared before typing.
+TEST_P(SignInTest, RemembersTheLastThatSucceeded)
+{
+    using enum DatabaseRole;
+    const QString hostile = " t;e\"s\\t=, @x ";
+    const auto proposes = [](const QStringList &entries) {
+        return [=](const Driver &user) {
+            EXPECT_EQ(user.texts(allEntries), entries.join(u'|'));
+            EXPECT_EQ(user.focused(), entries.first().isEmpty() ? "server" : "password");
+            for (int i = 0; i < 3; ++i)
+                EXPECT_EQ(qobject_cast<QLineEdit *>(user.control(allEntries[i]))->selectedText(), entries[i]);
+            EXPECT_EQ(unexplained(*user.control("server")->window()), QStringList());
+        };
+    };
+    const QStringList first{valid[0], valid[1], hostile, ""};
+    expectOutcome(Accepted, Configuration,
+                  {proposes(nothing), logIn({valid[0], valid[1], hostile, "s3cret"})}, exact);
+    expectOutcome(Canceled, Configuration, {proposes(first), enter({"a", "b", "c", ""}), cancel});
+    const QStringList nowhere{GetParam() == Engine::Sqlite ? valid[0] : "127.0.0.1,1", valid[1] + "x", "u",
+                              ""};
+    expectOutcome(Unreadable, Configuration, {proposes(first), logIn(nowhere)},
+                  errorBox(db::codes::Failure) + unreadable);
+    expectOutcome(Accepted, Velmora, {proposes(nothing), logIn(nowhere)}, earlier); // reached or not
+    expectOutcome(Accepted, Velmora, {proposes(nothing), logIn(valid)}, exact);
+    expectOutcome(Canceled, Velmora, {proposes(valid.mid(0, 3) + QStringList("")), cancel});
+    expectOutcome(Canceled, Configuration, {proposes(first), cancel});
+    QFile file(remembered());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(file.readAll().contains("s3cret"));
+    EXPECT_FALSE(file.permissions() & (QFile::ReadGroup | QFile::ReadOther));
 }
 
 // A verdict with another one's message; a missing version that stops the start for want of the main
