@@ -19,6 +19,7 @@ HelpWindow::HelpWindow() : ui::Window("help", "Guide", 13500, 9000)
     m_guide.setAccessibleName("Guide");
     setFocusOrder({&m_headings, &m_guide, &m_close});
     m_close.setCancel();
+    m_close.setToolTip("Closes this window.");
     onLoad = [this] { showGuide(); };
     onResize = [this] { layOut(); };
     m_headings.onSelect = [this] {

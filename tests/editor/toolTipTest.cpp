@@ -48,12 +48,12 @@ TEST_P(ToolTipTest, ExplainEveryEntryAndButton)
     open();
     user->type("lineMessageIndex", "2");
     user->click("change"); // its notice has a button
-    for (const int key : {Qt::Key_F8, Qt::Key_F11, Qt::Key_F12})
+    for (const int key : {Qt::Key_F1, Qt::Key_F8, Qt::Key_F11, Qt::Key_F12})
         press(key);
     press(Qt::Key_U, Qt::ControlModifier);
     press(Qt::Key_F, Qt::ControlModifier);
     ASSERT_TRUE(user->control("noticeButton1")->isVisible() && user->control("findNext")->isVisible());
-    EXPECT_EQ(ui::Window::loadedWindows().size(), 5U);
+    EXPECT_EQ(ui::Window::loadedWindows().size(), 6U);
     for (ui::Window *window : ui::Window::loadedWindows())
         EXPECT_EQ(unexplainedIn(*window), QStringList()) << qPrintable(window->caption());
     user->showPage(1);
