@@ -1,29 +1,18 @@
+// For systems with POSIX's calls.
+
 #include "app/process.h"
 
 #include <array>
 #include <csignal>
 #include <cstdlib>
 
+#include <unistd.h>
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #endif
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace varnow {
-
-void forbidCoreFiles()
-{
-#ifdef Q_OS_LINUX
-    const rlimit none{0, 0};
-    setrlimit(RLIMIT_CORE, &none);
-    prctl(PR_SET_DUMPABLE, 0); // the limit does not hold for a core file that is piped to another program
-#endif
-}
-
-#ifdef Q_OS_UNIX
 
 namespace {
 
@@ -39,6 +28,15 @@ void tellSignal(int number)
 }
 
 } // namespace
+
+void forbidCoreFiles()
+{
+#ifdef Q_OS_LINUX
+    const rlimit none{0, 0};
+    setrlimit(RLIMIT_CORE, &none);
+    prctl(PR_SET_DUMPABLE, 0); // the limit does not hold for a core file that is piped to another program
+#endif
+}
 
 EndWhenTold::EndWhenTold(const std::function<void()> &last)
 {
@@ -65,12 +63,5 @@ EndWhenTold::~EndWhenTold()
     for (const int end : signalPipe)
         close(end);
 }
-
-#else
-
-EndWhenTold::EndWhenTold(const std::function<void()> &) {}
-EndWhenTold::~EndWhenTold() = default;
-
-#endif
 
 } // namespace varnow
