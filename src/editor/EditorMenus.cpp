@@ -4,12 +4,12 @@
 
 #include "base/names.h"
 #include "base/text.h"
+#include "editor/AboutWindow.h"
 #include "editor/CheckWindow.h"
 #include "editor/HelpWindow.h"
 #include "editor/LayoutWindow.h"
 #include "editor/TargetWindow.h"
 #include "model/copyConfiguration.h"
-#include "storage/version.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 #include "ui/fileDialogs.h"
@@ -44,7 +44,7 @@ void EditorWindow::addMenus()
     view.add("&Layout", "F11", [this] { showLayout(); });
     ui::Menu help = addMenu("Hel&p");
     help.add("&Guide", "F1", [this] { showGuide(); });
-    help.add("&About Varnow", "", [this] { showAbout(); });
+    help.add("&About Varnow", "", [] { AboutWindow().showModal(); });
     nameSteps();
 }
 
@@ -154,11 +154,6 @@ void EditorWindow::drawLayout()
     const LineTable &lines = m_state.model.lines;
     const int index = name ? lines.findNamed(trim(m_state.configuration()), name->name, name->nameIndex) : -1;
     m_layout->draw(index < 0 ? std::nullopt : std::optional(lines[index]), m_fieldPage.namedRecord());
-}
-
-void EditorWindow::showAbout()
-{
-    ui::show({versionText(), "About Varnow", ui::Icon::Information});
 }
 
 } // namespace varnow

@@ -63,7 +63,6 @@ private:
     void addMenus();
     void nameSteps();
     void showGuide();
-    void showAbout();
     void arrangeFocus();
     void loadWindow();
     void emptyPages();

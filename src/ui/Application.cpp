@@ -3,6 +3,7 @@
 #include "ui/Window.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCursor>
 #include <QIcon>
 #include <QSessionManager>
@@ -65,6 +66,11 @@ void runUntilNoWindowIsLoaded()
 void handleEvents()
 {
     QApplication::processEvents();
+}
+
+void copyToClipboard(const QString &text)
+{
+    QApplication::clipboard()->setText(text);
 }
 
 SessionEnd::SessionEnd(const std::function<bool()> &mayEnd)

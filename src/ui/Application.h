@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <functional>
 #include <memory>
 
@@ -24,6 +26,9 @@ void runUntilNoWindowIsLoaded();
 
 /// Handles the events that wait, without waiting for more.
 void handleEvents();
+
+/// Makes the text what the user pastes next.
+void copyToClipboard(const QString &text);
 
 /// While such an object lives, the user is asked before his session on the desktop ends: `mayEnd` returns
 /// whether it may; false calls the end off. One at a time.
