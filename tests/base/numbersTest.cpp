@@ -44,7 +44,7 @@ TEST(Numbers, ConvertDatabaseValuesOfEveryType)
         {"seven", mismatch},      {QDateTime::currentDateTime(), mismatch},
     };
     for (const auto &[value, whole] : cases)
-        EXPECT_EQ(outcome([&] { return toLong(value); }), whole) << qPrintable(value.toString());
+        EXPECT_EQ(outcome([&value = value] { return toLong(value); }), whole) << qPrintable(value.toString());
     EXPECT_EQ(outcome([] { return toDouble("2.008"); }), "2.008");
     EXPECT_EQ(outcome([] { return toDouble(QVariant()); }), nullUsed);
 }

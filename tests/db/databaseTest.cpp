@@ -81,7 +81,7 @@ TEST_P(DatabaseTest, NamesTheReasonWhyAStatementFailed)
     Connection connection(tables.settings());
     for (const auto &[sql, code] : cases) {
         EXPECT_EQ(codeOf(sql), code) << qPrintable(sql);
-        EXPECT_EQ(errorOf([&] { connection.execute(sql); }), code); // whatever failed on it before
+        EXPECT_EQ(errorOf([&, &sql = sql] { connection.execute(sql); }), code); // whatever failed before
     }
     EXPECT_EQ(tables.run("SELECT id, Name FROM LabLineConfig"), QStringList("1|NULL"));
 }
