@@ -106,6 +106,12 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// The program that was built, unless another one is named.
+std::string programFile()
+{
+    return qEnvironmentVariable("VARNOW_PROGRAM", QStringLiteral(VARNOW_PROGRAM)).toStdString();
+}
+
 void startBesideEmptyWindow(benchmark::State &state, double atMost, double Usage::*figure)
 {
     const SampleDatabase database;
@@ -117,7 +123,7 @@ void startBesideEmptyWindow(benchmark::State &state, double atMost, double Usage
         state, atMost,
         [&] {
             return start(
-                {VARNOW_PROGRAM, "(sqlite)", file, "admin", "\"\"", "(sqlite)", file, "admin", "\"\""});
+                {programFile(), "(sqlite)", file, "admin", "\"\"", "(sqlite)", file, "admin", "\"\""});
         },
         [&] { return start({EMPTY_WINDOW_PROGRAM}); });
 }
