@@ -26,7 +26,7 @@ void EditorWindow::addMenus()
     configuration.add("&New…", "", [this] { showNew(); });
     configuration.add("&Copy to…", "", [this] { copy(); });
     configuration.add("&Import…", "Ctrl+I", [this] {
-        import(ui::askForFiles("Import", {"CSV files", "csv"}));
+        import(ui::askForFiles("Choose Files to Import", {"CSV files", "csv"}));
     });
     configuration.add("&Export…", "Ctrl+E", [this] { exportAs(); });
     configuration.add("Chec&k", "F8", [this] { showCheck(); });

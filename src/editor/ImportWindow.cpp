@@ -83,7 +83,7 @@ ImportWindow::ImportWindow(const EditorState &state)
     onFilesDropped = [this](const QStringList &paths) { addFiles(paths); };
     m_current.onClick = [this] { makePlan(); };
     m_import.onClick = [this] { accept(); };
-    m_add.onClick = [this] { addFiles(ui::askForFiles("Import", {"CSV files", "csv"})); };
+    m_add.onClick = [this] { addFiles(ui::askForFiles("Choose Files to Import", {"CSV files", "csv"})); };
     m_saveRefused.onClick = [this] { saveRefused(); };
     m_cancel.onClick = [this] { unload(); };
 }
