@@ -15,6 +15,8 @@ AboutWindow::AboutWindow() : ui::Window("about", "About Varnow", 7500, 2590, Bor
         ui::copyToClipboard(versionText());
         m_copied.setCaption("Copied to the clipboard.");
     };
+    m_copy.setToolTip("Copies these lines, for the report of a fault.");
+    m_close.setToolTip("Closes this window.");
     m_close.setDefault();
     m_close.setCancel();
     m_close.onClick = [this] { unload(); };

@@ -11,7 +11,6 @@
 #include "editor/TargetWindow.h"
 #include "model/copyConfiguration.h"
 #include "ui/Application.h"
-#include "ui/MessageBox.h"
 #include "ui/fileDialogs.h"
 
 #include <algorithm>

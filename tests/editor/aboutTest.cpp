@@ -1,6 +1,7 @@
 // What the Help menu tells about the program.
 
 #include "editor/EditorTest.h"
+#include "support/fileDialog.h"
 
 #include "storage/version.h"
 
@@ -9,7 +10,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QTest>
-#include <QTimer>
 
 namespace varnow::test {
 
@@ -19,13 +19,11 @@ using AboutTest = EditorTest;
 TEST_P(AboutTest, ShowsAndCopiesTheVersions)
 {
     open({}, "");
-    user->press(Qt::Key_P, Qt::AltModifier);
     QStringList shown;
-    QTimer::singleShot(0, [&shown] { // the window waits for its user
-        ASSERT_EQ(ui::Window::loadedWindows().size(), 2U);
-        const Driver about(*ui::Window::loadedWindows()[1]);
-        QApplication::processEvents();
+    whenLoaded("about", [&shown](ui::Window &window) {
+        const Driver about(window);
         EXPECT_EQ(about.focused(), "versions");
+        EXPECT_EQ(unexplained(*window.surface()->window()), QStringList());
         const QAccessibleInterface *list = QAccessible::queryAccessibleInterface(about.control("versions"));
         EXPECT_EQ(list->text(QAccessible::Name), "Versions");
         const auto *rows = static_cast<QAbstractItemView *>(about.control("versions"))->model();
@@ -35,12 +33,13 @@ TEST_P(AboutTest, ShowsAndCopiesTheVersions)
         EXPECT_EQ(about.text("copied"), "Copied to the clipboard.");
         about.press(Qt::Key_Escape);
     });
+    user->press(Qt::Key_P, Qt::AltModifier);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_A);
     EXPECT_EQ(ui::Window::loadedWindows().size(), 1U);
     EXPECT_EQ(shown.join(u'\n'), versionText());
     EXPECT_EQ(QApplication::clipboard()->text(), versionText());
 }
 
-ON_EVERY_ENGINE(AboutTest);
+ON_ENGINES(AboutTest, Engine::Sqlite);
 
 } // namespace varnow::test
