@@ -36,6 +36,7 @@ const std::vector<ui::FileKind> &exportedKinds() // in the order of the formats
 Picture pictureOf(const std::vector<Field> &fields, int width)
 {
     std::vector<const Field *> fieldsOfLine;
+    fieldsOfLine.reserve(fields.size());
     for (const Field &field : fields)
         fieldsOfLine.push_back(&field);
     std::vector<ui::Bar> bars;

@@ -89,7 +89,7 @@ QStringList DocumentView::headings() const
 {
     QStringList found;
     for (const QTextBlock &block : browser()->headings())
-        found += QString((block.blockFormat().headingLevel() - 2) * 4, u' ') + block.text();
+        found += QString(qsizetype{block.blockFormat().headingLevel() - 2} * 4, u' ') + block.text();
     return found;
 }
 
