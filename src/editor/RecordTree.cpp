@@ -19,6 +19,8 @@ bool RecordTree::rebuild(const QString &configuration, Boxes boxes)
     clear();
     m_records.clear();
     m_lineNodes.clear();
+    m_lineNodeOf.clear();
+    m_fieldsWithNodes.clear();
     m_boxes = boxes;
     m_hasHeldBack = false;
     guarded([&] { return fill(trim(configuration)), 0; },
@@ -44,11 +46,11 @@ void RecordTree::addLine(const Line &line)
 {
     const QString messageIndex = QString::number(line.messageIndex);
     const QString key = lineKey(messageIndex);
-    QString text = messageIndex + " " + trim(line.name);
+    QString text = messageIndex % u' ' % trim(line.name);
     if (line.nameIndex != 0)
         text += QStringLiteral("(%1)").arg(line.nameIndex);
 
-    if (const int existing = find(key); existing != none) {
+    if (const int existing = m_lineNodeOf.value(line.messageIndex, none); existing != none) {
         offerToUpdate(existing, text, line);
         return;
     }
@@ -62,6 +64,7 @@ void RecordTree::addLine(const Line &line)
                              ? line.messageIndex
                              : std::max(line.messageIndex, m_lineNodes.back().greatestMessageIndex);
     m_lineNodes.push_back({node, greatest});
+    m_lineNodeOf.insert(line.messageIndex, node);
 }
 
 void RecordTree::offerToUpdate(int node, const QString &text, const Line &line)
@@ -94,17 +97,18 @@ void RecordTree::addField(const Field &field)
                       "Please check your input and try again."});
         return;
     }
+    const int line = m_lineNodeOf.value(field.messageIndex, none);
+    const std::pair place(field.messageIndex, field.position);
+    if (line == none || m_fieldsWithNodes.contains(place))
+        return;
+    m_fieldsWithNodes.insert(place);
+
     const QString messageIndex = QString::number(field.messageIndex);
     const QString position = QString::number(field.position);
-    const QString key = fieldKey(messageIndex, position);
-    const int line = find(lineKey(messageIndex));
-    if (line == none || find(key) != none)
-        return;
-
-    QString text = messageIndex + "." + position + " " + trim(field.name);
+    QString text = messageIndex % u'.' % position % u' ' % trim(field.name);
     if (field.nameIndex > 0)
         text += QStringLiteral("(%1)").arg(field.nameIndex);
-    ensureVisible(addChild(line, key, text));
+    ensureVisible(addChild(line, fieldKey(messageIndex, position), text));
     m_records.push_back({RecordName::Kind::Field, field.name, field.nameIndex});
 }
 

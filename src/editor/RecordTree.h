@@ -4,7 +4,10 @@
 #include "model/RecordReference.h"
 #include "ui/TreeView.h"
 
+#include <QHash>
+#include <QSet>
 #include <QString>
+#include <QStringBuilder>
 
 #include <functional>
 #include <optional>
@@ -58,10 +61,10 @@ public:
     void showFirst();
 
     /// Keys of the nodes; the numbers as they are or as they were typed.
-    static QString lineKey(const QString &messageIndex) { return messageIndex + " Line"; }
+    static QString lineKey(const QString &messageIndex) { return messageIndex % u" Line"; }
     static QString fieldKey(const QString &messageIndex, const QString &position)
     {
-        return messageIndex + "." + position + " Field";
+        return messageIndex % u'.' % position % u" Field";
     }
 
 private:
@@ -85,6 +88,8 @@ private:
         int greatestMessageIndex;
     };
     std::vector<LineNode> m_lineNodes;
+    QHash<int, int> m_lineNodeOf;                // by message index
+    QSet<std::pair<int, int>> m_fieldsWithNodes; // message index and position
 
     Boxes m_boxes = Boxes::Shown; // of the rebuild that runs
     bool m_hasHeldBack = false;

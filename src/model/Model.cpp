@@ -54,16 +54,20 @@ QString textOf(const EditStep &step)
 
 void Model::copyMessageIndexesToFields()
 {
-    const Line *line = nullptr; // mostly that of the field before
+    const Field *before = nullptr; // mostly of the same line, in texts that both share
+    const Line *line = nullptr;
+    const auto isSame = [](const QString &a, const QString &b) {
+        return (a.constData() == b.constData() && a.size() == b.size()) || a == b;
+    };
     fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
         const auto owns = [&](const Line &candidate) {
             return candidate.nameIndex == field.lineIndex && candidate.name == field.line &&
                    candidate.configuration == field.configuration;
         };
-        if (line == nullptr || !owns(*line)) {
-            const int index = lines.RecordTable::find(field.configuration, field.line, field.lineIndex, owns);
-            line = index < 0 ? nullptr : &lines[index];
-        }
+        if (before == nullptr || field.lineIndex != before->lineIndex || !isSame(field.line, before->line) ||
+            !isSame(field.configuration, before->configuration))
+            line = lines.lookUp(field.configuration, field.line, field.lineIndex, owns);
+        before = &field;
         return line != nullptr ? std::optional(line->messageIndex) : std::nullopt;
     });
 }

@@ -73,7 +73,6 @@ template <class Record, class Order> class RecordTable
     };
 
     using Chunks = std::vector<std::unique_ptr<Chunk>>;
-
     static constexpr std::size_t chunkCapacity = 1024;
 
 public:
@@ -120,8 +119,7 @@ public:
     Iterator begin() const { return Iterator(m_chunks.begin()); }
     Iterator end() const { return Iterator(m_chunks.end()); }
 
-    /// The record at an index. Raises errors::SubscriptOutOfRange outside
-    /// the table.
+    /// The record at an index. Raises errors::SubscriptOutOfRange outside the table.
     const Record &operator[](int index) const
     {
         const Chunk &chunk = **chunkAt(index);
@@ -133,12 +131,20 @@ public:
     template <class Matches>
     int find(QStringView configuration, QStringView name, int nameIndex, Matches matches) const
     {
-        const Node *found = nullptr;
+        const Record *found = lookUp(configuration, name, nameIndex, matches);
+        return found ? indexOf(*found) : -1;
+    }
+
+    /// The same record itself, which takes less than its index; null without one.
+    template <class Matches>
+    const Record *lookUp(QStringView configuration, QStringView name, int nameIndex, Matches matches) const
+    {
+        const Record *found = nullptr;
         m_nodes.visitAll(keyHash(configuration, name, nameIndex), [&](const Node &node) {
             if (matches(node.record) && (!found || indexOf(node) < indexOf(*found)))
-                found = &node;
+                found = &node.record;
         });
-        return found ? indexOf(*found) : -1;
+        return found;
     }
 
     /// Index of a record of this table. Raises errors::SubscriptOutOfRange for any other, a copy among them.
@@ -218,8 +224,7 @@ public:
             m_nodes.add(hash, m_nodes.take(oldHash, node));
     }
 
-    /// Takes out the record at an index. Raises errors::SubscriptOutOfRange outside
-    /// the table.
+    /// Takes out the record at an index. Raises errors::SubscriptOutOfRange outside the table.
     void removeAt(int index)
     {
         const auto position = chunkAt(index);

@@ -109,8 +109,8 @@ int TreeView::nodeCount() const
 
 int TreeView::find(const QString &key) const
 {
-    const auto found = m_byKey.find(key);
-    return found == m_byKey.end() ? none : found->second;
+    const auto found = std::ranges::find(m_nodes, key, &Item::key);
+    return found == m_nodes.end() ? none : (*found)->number;
 }
 
 int TreeView::node(const QString &key) const
@@ -131,7 +131,6 @@ int TreeView::keep(Item *item)
 {
     item->number = nodeCount();
     m_nodes.push_back(item);
-    m_byKey.emplace(item->key(), item->number);
     return item->number;
 }
 
@@ -206,7 +205,6 @@ void TreeView::setText(int node, const QString &text)
 void TreeView::clear()
 {
     m_nodes.clear();
-    m_byKey.clear();
     m_scrollTo = none;
     tree()->clear();
 }

@@ -5,7 +5,6 @@
 #include <QList>
 
 #include <functional>
-#include <unordered_map>
 #include <vector>
 
 class QTreeWidgetItem;
@@ -83,12 +82,7 @@ private:
     int keep(Item *item);
     static void expand(QTreeWidgetItem *item);
 
-    struct Hash
-    {
-        std::size_t operator()(const QString &key) const { return qHash(key); }
-    };
     std::vector<Item *> m_nodes;
-    std::unordered_map<QString, int, Hash> m_byKey;
     QList<QTreeWidgetItem *> m_waitingRoots; // while filling
     std::vector<Item *> m_waitingToExpand;
     int m_scrollTo = none;
