@@ -14,8 +14,8 @@ struct HelpTest : EditorTest
 {
 };
 
-// Faults: a guide that is not found, a picture that is missing or wider than the window, a chapter that is not
-// reached.
+// Faults: a guide that is not found, a picture that is missing or wider than the window, a chapter that is
+// not reached.
 TEST_P(HelpTest, ShowsTheGuideWithItsPictures)
 {
     open();
