@@ -67,18 +67,20 @@ void EditorWindow::showNew()
         TargetWindow(m_state, TargetWindow::Purpose::New).ask();
     if (!target)
         return;
+    const QString &name = target->configuration;
+    const LineTable &lines = m_state.model.lines;
+    const bool isNew = std::ranges::find(lines, name, &Line::configuration) == lines.end();
     const auto show = [&] {
-        showConfigurationSilently(target->configuration);
-        if (std::ranges::find(m_state.model.lines, target->configuration, &Line::configuration) !=
-            m_state.model.lines.end())
+        showConfigurationSilently(name);
+        if (!isNew)
             return;
         emptyPages();
         m_tabs.setCurrentPage(0);
         m_linePage.clear();
         m_linePage.settleEntries();
     };
-    tellReplaced(replacing(show), "Configuration " + isolated(target->configuration) +
-                                      " is shown. It is saved with its first line.");
+    tellReplaced(replacing(show), "Configuration " + isolated(name) + " is shown." +
+                                      (isNew ? " It is saved with its first line." : ""));
 }
 
 void EditorWindow::copy()
@@ -144,14 +146,15 @@ void EditorWindow::showGuide()
     m_help->show();
 }
 
-/// Draws the line that is shown, if its window is open.
+/// Draws the line that is shown, or that of the field that is, if its window is open.
 void EditorWindow::drawLayout()
 {
     if (!m_layout || !m_layout->isLoaded())
         return;
-    const std::optional<RecordName> name = m_linePage.namedRecord();
+    const bool isFieldShown = &shownPage() == &m_fieldPage;
+    const std::optional<RecordName> name = isFieldShown ? m_fieldPage.chosenLine() : m_linePage.namedRecord();
     const LineTable &lines = m_state.model.lines;
-    const int index = name ? lines.findNamed(trim(m_state.configuration()), name->name, name->nameIndex) : -1;
+    const int index = name ? lines.find(trim(m_state.configuration()), name->name, name->nameIndex) : -1;
     m_layout->draw(index < 0 ? std::nullopt : std::optional(lines[index]), m_fieldPage.namedRecord());
 }
 

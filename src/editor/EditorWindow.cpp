@@ -51,7 +51,7 @@ void EditorWindow::connectControls()
         tellReplaced(replacing([&] { showRecord(record); }));
     };
     m_tree.onEdit = [this] { shownPage().focusFirst(); };
-    m_tree.onDelete = [this] { removeShown(); };
+    m_tree.onDelete = [this] { removeSelected(); };
     m_clear.onClick = [this] { clear(); };
     m_change.onClick = [this] { change(); };
     m_delete.onClick = [this] { removeShown(); };
@@ -193,6 +193,7 @@ void EditorWindow::turnPage()
     shown.turnedTo();
     if (!wasTyped)
         shown.settleEntries(); // a proposal is nothing typed
+    drawLayout();
 }
 
 void EditorWindow::clear()
@@ -269,6 +270,7 @@ void EditorWindow::changeAndNext()
     EntryPage &page = shownPage();
     page.clearForNext();
     page.settleEntries();
+    drawLayout();
 }
 
 void EditorWindow::bringIntoView(const QString &nodeKey)
@@ -313,6 +315,17 @@ void EditorWindow::removeShown()
     }
 }
 
+/// Removes the record whose node is selected. A page shows the first line of a name where the index is 0;
+/// that one is not meant.
+void EditorWindow::removeSelected()
+{
+    if (m_tree.selectedRecord() == shownPage().namedRecord())
+        removeShown();
+    else
+        tell({"The page shows another line of this name, so nothing was removed. Enter the index of the line "
+              "on the page."});
+}
+
 void EditorWindow::listConfigurations()
 {
     m_configuration.setText("");
@@ -343,6 +356,9 @@ void EditorWindow::switchConfiguration()
     take(m_fieldPage.listDataFields());
     if (m_check)
         m_check->refill();
+    drawLayout();
+    if (m_findBar.isOpen())
+        find();
     if (!isTyped)
         tellProblems();
 }

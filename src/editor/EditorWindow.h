@@ -86,6 +86,7 @@ private:
     bool change();
     void changeAndNext();
     void removeShown();
+    void removeSelected();
     void undo();
     void redo();
     void showStep(const EditStep &step, const QString &verb);

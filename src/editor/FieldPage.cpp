@@ -304,6 +304,14 @@ std::optional<RecordName> FieldPage::namedRecord() const
     return recordOf(RecordName::Kind::Field, m_name, m_index);
 }
 
+std::optional<RecordName> FieldPage::chosenLine() const
+{
+    const LineChoice line = parseLineChoice(trim(m_line.text()));
+    if (isBlank(line.name) || !isLong(line.index))
+        return {};
+    return RecordName{RecordName::Kind::Line, trim(line.name), toLong(line.index)};
+}
+
 Removal FieldPage::remove()
 {
     if (!ui::askYesNo("Are you sure that you want to PERMANENTLY" + lineBreak +

@@ -40,6 +40,8 @@ public:
     void clearForNext() override;
     std::optional<QString> store() override;
     std::optional<RecordName> namedRecord() const override;
+    /// The line that the entries name.
+    std::optional<RecordName> chosenLine() const;
     Removal remove() override;
 
 private:

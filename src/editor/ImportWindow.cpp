@@ -113,18 +113,30 @@ void ImportWindow::layOut()
 void ImportWindow::addFiles(const QStringList &paths)
 {
     const ui::Hourglass hourglass;
-    for (const QString &path : paths) {
-        const QFileInfo file(path);
-        if (m_paths.contains(file.absoluteFilePath()))
-            continue;
-        m_paths.insert(file.absoluteFilePath());
-        const FileContents contents = readFile(path);
-        if (contents.problem.isEmpty())
-            m_files.push_back({withoutIsolation(isolated(file.fileName())), contents.bytes});
-        else
-            m_unreadable += contents.problem;
-    }
+    for (const QString &path : paths)
+        addFile(QFileInfo(path));
     makePlan();
+}
+
+/// Reads a file. One that was read before takes its old place, for the user may have corrected it.
+void ImportWindow::addFile(const QFileInfo &file)
+{
+    const QString path = file.absoluteFilePath();
+    const FileContents contents = readFile(path);
+    m_problems.remove(path);
+    const qsizetype known = m_paths.indexOf(path);
+    if (!contents.problem.isEmpty()) {
+        m_problems.insert(path, contents.problem);
+        if (known >= 0) {
+            m_paths.removeAt(known);
+            m_files.erase(m_files.begin() + known);
+        }
+    } else if (known >= 0) {
+        m_files[static_cast<std::size_t>(known)].contents = contents.bytes;
+    } else {
+        m_paths += path;
+        m_files.push_back({withoutIsolation(isolated(file.fileName())), contents.bytes});
+    }
 }
 
 void ImportWindow::makePlan()
@@ -146,7 +158,7 @@ void ImportWindow::makePlan()
 void ImportWindow::listRows()
 {
     std::vector<QStringList> texts;
-    for (const QString &problem : m_unreadable + m_plan.problems)
+    for (const QString &problem : QStringList(m_problems.values()) + m_plan.problems)
         texts.push_back({"Not read", "", "", "", problem});
     for (const QString &note : m_plan.notes)
         texts.push_back({"Note", "", "", "", note});

@@ -7,10 +7,12 @@
 #include "ui/Table.h"
 #include "ui/Window.h"
 
-#include <QSet>
+#include <QMap>
 
 #include <optional>
 #include <vector>
+
+class QFileInfo;
 
 namespace varnow {
 
@@ -26,15 +28,16 @@ public:
 private:
     void layOut();
     void addFiles(const QStringList &paths);
+    void addFile(const QFileInfo &file);
     void makePlan();
     void listRows();
     void saveRefused();
     void accept();
 
     const EditorState &m_state;
-    QSet<QString> m_paths; // of the files that were added
     std::vector<ImportFile> m_files;
-    QStringList m_unreadable; // a sentence each
+    QStringList m_paths;               // of these files
+    QMap<QString, QString> m_problems; // of files that could not be read, by their paths
     ImportPlan m_plan;
     bool m_isAccepted = false;
 

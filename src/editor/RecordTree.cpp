@@ -144,11 +144,14 @@ void RecordTree::select(const std::optional<RecordName> &record)
 
 void RecordTree::tellClick() const
 {
-    if (const int node = selectedNode(); node != none) {
-        const RecordName record =
-            m_records[static_cast<std::size_t>(node)]; // the tree may be rebuilt meanwhile
-        onRecordClick(record);
-    }
+    if (const std::optional<RecordName> record = selectedRecord())
+        onRecordClick(*record);
+}
+
+std::optional<RecordName> RecordTree::selectedRecord() const
+{
+    const int node = selectedNode();
+    return node == none ? std::nullopt : std::optional(m_records[static_cast<std::size_t>(node)]);
 }
 
 } // namespace varnow

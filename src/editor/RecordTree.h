@@ -53,6 +53,9 @@ public:
     /// else the one before, else its line.
     std::optional<RecordName> neighbourOf(const std::optional<RecordName> &record) const;
 
+    /// The record whose node is selected.
+    std::optional<RecordName> selectedRecord() const;
+
     /// Selects the node of a record, if there is one; no click.
     void select(const std::optional<RecordName> &record);
     using TreeView::select;

@@ -6,13 +6,21 @@
 #include "exchange/exportCsv.h"
 #include "model/RecordReference.h"
 
+#include <QSet>
+
 #include <algorithm>
+#include <type_traits>
 
 namespace varnow {
 
 namespace {
 
 constexpr QLatin1String reasonColumn("Reason");
+
+RecordKey lineKeyOf(const Field &field)
+{
+    return {field.configuration, field.line, field.lineIndex};
+}
 
 /// Makes the plan: all rows are read first, so that fields find the lines that come with them.
 class Planner
@@ -41,10 +49,43 @@ public:
             }
         }
         noteHiddenLines();
+        noteMovedFields();
         return std::move(m_plan);
     }
 
 private:
+    /// Fields that follow their line, and fields that leave it.
+    void noteMovedFields()
+    {
+        const auto followsLine = [&](const Field &field) {
+            const auto line = m_lineRows.constFind(lineKeyOf(field));
+            return line != m_lineRows.cend() && (*line)->outcome == RowOutcome::Changed &&
+                   std::get<Line>((*line)->record).messageIndex != field.messageIndex &&
+                   !m_fieldRows.contains(keyOf(field));
+        };
+        const auto leavesRow = [&](const ImportRow &row) {
+            const auto *field = std::get_if<Field>(&row.record);
+            if (field == nullptr || row.outcome != RowOutcome::Changed)
+                return false;
+            const int index = m_model.fields.find(field->configuration, field->name, field->nameIndex);
+            return m_model.fields[index].id > 0 && !haveSameRow(m_model.fields[index], *field);
+        };
+        const auto following = std::ranges::count_if(m_model.fields, followsLine);
+        const auto leaving = std::ranges::count_if(m_plan.rows, leavesRow);
+        if (following > 0)
+            m_plan.notes += counted(following, "field") +
+                            " not in the files will get the new message index of the line it belongs to.";
+        if (leaving > 0)
+            m_plan.notes += counted(leaving, "field") +
+                            " will move to another line. The row under the old line stays in the database, "
+                            "where Check finds it after the next save.";
+    }
+
+    static QString counted(std::ptrdiff_t count, const QString &noun)
+    {
+        return QString::number(count) + ' ' + noun + (count == 1 ? "" : "s");
+    }
+
     /// The tree shows one line for each message index.
     void noteHiddenLines()
     {
@@ -172,16 +213,21 @@ private:
         }
         known.insert(keyOf(record), &row);
         const int index = table.find(record.configuration, record.name, record.nameIndex);
-        if (index < 0)
+        if (index < 0) {
             row.outcome = RowOutcome::Added;
-        else
-            row.outcome = makeSameRow(table[index], record) ? RowOutcome::Unchanged : RowOutcome::Changed;
+            return;
+        }
+        if constexpr (std::is_same_v<Record, Field>) {
+            if (!m_readers[row.file].hasColumn("DataType")) // no page shows it, so nobody misses it
+                record.dataType = table[index].dataType;
+        }
+        row.outcome = makeSameRow(table[index], record) ? RowOutcome::Unchanged : RowOutcome::Changed;
     }
 
     /// The message index of a field's line, which may come with the same import; 0 without such a line.
     int messageIndexFor(const Field &field) const
     {
-        const auto imported = m_lineRows.constFind({field.configuration, field.line, field.lineIndex});
+        const auto imported = m_lineRows.constFind(lineKeyOf(field));
         if (imported != m_lineRows.cend())
             return std::get<Line>((*imported)->record).messageIndex;
         const int index = m_model.lines.find(field.configuration, field.line, field.lineIndex);
@@ -213,29 +259,54 @@ ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
 
 void apply(const ImportPlan &plan, Model &model)
 {
-    const Editing editing(model);
+    const int count = plan.count(RowOutcome::Added) + plan.count(RowOutcome::Changed);
+    const Editing editing(model,
+                          QStringLiteral("import of %1 record%2").arg(count).arg(count == 1 ? "" : "s"));
+    std::vector<Field> fields;
+    QSet<RecordKey> unchanged;
+    QHash<RecordKey, int> renumbered; // lines, with their message indexes
     for (const ImportRow &row : plan.rows) {
-        if (row.outcome != RowOutcome::Added && row.outcome != RowOutcome::Changed)
-            continue;
-        if (const auto *line = std::get_if<Line>(&row.record))
-            model.lines.store(*line);
-        else
-            model.fields.store(std::get<Field>(row.record));
+        const bool isTaken = row.outcome == RowOutcome::Added || row.outcome == RowOutcome::Changed;
+        const auto *field = std::get_if<Field>(&row.record);
+        if (field != nullptr && isTaken)
+            fields.push_back(*field);
+        else if (field != nullptr && row.outcome == RowOutcome::Unchanged)
+            unchanged.insert(keyOf(*field));
+        else if (isTaken) {
+            const Line &line = std::get<Line>(row.record);
+            if (row.outcome == RowOutcome::Changed)
+                renumbered.insert(keyOf(line), line.messageIndex);
+            model.lines.store(line);
+        }
     }
+    model.fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
+        const auto line = renumbered.constFind(lineKeyOf(field));
+        return line == renumbered.cend() || unchanged.contains(keyOf(field)) ? std::nullopt
+                                                                             : std::optional(*line);
+    });
+    model.fields.storeAll(std::move(fields));
 }
 
 QByteArray refusedRows(const ImportPlan &plan)
 {
-    const QStringList header = csvHeader();
+    const std::vector<RowReader> readers(plan.headers.begin(), plan.headers.end());
+    // A column that no file has stays out: a blank cell says more than none.
+    QStringList header;
+    for (const QString &name : csvHeader()) {
+        const auto hasColumn = [&](const RowReader &reader) {
+            return reader.hasColumn(name.toLatin1().constData());
+        };
+        if (name == kindColumn || std::ranges::any_of(readers, hasColumn))
+            header += name;
+    }
     std::vector<QStringList> rows{header + QStringList(reasonColumn)};
-    std::vector<RowReader> readers(plan.headers.begin(), plan.headers.end());
     for (const ImportRow &row : plan.rows) {
         if (row.outcome != RowOutcome::Refused)
             continue;
         QStringList cells;
         for (const QString &name : header)
             cells += readers[row.file].cell(row.cells, name.toLatin1().constData());
-        if (cells.front().isEmpty())
+        if (isBlank(cells.front()))
             cells.front() = std::holds_alternative<Line>(row.record) ? kindOf<Line> : kindOf<Field>;
         rows.push_back(cells + QStringList(row.complaints.join(u' ')));
     }

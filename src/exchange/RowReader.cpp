@@ -128,11 +128,12 @@ QStringList RowReader::read(const QStringList &row, Field &record) const
 {
     const FieldEntry entry = fieldEntry(row);
     record.dataType = "String";
-    if (entry.isFixedLength) { // as the page proposes them
-        record.padCharacter = " ";
-        record.padDirection = 1;
-    }
     const QStringList unreadable = readCells(row, record);
+    if (entry.isFixedLength && isBlank(cell(row, &Field::padDirection))) { // as the page proposes them
+        record.padDirection = 1;
+        if (record.padCharacter.isEmpty())
+            record.padCharacter = " ";
+    }
     const QStringList complaints = complaintsAbout(entry);
     return complaints.isEmpty() ? unreadable : complaints;
 }

@@ -33,6 +33,14 @@ void FieldTable::store(Field field)
     replace(index, std::move(field));
 }
 
+void FieldTable::storeAll(std::vector<Field> fields)
+{
+    std::ranges::reverse(fields); // a field goes before those of its place
+    std::ranges::stable_sort(fields, {}, &FieldOrder::placeOf);
+    for (Field &field : fields)
+        store(std::move(field));
+}
+
 void FieldTable::load(Field row)
 {
     const int index = find(row.configuration, row.name, row.nameIndex);

@@ -41,6 +41,9 @@ public:
     /// Takes a row of the database in: in place of the field with its key, or as a new one.
     void load(Field row);
 
+    /// Stores fields; of several that are new at one place the first stays the first.
+    void storeAll(std::vector<Field> fields);
+
     /// Copies message indexes into the fields: `indexOf` returns that of a field's line, or nothing for a
     /// field that is to keep its own.
     void changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf);

@@ -112,13 +112,9 @@ void copyConfiguration(Model &model, const QString &source, const QString &targe
         return line == messageIndexes.end() ? std::nullopt : std::optional(*line);
     };
     model.fields.changeMessageIndexes(messageIndexOf);
-    // A field goes before those of its place, so that of several at one place the first comes last.
-    std::ranges::reverse(fields);
-    std::ranges::stable_sort(fields, {}, &FieldOrder::placeOf);
-    for (Field &field : fields) {
+    for (Field &field : fields)
         field.messageIndex = messageIndexOf(field).value_or(field.messageIndex);
-        model.fields.store(std::move(field));
-    }
+    model.fields.storeAll(std::move(fields));
 }
 
 } // namespace varnow

@@ -99,6 +99,11 @@ void FindBar::open()
     m_widget->open();
 }
 
+bool FindBar::isOpen() const
+{
+    return !m_widget->isHidden();
+}
+
 QString FindBar::text() const
 {
     return m_widget->entry->text();

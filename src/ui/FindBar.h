@@ -21,6 +21,7 @@ public:
 
     /// Shows the bar with the focus in its entry, all text selected.
     void open();
+    bool isOpen() const;
     QString text() const;
     /// Tells beside the entry how many were found.
     void setCount(const QString &count);

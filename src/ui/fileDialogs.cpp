@@ -1,9 +1,13 @@
 #include "ui/fileDialogs.h"
 
+#include "base/text.h"
 #include "ui/Application.h"
+#include "ui/MessageBox.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -26,6 +30,17 @@ QString fileName(QString name)
     return name.startsWith(u'.') ? u'_' + name : name;
 }
 
+/// The file as the kind that its name tells; a name that tells none gets the ending of the chosen kind.
+NewFile withEnding(const QString &path, const std::vector<FileKind> &kinds, qsizetype chosen)
+{
+    const auto named = std::ranges::find_if(
+        kinds, [&](const FileKind &kind) { return path.endsWith(u'.' + kind.ending, Qt::CaseInsensitive); });
+    if (named != kinds.end())
+        return {path, static_cast<std::size_t>(named - kinds.begin())};
+    const auto kind = static_cast<std::size_t>(chosen);
+    return {path + u'.' + kinds[kind].ending, kind};
+}
+
 } // namespace
 
 QStringList askForFiles(const QString &title, const FileKind &kind)
@@ -42,26 +57,23 @@ std::optional<NewFile> askForNewFile(const QString &title, const QString &name,
 {
     QFileDialog dialog(QApplication::activeWindow(), title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // it would ask before the name has its ending
     QStringList filters;
     for (const FileKind &kind : kinds)
         filters += filterOf(kind);
     dialog.setNameFilters(filters);
-    const auto chosenKind = [&] {
-        return static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter())));
-    };
-    const auto followKind = [&] { dialog.setDefaultSuffix(kinds[chosenKind()].ending); };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, followKind);
-    followKind();
     dialog.selectFile(fileName(name));
     const Hourglass::Paused waitsForTheUser;
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    const QString path = dialog.selectedFiles().constFirst();
-    const auto named = std::ranges::find_if(
-        kinds, [&](const FileKind &kind) { return path.endsWith(u'.' + kind.ending, Qt::CaseInsensitive); });
-    const std::size_t kind =
-        named == kinds.end() ? chosenKind() : static_cast<std::size_t>(named - kinds.begin());
-    return NewFile{path, kind};
+    while (dialog.exec() == QDialog::Accepted) {
+        const NewFile file = withEnding(dialog.selectedFiles().constFirst(), kinds,
+                                        std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter())));
+        if (!QFileInfo::exists(file.path) ||
+            askYesNo("The file " + QDir::toNativeSeparators(file.path) + " exists already." + lineBreak +
+                         "Do you want to replace it?",
+                     title))
+            return file;
+    }
+    return std::nullopt;
 }
 
 } // namespace varnow::ui

@@ -27,8 +27,8 @@ struct NewFile
 };
 
 /// Asks for a file to write, of any of these kinds; whether an existing one may be replaced is asked, too. A
-/// name without an ending gets that of the kind. `name`: what is proposed, without an ending. Returns nothing
-/// when the user wants none.
+/// name that ends like none of them gets the ending of the chosen one. `name`: what is proposed, without an
+/// ending. Returns nothing when the user wants none.
 std::optional<NewFile> askForNewFile(const QString &title, const QString &name,
                                      const std::vector<FileKind> &kinds);
 

@@ -5,6 +5,7 @@
 
 #include "base/names.h"
 
+#include <QAction>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -97,7 +98,7 @@ TEST_P(ExchangeTest, ImportsWhatIsDropped)
                                             "Changed|b.csv 2|Standard|Field Set ID of PID(1)|"
                                             "Constant \"x\" → \"y\""}));
         EXPECT_EQ(importing.text("result"), "1 added, 1 changed, 1 unchanged, 1 refused");
-        answerFileDialog(path("left"));
+        answerFileDialogs({path("left")});
         importing.click("saveRefused");
         importing.click("import");
     });
@@ -127,35 +128,76 @@ TEST_P(ExchangeTest, ImportsIntoAnotherConfigurationOrNothingAtAll)
     EXPECT_EQ(user->tree().join('|'), "1 OBR");
 }
 
+// Faults: a file that the user corrected meanwhile is not read again, a new configuration that shows entries
+// of another, an open picture of what is no longer shown.
+TEST_P(ExchangeTest, ReadsACorrectedFileAgainIntoANewConfiguration)
+{
+    user->press(Qt::Key_F11);
+    comeToFront();
+    whenLoaded("target", [](ui::Window &window) {
+        const Driver target(window);
+        target.type("target", "New");
+        target.press(Qt::Key_Return);
+    });
+    for (QAction *entry : editor->surface()->window()->findChildren<QAction *>()) {
+        if (entry->text() == "&New…")
+            entry->trigger();
+    }
+    EXPECT_EQ(user->texts({"configuration", "lineName", "lineIndex", "lineMessageIndex", "fieldName"}),
+              "New|||1|");
+    EXPECT_EQ(notice(), "Configuration New is shown. It is saved with its first line.");
+    write("a.csv", "Record,Name,MsgIndex,Line,Position,Constant,FixedLength,ValidationString,Length\n"
+                   "Line,PID,1,,,,,,\nField,A,,PID,1,x,1,1,\n");
+    drop({"a.csv"}, [this](const Driver &importing) {
+        EXPECT_EQ(importing.text("result"), "1 added, 0 changed, 0 unchanged, 1 refused");
+        answerFileDialogs({path("a.csv")});
+        importing.click("saveRefused");
+        QByteArray corrected = read("a.csv");
+        write("a.csv", corrected.replace(",1,x,1,1,,", ",1,x,1,1,7,") + "Line,PID,,,1\n");
+        answerFileDialogs({path("a.csv")});
+        importing.click("addFiles");
+        EXPECT_EQ(importing.text("result"), "2 added, 0 changed, 0 unchanged, 0 refused");
+        importing.click("import");
+    });
+    EXPECT_EQ(user->tree().join('|'), "1 PID|  1.1 A");
+    const Field &field = fields[fields.find("New", "A", 0)];
+    EXPECT_EQ(field.padCharacter + QString::number(field.padDirection) + field.dataType, " 1String");
+    ui::Window *layout = ui::Window::loadedWindows().back();
+    EXPECT_EQ(withoutIsolation(Driver(*layout).text("line")), "Line PID");
+    EXPECT_EQ(textOf(*model.undoable()), "import of 2 records");
+}
+
 // Faults: a format other than the name's, an older file replaced without a word.
 TEST_P(ExchangeTest, ExportsInTheFormatOfTheName)
 {
     comeToFront();
-    const auto exportTo = [this](const QString &name, const QString &button = {}) {
-        answerFileDialog(path(name), button);
+    const auto exportTo = [this](const QStringList &paths) {
+        answerFileDialogs(paths);
         user->press(Qt::Key_E, Qt::ControlModifier);
         comeToFront();
     };
     for (const auto &[name, written, beginning] :
-         std::initializer_list<std::array<const char *, 3>>{{"a", "a.csv", "\xEF\xBB\xBFRecord,"},
+         std::initializer_list<std::array<const char *, 3>>{{"a v2.5", "a v2.5.csv", "\xEF\xBB\xBFRecord,"},
                                                             {"a.PDF", "a.PDF", "%PDF-"},
                                                             {"a.html", "a.html", "<!DOCTYPE html>"},
                                                             {"a.xlsx", "a.xlsx", "PK"}}) {
-        exportTo(name);
+        exportTo({path(name)});
         EXPECT_TRUE(read(written).startsWith(beginning)) << name;
         EXPECT_EQ(notice(), "Exported Standard to " + path(written) + '.');
     }
-    const QByteArray before = read("a.csv");
+    const QByteArray before = read("a v2.5.csv");
     user->fill({{"lineName", "OBR"}, {"lineIndex", "0"}, {"lineMessageIndex", "2"}});
     user->click("change");
-    exportTo("a.csv", "No");
-    EXPECT_EQ(read("a.csv"), before);
-    exportTo("a.csv", "Yes");
-    EXPECT_TRUE(read("a.csv").contains("OBR,0,2,"));
-    exportTo("/proc/a.csv");
+    messages.answerWith(ui::Answer::No);
+    exportTo({path("a v2.5"), QString()}); // asks with the ending, and for another name
+    EXPECT_EQ(read("a v2.5.csv"), before);
+    messages.answerWith(ui::Answer::Yes);
+    exportTo({path("a v2.5.csv")});
+    EXPECT_TRUE(read("a v2.5.csv").contains("OBR,0,2,"));
+    exportTo({"/proc/a.csv"});
     const Boxes boxes = messages.take();
-    ASSERT_EQ(boxes.size(), 1);
-    EXPECT_TRUE(boxes.front().text.startsWith("The file /proc/a.csv could not be written: "));
+    ASSERT_EQ(boxes.size(), 3);
+    EXPECT_TRUE(boxes.back().text.startsWith("The file /proc/a.csv could not be written: "));
 }
 
 ON_ENGINES(ExchangeTest, Engine::Sqlite);

@@ -158,6 +158,39 @@ TEST_F(ImportTest, ComparesWithTheModelAndFindsTheLinesOfItsOwn)
               QStringList("There is no configuration for it."));
 }
 
+// Faults: fields left under another line than theirs, a row left behind without a word, fields at one place
+// that change their order.
+TEST_F(ImportTest, TakesFieldsAlongWithTheirLines)
+{
+    storeLine(1, "LAB", "A", 0, 1);
+    storeLine(2, "LAB", "B", 0, 2);
+    const auto fieldOf = [this](const QString &line, int messageIndex, const QString &name, int id) {
+        Field made = field("LAB", name, 1);
+        made.id = id;
+        made.line = line;
+        made.messageIndex = messageIndex;
+        made.constant = "x";
+        fields.store(made);
+    };
+    fieldOf("B", 2, "follows", 11);
+    fieldOf("B", 2, "stays", 12);
+    fieldOf("B", 2, "leaves", 13);
+    const ImportPlan made = plan("Record,Name,MsgIndex,Line,Position,Constant\n"
+                                 "Line,NEW,2,,,\nLine,B,3,,,\n"
+                                 "Field,stays,2,B,1,x\nField,leaves,,A,1,x\n"
+                                 "Field,first,,NEW,1,x\nField,second,,NEW,1,x\n");
+    EXPECT_EQ(
+        made.notes,
+        QStringList({"1 field not in the files will get the new message index of the line it belongs to.",
+                     "1 field will move to another line. The row under the old line stays in the "
+                     "database, where Check finds it after the next save."}));
+    apply(made, model);
+    QStringList places;
+    for (const Field &stored : fields)
+        places += stored.name + QString::number(stored.messageIndex);
+    EXPECT_EQ(places.join(' '), "leaves1 first2 second2 stays2 follows3");
+}
+
 TEST_F(ImportTest, TakesARealisticMessage)
 {
     const FileContents file = readFile(DATA_FOLDER "/laboratory-results.csv");

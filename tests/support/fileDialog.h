@@ -5,8 +5,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -42,25 +40,19 @@ inline void whenLoaded(const QString &name, const std::function<void(ui::Window 
     });
 }
 
-/// Types a path into the file dialog that opens next, and accepts it. `button` answers the question whether a
-/// file is to be replaced; with No the dialog is cancelled.
-inline void answerFileDialog(const QString &path, const QString &button = {})
+/// Types a path each into the file dialogs that open next, and accepts them. An empty one cancels the dialog.
+inline void answerFileDialogs(QStringList paths)
 {
-    whenPossible([path, button] {
+    whenPossible([paths]() mutable {
         auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         if (dialog == nullptr)
             return false;
-        if (!button.isEmpty()) {
-            whenPossible([dialog, button] {
-                auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-                if (question == nullptr)
-                    return false;
-                const bool replaces = button == "Yes";
-                question->button(replaces ? QMessageBox::Yes : QMessageBox::No)->click();
-                if (!replaces)
-                    QTimer::singleShot(0, dialog, &QDialog::reject);
-                return true;
-            });
+        const QString path = paths.takeFirst();
+        if (!paths.isEmpty())
+            QTimer::singleShot(0, qApp, [paths] { answerFileDialogs(paths); });
+        if (path.isEmpty()) {
+            dialog->reject();
+            return true;
         }
         auto *entry = dialog->findChild<QLineEdit *>();
         entry->setText(path);
