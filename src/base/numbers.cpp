@@ -91,6 +91,9 @@ bool isLong(QStringView text)
 
 int toLong(const QString &text)
 {
+    // Quickly what nearly all are: a few digits.
+    if (!text.isEmpty() && text.size() < 10 && skipDigits(text, 0) == text.size())
+        return text.toInt();
     return roundToLong(parseNumeric(text));
 }
 

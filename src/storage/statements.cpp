@@ -17,9 +17,14 @@ void require(const QVariant &cell, ColumnReading reading)
 void readCell(const QVariant &cell, ColumnReading reading, int &number)
 {
     require(cell, reading);
-    const bool isEmpty =
-        cell.isNull() || (reading == ColumnReading::NumberInText && isBlank(cell.toString()));
-    number = isEmpty ? 0 : toLong(cell);
+    if (cell.isNull()) {
+        number = 0;
+    } else if (reading == ColumnReading::NumberInText) {
+        const QString text = cell.toString();
+        number = isBlank(text) ? 0 : toLong(text);
+    } else {
+        number = toLong(cell);
+    }
 }
 
 void readCell(const QVariant &cell, ColumnReading reading, QString &text)
