@@ -23,15 +23,17 @@ struct TextForm
     SQLLEN terminator;    // bytes of the zero that ends each piece
     bool holdsEverything; // columns hold values of any type whatever their own; only as text all arrive as
                           // they are
+    bool isBound;         // a fetch fills buffers, which is quicker; only where the driver hands a value over
+                          // again, from its beginning, that was longer than its buffer
 };
 
 TextForm textForm(Dialect dialect)
 {
     switch (dialect) {
     case Dialect::SqlServer:
-        return {SQL_C_WCHAR, sizeof(QChar), false};
+        return {SQL_C_WCHAR, sizeof(QChar), false, false};
     case Dialect::Sqlite:
-        return {SQL_C_CHAR, 1, true};
+        return {SQL_C_CHAR, 1, true, true};
     }
     Q_UNREACHABLE();
 }
@@ -40,10 +42,7 @@ TextForm textForm(Dialect dialect)
 class RowReader
 {
 public:
-    RowReader(const Handle &statement, Dialect dialect, std::size_t columns)
-        : m_statement(statement), m_dialect(dialect), m_form(textForm(dialect)), m_above(columns)
-    {
-    }
+    RowReader(const Handle &statement, Dialect dialect, std::size_t columns);
 
     /// The value of one cell, `column` counted from 1; the column's type says how it is fetched.
     QVariant cell(SQLUSMALLINT column, SQLSMALLINT type);
@@ -55,28 +54,42 @@ private:
         SQLLEN size;
         bool last;
     };
-    /// The last short text of a column.
-    struct Above
+    struct Column
     {
-        std::string bytes;
-        QVariant value{QString()};
+        // Small, for SQLite's driver fills the whole of it with zeros for every cell.
+        alignas(char16_t) std::array<char, 256> buffer;
+        SQLLEN length; // of the value, where a fetch fills the buffer
+        // The last short text.
+        std::string above;
+        QVariant valueAbove{QString()};
     };
 
     template <class Value> bool read(SQLUSMALLINT column, SQLSMALLINT cType, Value &value);
-    QVariant text(SQLUSMALLINT column);
     QVariant integerOrText(SQLUSMALLINT column);
     QVariant textFrom(SQLUSMALLINT column, Piece first);
+    Piece firstPiece(SQLUSMALLINT column);
     Piece piece(SQLUSMALLINT column, char *buffer, std::size_t capacity);
+    Piece pieceOf(SQLLEN length, std::size_t capacity) const;
     QString longText(SQLUSMALLINT column, QByteArray bytes);
     QString decoded(QByteArrayView bytes) const;
 
     const Handle &m_statement;
     const Dialect m_dialect;
     const TextForm m_form;
-    std::vector<Above> m_above;
-    // Small, for SQLite's driver fills the whole of it with zeros for every cell.
-    alignas(char16_t) std::array<char, 256> m_buffer;
+    std::vector<Column> m_columns;
 };
+
+RowReader::RowReader(const Handle &statement, Dialect dialect, std::size_t columns)
+    : m_statement(statement), m_dialect(dialect), m_form(textForm(dialect)), m_columns(columns)
+{
+    SQLUSMALLINT number = 0;
+    for (Column &column : m_columns) {
+        if (m_form.isBound &&
+            !SQL_SUCCEEDED(SQLBindCol(statement.get(), ++number, m_form.cType, column.buffer.data(),
+                                      SQLLEN(column.buffer.size()), &column.length)))
+            throw statement.error(dialect);
+    }
+}
 
 /// False for Null.
 template <class Value> bool RowReader::read(SQLUSMALLINT column, SQLSMALLINT cType, Value &value)
@@ -116,7 +129,7 @@ QVariant RowReader::cell(SQLUSMALLINT column, SQLSMALLINT type)
             QTime(time.hour, time.minute, time.second, static_cast<int>(time.fraction / 1'000'000)));
     }
     default:
-        return text(column);
+        return textFrom(column, firstPiece(column));
     }
 }
 
@@ -136,43 +149,53 @@ RowReader::Piece RowReader::piece(SQLUSMALLINT column, char *buffer, std::size_t
         return {0, true};
     if (!SQL_SUCCEEDED(result))
         throw m_statement.error(m_dialect);
+    return pieceOf(length, capacity);
+}
+
+/// What of a text that is so long has come into a buffer.
+RowReader::Piece RowReader::pieceOf(SQLLEN length, std::size_t capacity) const
+{
     const SQLLEN room = SQLLEN(capacity) - m_form.terminator;
     const bool last = length != SQL_NO_TOTAL && length <= room;
     return {last ? length : room, last};
 }
 
-QVariant RowReader::text(SQLUSMALLINT column)
+/// The piece that stands in the column's buffer.
+RowReader::Piece RowReader::firstPiece(SQLUSMALLINT column)
 {
-    return textFrom(column, piece(column, m_buffer.data(), m_buffer.size()));
+    Column &read = m_columns[column - 1U];
+    return m_form.isBound ? pieceOf(read.length, read.buffer.size())
+                          : piece(column, read.buffer.data(), read.buffer.size());
 }
 
 /// SQLite's integer columns hold other values too, so all are fetched as text; it keeps every whole number
 /// there as an integer, whose text is plain digits.
 QVariant RowReader::integerOrText(SQLUSMALLINT column)
 {
-    const Piece first = piece(column, m_buffer.data(), m_buffer.size());
+    const Piece first = firstPiece(column);
     qlonglong number = 0;
-    const char *end = m_buffer.data() + std::max(first.size, SQLLEN(0));
-    if (first.last && std::from_chars(m_buffer.data(), end, number) == std::from_chars_result{end, {}})
+    const char *begin = m_columns[column - 1U].buffer.data();
+    const char *end = begin + std::max(first.size, SQLLEN(0));
+    if (first.last && std::from_chars(begin, end, number) == std::from_chars_result{end, {}})
         return number;
     return textFrom(column, first);
 }
 
-/// The text whose first piece stands in the buffer.
+/// The text whose first piece stands in the column's buffer.
 QVariant RowReader::textFrom(SQLUSMALLINT column, Piece first)
 {
     if (first.size == SQL_NULL_DATA)
         return {};
-    const QByteArrayView bytes(m_buffer.data(), first.size);
+    Column &read = m_columns[column - 1U];
+    const QByteArrayView bytes(read.buffer.data(), first.size);
     if (!first.last)
-        return longText(column, bytes.toByteArray());
+        return longText(column, m_form.isBound ? QByteArray() : bytes.toByteArray());
     // Rows often repeat the text above; then they share it.
-    Above &above = m_above[column - 1U];
-    if (QByteArrayView(above.bytes) != bytes) {
-        above.bytes.assign(bytes.data(), std::size_t(bytes.size()));
-        above.value = decoded(bytes);
+    if (QByteArrayView(read.above) != bytes) {
+        read.above.assign(bytes.data(), std::size_t(bytes.size()));
+        read.valueAbove = decoded(bytes);
     }
-    return above.value;
+    return read.valueAbove;
 }
 
 /// The text that begins with these bytes.

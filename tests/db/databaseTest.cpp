@@ -107,7 +107,7 @@ TEST_P(DatabaseTest, KeepsEveryTextAsItIs)
     for (ushort c = 1; c < 0x3000; ++c)
         everything += QChar(c);
     QStringList texts{"", "DELETE t", "{fn now()} {ts '2020-01-01'} {call p(?)}", everything};
-    for (const int size : {4000, 4096, 8191, 8192, 10'000, 1'000'000})
+    for (const int size : {126, 127, 128, 254, 255, 256, 257, 4000, 4096, 8191, 8192, 10'000, 1'000'000})
         texts << QString(size, u'x') << 'x' + QString(size, u'ł') << 'x' + QString("😀").repeated(size / 2);
 
     tables.run("CREATE TABLE texts (id int, t ntext)");
