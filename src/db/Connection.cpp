@@ -5,6 +5,8 @@
 #include "db/odbc.h"
 #include "db/odbcConnectionString.h"
 
+#include <QStringBuilder>
+
 #include <sql.h>
 #include <sqlext.h>
 
@@ -162,7 +164,7 @@ bool Connection::isDead() const
 
 QString quoted(const QString &text)
 {
-    return u'\'' + QString(text).replace(u'\'', QLatin1String("''")) + u'\'';
+    return u'\'' % QString(text).replace(u'\'', QLatin1String("''")) % u'\'';
 }
 
 } // namespace varnow::db

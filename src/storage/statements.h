@@ -7,6 +7,8 @@
 #include "model/Field.h"
 #include "model/Line.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 #include <initializer_list>
 #include <vector>
@@ -60,10 +62,7 @@ void appendEquations(QString &sql, const Record &record, std::initializer_list<C
     for (const Column<Record> &column : Record::columns()) {
         if (std::find(uses.begin(), uses.end(), column.use) == uses.end())
             continue;
-        sql += before;
-        sql += QLatin1String(column.name);
-        sql += QLatin1String(" = ");
-        sql += literal(record, column);
+        sql += before % QLatin1String(column.name) % QLatin1String(" = ") % literal(record, column);
         before = separator;
     }
 }
