@@ -11,6 +11,10 @@ namespace varnow {
 /// passwords.
 void forbidCoreFiles();
 
+/// Lets all threads share one heap. Rows are read in a thread of their own, and what they took would stay in
+/// its heap, of no use to the others.
+void shareOneHeap();
+
 /// While such an object lives, the process ends without a question when the system tells it to: after calling
 /// `last`, by the exit code that such an end has, 128 and the number of the signal. Takes effect while events
 /// are handled. One at a time.

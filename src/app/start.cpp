@@ -162,6 +162,7 @@ int start(const QString &argumentText, Session &session, Model &model)
 int runProgram(int argc, char **argv)
 {
     forbidCoreFiles();
+    shareOneHeap();
     const QString argumentText = takeArgumentText(argc, argv);
     if (printInformation(argumentText))
         return exitCodes::Success;

@@ -7,6 +7,9 @@
 #include <cstdlib>
 
 #include <unistd.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -35,6 +38,13 @@ void forbidCoreFiles()
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
     prctl(PR_SET_DUMPABLE, 0); // the limit does not hold for a core file that is piped to another program
+#endif
+}
+
+void shareOneHeap()
+{
+#ifdef __GLIBC__
+    mallopt(M_ARENA_MAX, 1);
 #endif
 }
 
