@@ -150,10 +150,11 @@ TEST_P(ExchangeTest, ReadsACorrectedFileAgainIntoANewConfiguration)
                    "Line,PID,1,,,,,,\nField,A,,PID,1,x,1,1,\n");
     drop({"a.csv"}, [this](const Driver &importing) {
         EXPECT_EQ(importing.text("result"), "1 added, 0 changed, 0 unchanged, 1 refused");
+        messages.answerWith(ui::Answer::Yes); // to replace it
         answerFileDialogs({path("a.csv")});
         importing.click("saveRefused");
         QByteArray corrected = read("a.csv");
-        write("a.csv", corrected.replace(",1,x,1,1,,", ",1,x,1,1,7,") + "Line,PID,,,1\n");
+        write("a.csv", corrected.replace(",PID,1,,x,", ",PID,1,7,x,") + "Line,PID,1\n");
         answerFileDialogs({path("a.csv")});
         importing.click("addFiles");
         EXPECT_EQ(importing.text("result"), "2 added, 0 changed, 0 unchanged, 0 refused");

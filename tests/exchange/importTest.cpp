@@ -188,7 +188,7 @@ TEST_F(ImportTest, TakesFieldsAlongWithTheirLines)
     QStringList places;
     for (const Field &stored : fields)
         places += stored.name + QString::number(stored.messageIndex);
-    EXPECT_EQ(places.join(' '), "leaves1 first2 second2 stays2 follows3");
+    EXPECT_EQ(places.join(' '), "stays2 leaves1 first2 second2 follows3");
 }
 
 TEST_F(ImportTest, TakesARealisticMessage)
