@@ -1,6 +1,7 @@
 // What a save promises while SQL Server fails: the summary counts, memory loses nothing, the next save
 // completes what this one left.
 
+#include "base/RuntimeError.h"
 #include "support/StorageFixture.h"
 #include "support/TdsServer.h"
 
@@ -190,6 +191,16 @@ TEST_P(SaveOverWire, LoadsAgainWhatWasLostOnTheWay)
             server.clearFaults();
         }
     }
+}
+
+// Fault: a query for a user who has stopped waiting while the server was slow to let him in.
+TEST_P(SaveOverWire, AsksNothingWhenNobodyWaits)
+{
+    server.setDelay(1000);
+    run.goesOn = [this](const QString &, int) { return server.logins().empty(); };
+    EXPECT_EQ(load(), errors::UserInterrupt);
+    server.waitUntilLeft();
+    EXPECT_EQ(server.statements(), QStringList());
 }
 
 // Fault: an editor that takes an identifier another one took meanwhile, and overwrites or loses a line.

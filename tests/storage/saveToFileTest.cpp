@@ -1,6 +1,7 @@
 // What a save promises on a file: its statements are committed in groups, and what the summary calls
 // processed is on disk, whatever befalls the file or the program.
 
+#include "base/RuntimeError.h"
 #include "support/StorageFixture.h"
 
 #include <QElapsedTimer>
@@ -131,6 +132,33 @@ TEST(SaveToFile, WritesOneByOneWhatALockedFileTakes)
         save.run.goesOn = {};
         EXPECT_EQ(save.errorsOfSave(), 0);
     }
+}
+
+// Faults: a group that goes on although the database has given it up, so that records stand in the file
+// before those that were saved before them; one that is left open behind an error, and takes with it what
+// follows.
+TEST(SaveToFile, EndsAGroupThatTheDatabaseOrAnErrorHasEnded)
+{
+    SaveToFile refused(4);
+    refused.database.run("CREATE TRIGGER refuse BEFORE INSERT ON LabLineFieldConfig WHEN NEW.Name = 'F2' "
+                         "BEGIN SELECT RAISE(ROLLBACK, 'refused'); END");
+    QStringList written;
+    refused.run.goesOn = [&](const QString &part, int record) {
+        if (part == "Saving the fields" && record == 3)
+            written = refused.rowsOf("LabLineFieldConfig");
+        return true;
+    };
+    EXPECT_EQ(refused.errorsOfSave(), 1);
+    EXPECT_EQ(written, QStringList("F1|1"));
+
+    SaveToFile interrupted(2);
+    interrupted.fields.removed.resize(2);
+    interrupted.run.goesOn = [](const QString &part, int record) {
+        if (part == "Deleting the removed fields" && record == 1)
+            throw RuntimeError(errors::OutOfMemory);
+        return true;
+    };
+    EXPECT_EQ(interrupted.errorsOfSave(), 0);
 }
 
 // Faults: two editors that keep each other from the file, or that both give a record a row.
