@@ -153,6 +153,19 @@ TEST_P(TreeTest, EntersAndRemovesTheSelectedRecordByKey)
     EXPECT_EQ(fieldTexts().size(), 2); // one step each
 }
 
+// Faults: Delete in the tree removes the line that the page shows instead of the selected one.
+TEST_P(TreeTest, RemovesNoOtherLineOfTheSelectedName)
+{
+    addLine("RESULT", 1, 1);
+    addLine("RESULT", 0, 2);
+    open();
+    user->clickNode("2 RESULT");
+    ASSERT_EQ(user->text("lineIndex"), "1");
+    user->press(Qt::Key_Delete);
+    EXPECT_EQ(lineTexts(), QStringList({"RESULT(1)=1", "RESULT(0)=2"}));
+    EXPECT_TRUE(user->control("noticeSentence")->accessibleName().contains("nothing was removed"));
+}
+
 ON_EVERY_ENGINE(TreeTest);
 
 } // namespace varnow::test
