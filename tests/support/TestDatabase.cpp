@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #include <sqlite3.h>
 
@@ -19,9 +20,26 @@ QString folderPattern()
     return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + "/varnow-test-XXXXXX";
 }
 
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Threads of this process, without those of the toolkit, which have names of their own.
+int threadCount()
+{
+    const QByteArray name = contentsOf("/proc/self/comm");
+    int count = 0;
+    for (const QString &thread : QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        count += contentsOf("/proc/self/task/" + thread + "/comm") == name ? 1 : 0;
+    return count;
+}
+
 } // namespace
 
-TestDatabase::TestDatabase(Engine engine, bool sample) : m_folder(folderPattern())
+TestDatabase::TestDatabase(Engine engine, bool sample)
+    : m_threadsBefore(threadCount()), m_folder(folderPattern())
 {
     sqlite3_open(file().toUtf8(), &m_connection);
     sqlite3_busy_timeout(m_connection, 30'000);
@@ -38,8 +56,13 @@ TestDatabase::TestDatabase(Engine engine, bool sample) : m_folder(folderPattern(
     }
 }
 
+/// A thread that the program gave up wakes up when the server goes. The tests end behind it, for else it
+/// would run among globals that are destroyed.
 TestDatabase::~TestDatabase()
 {
+    m_server.reset();
+    for (int i = 0; i < 200 && threadCount() > m_threadsBefore; ++i)
+        QThread::msleep(10);
     sqlite3_close(m_connection);
 }
 

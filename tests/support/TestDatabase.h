@@ -55,6 +55,7 @@ public:
 private:
     void runFile(const QString &name);
 
+    int m_threadsBefore;
     QTemporaryDir m_folder;
     sqlite3 *m_connection = nullptr;
     std::unique_ptr<TdsServer> m_server;
