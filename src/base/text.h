@@ -21,6 +21,9 @@ inline QStringView trimmedView(QStringView text) // inline, for the stores compa
     return text;
 }
 
+/// "1 line", "2 lines": how many there are of what a noun names that takes an s.
+QString counted(qint64 count, const QString &noun);
+
 /// True when nothing but space characters (U+0020) is in the text.
 bool isBlank(QStringView text);
 

@@ -123,9 +123,8 @@ void CheckWindow::addRows()
     std::vector<QStringList> texts;
     for (const Item &item : m_items)
         texts.push_back({isolated(item.finding.record.key.configuration), item.finding.text});
-    m_result.setCaption(m_items.empty()       ? QStringLiteral("Nothing found.")
-                        : m_items.size() == 1 ? QStringLiteral("1 finding")
-                                              : QStringLiteral("%1 findings").arg(m_items.size()));
+    m_result.setCaption(m_items.empty() ? QStringLiteral("Nothing found.")
+                                        : counted(qint64(m_items.size()), "finding"));
     m_list.setRows(std::move(texts));
 }
 

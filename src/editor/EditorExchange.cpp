@@ -114,9 +114,9 @@ void EditorWindow::import(const QStringList &paths)
     tellDone(typed, QStringLiteral("Imported: %1 added, %2 changed; not saved yet.")
                             .arg(plan->count(RowOutcome::Added))
                             .arg(plan->count(RowOutcome::Changed)) +
-                        (refused == 0   ? QString()
-                         : refused == 1 ? QStringLiteral(" 1 row was refused.")
-                                        : QStringLiteral(" %1 rows were refused.").arg(refused)));
+                        (refused == 0 ? QString()
+                                      : ' ' + counted(refused, "row") + (refused == 1 ? " was" : " were") +
+                                            " refused."));
 }
 
 /// Writes what is in memory of the shown configuration, saved or not.

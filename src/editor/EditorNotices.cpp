@@ -4,6 +4,7 @@
 #include "editor/EditorWindow.h"
 
 #include "base/names.h"
+#include "base/text.h"
 #include "model/RecordReference.h"
 #include "model/differences.h"
 #include "model/findings.h"
@@ -25,11 +26,6 @@ QString placeOf(const Field &field)
 template <class Record> QString changesOf(const Record &before, const Record &now)
 {
     return differences(before, now, Captions::InSentence).join(QStringLiteral(", "));
-}
-
-QString counted(int count, const QString &one, const QString &many)
-{
-    return QString::number(count) + ' ' + (count == 1 ? one : many);
 }
 
 /// What "added" and "changed" are for a field in a sentence.
@@ -57,8 +53,8 @@ void EditorWindow::tell(const ui::Notice &notice)
 void EditorWindow::tellLoaded(const QString &verb, const TypedEntries &typed)
 {
     const Model &model = m_state.model;
-    tellReplaced(typed, verb + ": " + counted(model.lines.size(), "line", "lines") + " and " +
-                            counted(model.fields.size(), "field", "fields") + '.');
+    tellReplaced(typed, verb + ": " + counted(model.lines.size(), "line") + " and " +
+                            counted(model.fields.size(), "field") + '.');
 }
 
 /// Tells what the last step stored, if there was one.
@@ -183,14 +179,14 @@ void EditorWindow::tellRemoved(const EditStep &step)
 void EditorWindow::tellSaved(const ChangeCounts &before, const SaveResult &result)
 {
     const int unsaved = m_state.model.countUnsaved().total();
-    const QString rest = unsaved == 0
-                             ? QStringLiteral("; no change is unsaved.")
-                             : "; " + counted(unsaved, "change is", "changes are") + " still unsaved.";
+    const QString rest = unsaved == 0 ? QStringLiteral("; no change is unsaved.")
+                                      : "; " + counted(unsaved, "change") + (unsaved == 1 ? " is" : " are") +
+                                            " still unsaved.";
     ui::Notice notice;
     if (result.code == errors::UserInterrupt)
         notice.sentence = "Saving was stopped" + rest;
     else if (result.errorCount > 0)
-        notice.sentence = "Saved with " + counted(result.errorCount, "error", "errors") + rest;
+        notice.sentence = "Saved with " + counted(result.errorCount, "error") + rest;
     else
         notice.sentence = before.total() == 0 ? QStringLiteral("Saved; there were no changes.")
                                               : "Saved: " + before.text() + '.';

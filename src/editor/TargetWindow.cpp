@@ -8,8 +8,7 @@ namespace {
 
 QString counts(int lines, int fields)
 {
-    return QString::number(lines) + (lines == 1 ? " line and " : " lines and ") + QString::number(fields) +
-           (fields == 1 ? " field" : " fields");
+    return counted(lines, "line") + " and " + counted(fields, "field");
 }
 
 } // namespace

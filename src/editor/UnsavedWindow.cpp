@@ -1,6 +1,7 @@
 #include "editor/UnsavedWindow.h"
 
 #include "base/names.h"
+#include "base/text.h"
 #include "editor/recordText.h"
 #include "model/differences.h"
 
@@ -55,11 +56,6 @@ RecordReference referenceTo(const Line &line)
 RecordReference referenceTo(const Field &field)
 {
     return {RecordKind::Field, keyOf(field)};
-}
-
-QString changes(std::size_t count)
-{
-    return QString::number(count) + (count == 1 ? " change" : " changes");
 }
 
 } // namespace
@@ -151,11 +147,11 @@ void UnsavedWindow::takeBack()
 {
     const std::vector<Row> rows = selected(false);
     {
-        const Editing editing(m_model, "taking back of " + changes(rows.size()));
+        const Editing editing(m_model, "taking back of " + counted(qint64(rows.size()), "change"));
         for (const Row &row : rows)
             std::visit([this](const auto &entry) { m_model.takeBack(entry); }, row.entry);
     }
-    onEdited("Taken back: " + changes(rows.size()) + '.');
+    onEdited("Taken back: " + counted(qint64(rows.size()), "change") + '.');
 }
 
 /// Puts conflicting changes into memory over what the database holds.
@@ -163,7 +159,7 @@ void UnsavedWindow::takeOver()
 {
     const std::vector<Row> rows = selected(true);
     {
-        const Editing editing(m_model, "taking over of " + changes(rows.size()));
+        const Editing editing(m_model, "taking over of " + counted(qint64(rows.size()), "change"));
         for (const Row &row : rows)
             std::visit([this](const auto &entry) { m_model.takeOver(entry); }, row.entry);
     }
@@ -177,7 +173,7 @@ void UnsavedWindow::takeOver()
     };
     settle(m_conflicts.lines);
     settle(m_conflicts.fields);
-    onEdited("Taken over: " + changes(rows.size()) + '.');
+    onEdited("Taken over: " + counted(qint64(rows.size()), "change") + '.');
 }
 
 void UnsavedWindow::showRecordOf(int row)

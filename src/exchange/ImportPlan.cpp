@@ -17,11 +17,6 @@ namespace {
 
 constexpr QLatin1String reasonColumn("Reason");
 
-RecordKey lineKeyOf(const Field &field)
-{
-    return {field.configuration, field.line, field.lineIndex};
-}
-
 /// Makes the plan: all rows are read first, so that fields find the lines that come with them.
 class Planner
 {
@@ -79,11 +74,6 @@ private:
             m_plan.notes += counted(leaving, "field") +
                             " will move to another line. The row under the old line stays in the database, "
                             "where Check finds it after the next save.";
-    }
-
-    static QString counted(std::ptrdiff_t count, const QString &noun)
-    {
-        return QString::number(count) + ' ' + noun + (count == 1 ? "" : "s");
     }
 
     /// The tree shows one line for each message index.
@@ -260,8 +250,7 @@ ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
 void apply(const ImportPlan &plan, Model &model)
 {
     const int count = plan.count(RowOutcome::Added) + plan.count(RowOutcome::Changed);
-    const Editing editing(model,
-                          QStringLiteral("import of %1 record%2").arg(count).arg(count == 1 ? "" : "s"));
+    const Editing editing(model, "import of " + counted(count, "record"));
     std::vector<Field> fields;
     QSet<RecordKey> unchanged;
     QHash<RecordKey, int> renumbered; // lines, with their message indexes

@@ -40,11 +40,6 @@ QString escaped(const QString &text)
     return html;
 }
 
-QString counted(std::size_t count, const QString &noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? "" : "s");
-}
-
 QString row(const QStringList &cells, const QString &tag)
 {
     QString html = "<tr>";
@@ -124,7 +119,7 @@ QString descriptionHtml(const Model &model, const QString &configuration, QDate 
 
     QString html = QString(beginning).arg(
         escaped(trim(configuration)), escaped(QLocale::c().toString(date, "d MMMM yyyy")),
-        counted(lines.size(), "line") + ", " + counted(fieldCount, "field") + u'.');
+        counted(qint64(lines.size()), "line") + ", " + counted(qint64(fieldCount), "field") + u'.');
     for (const Line &line : lines)
         html += sectionOf(line, fieldsOfLine.take({{}, trim(line.name), line.nameIndex}), pictureOf);
     if (!fieldsOfLine.isEmpty()) {

@@ -8,6 +8,12 @@
 
 namespace varnow {
 
+/// The key of the line that a field belongs to.
+inline RecordKey lineKeyOf(const Field &field)
+{
+    return {field.configuration, field.line, field.lineIndex};
+}
+
 /// The fields of a configuration are ordered by message index, then position.
 struct FieldOrder
 {

@@ -108,7 +108,7 @@ void copyConfiguration(Model &model, const QString &source, const QString &targe
     for (const Line &line : recordsOf(model.lines, to))
         messageIndexes.insert(keyOf(line), line.messageIndex);
     const auto messageIndexOf = [&](const Field &field) -> std::optional<int> {
-        const auto line = messageIndexes.find({field.configuration, field.line, field.lineIndex});
+        const auto line = messageIndexes.find(lineKeyOf(field));
         return line == messageIndexes.end() ? std::nullopt : std::optional(*line);
     };
     model.fields.changeMessageIndexes(messageIndexOf);

@@ -96,11 +96,6 @@ private:
     std::vector<Entry> m_entries;
 };
 
-QString counted(std::size_t count, const char *what)
-{
-    return QString::number(count) + ' ' + what + (count == 1 ? "" : "s");
-}
-
 Finding unknownConfiguration(const QString &configuration, const Records &records)
 {
     const QString text = configuration.isEmpty()
@@ -111,7 +106,9 @@ Finding unknownConfiguration(const QString &configuration, const Records &record
         hasLine ? RecordReference{RecordKind::Line, keyOf(*records.lines.front())}
                 : RecordReference{RecordKind::Field, keyOf(*records.fields.front().field)};
     return {FindingKind::UnknownConfiguration,
-            text.arg(counted(records.lines.size(), "line"), counted(records.fields.size(), "field")), first};
+            text.arg(counted(qint64(records.lines.size()), "line"),
+                     counted(qint64(records.fields.size()), "field")),
+            first};
 }
 
 void checkMessageIndexes(std::vector<const Line *> lines, const TreeOrder &order, Found &found)
@@ -278,7 +275,7 @@ std::map<QString, Records> recordsByConfiguration(const Model &model, const std:
     for (const Field &field : model.fields) {
         if (wanted && field.configuration != *wanted)
             continue;
-        const RecordKey key{field.configuration, field.line, field.lineIndex};
+        const RecordKey key = lineKeyOf(field);
         if (line == nullptr || keyOf(*line) != key)
             line = findLine(model.lines, key);
         auto &fields = recordsOf(field)->fields;

@@ -1,7 +1,8 @@
 #include "ui/DocumentView.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QHash>
+#include <QImageReader>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -47,19 +48,30 @@ protected:
     }
 
 private:
+    /// Of the picture itself, in pixels; its file is looked at once. 0 for one that cannot be read.
+    int widthOf(const QString &name)
+    {
+        if (!m_widths.contains(name)) {
+            const QUrl url = document()->baseUrl().resolved(QUrl(name));
+            m_widths.insert(name, std::max(QImageReader(url.toLocalFile()).size().width(), 0));
+        }
+        return m_widths.value(name);
+    }
+
     void fit(const QTextFragment &picture, int room)
     {
         QTextImageFormat format = picture.charFormat().toImageFormat();
-        const QUrl url = document()->baseUrl().resolved(QUrl(format.name()));
-        const int width = QImage(url.toLocalFile()).width();
-        if (width <= 0)
+        const int width = std::min(widthOf(format.name()), std::max(room, 1));
+        if (width == static_cast<int>(format.width()))
             return;
-        format.setWidth(std::min(width, std::max(room, 1)));
+        format.setWidth(width);
         QTextCursor cursor(document());
         cursor.setPosition(picture.position());
         cursor.setPosition(picture.position() + picture.length(), QTextCursor::KeepAnchor);
         cursor.setCharFormat(format);
     }
+
+    QHash<QString, int> m_widths; // by name
 };
 
 DocumentView::DocumentView(Container &parent, const QString &name, const Rect &place)
