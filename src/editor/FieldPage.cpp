@@ -230,12 +230,8 @@ void FieldPage::takeOverMessageIndex()
 void FieldPage::listLines()
 {
     m_line.clear();
-    const QString configuration = trim(m_state.configuration());
-    for (const Line &line : m_state.model.lines) {
-        if (trimmedView(line.configuration) != configuration)
-            continue;
+    for (const Line &line : m_state.model.lines.ofConfiguration(m_state.configuration()))
         m_line.setItemData(m_line.addItem(nameOf(trim(line.name), line.nameIndex)), line.messageIndex);
-    }
 }
 
 void FieldPage::clearChoices()

@@ -23,23 +23,18 @@ bool RecordTree::rebuild(const QString &configuration, Boxes boxes)
     m_fieldsWithNodes.clear();
     m_boxes = boxes;
     m_hasHeldBack = false;
-    guarded([&] { return fill(trim(configuration)), 0; },
-            [](const RuntimeError &error) { return error.number(); });
+    guarded([&] { return fill(configuration), 0; }, [](const RuntimeError &error) { return error.number(); });
     return m_hasHeldBack;
 }
 
 void RecordTree::fill(const QString &configuration)
 {
     const Filling fillingLines(*this);
-    for (const Line &line : m_model.lines) {
-        if (trimmedView(line.configuration) == configuration)
-            addLine(line);
-    }
+    for (const Line &line : m_model.lines.ofConfiguration(configuration))
+        addLine(line);
     const Filling fillingFields(*this); // anew, for a question over the lines has ended the first
-    for (const Field &field : m_model.fields) {
-        if (trimmedView(field.configuration) == configuration)
-            addField(field);
-    }
+    for (const Field &field : m_model.fields.ofConfiguration(configuration))
+        addField(field);
 }
 
 void RecordTree::addLine(const Line &line)

@@ -100,17 +100,12 @@ QString sectionOf(const Line &line, const std::vector<Field> &fields, const Pict
 QString descriptionHtml(const Model &model, const QString &configuration, QDate date,
                         const PictureOf &pictureOf)
 {
-    const auto isOfConfiguration = [wanted = trim(configuration)](const auto &record) {
-        return trimmedView(record.configuration) == wanted;
-    };
     std::vector<Line> lines;
-    std::ranges::copy_if(model.lines, std::back_inserter(lines), isOfConfiguration);
+    std::ranges::copy(model.lines.ofConfiguration(configuration), std::back_inserter(lines));
     std::ranges::stable_sort(lines, {}, &Line::messageIndex);
     QHash<RecordKey, std::vector<Field>> fieldsOfLine;
     std::size_t fieldCount = 0;
-    for (const Field &field : model.fields) {
-        if (!isOfConfiguration(field))
-            continue;
+    for (const Field &field : model.fields.ofConfiguration(configuration)) {
         ++fieldCount;
         fieldsOfLine[{{}, trim(field.line), field.lineIndex}].push_back(field);
     }

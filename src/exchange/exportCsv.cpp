@@ -1,6 +1,5 @@
 #include "exchange/exportCsv.h"
 
-#include "base/text.h"
 #include "exchange/columns.h"
 #include "exchange/csv.h"
 
@@ -24,9 +23,7 @@ void addRows(const auto &table, const QString &configuration, const QStringList 
     QList<qsizetype> places;
     for (const Column<Record> &column : columns)
         places.append(header.indexOf(QLatin1String(column.name)));
-    for (const Record &record : table) {
-        if (trimmedView(record.configuration) != trimmedView(configuration))
-            continue;
+    for (const Record &record : table.ofConfiguration(configuration)) {
         QStringList row(header.size());
         row.front() = kindOf<Record>;
         auto place = places.begin();

@@ -65,11 +65,9 @@ void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(con
 
 int FieldTable::countOfLine(const QString &configuration, const QString &line, int lineIndex) const
 {
-    const QStringView wantedConfiguration = trimmedView(configuration);
     const QStringView wantedLine = trimmedView(line);
-    return static_cast<int>(std::count_if(begin(), end(), [&](const Field &field) {
-        return (lineIndex <= 0 || field.lineIndex == lineIndex) && trimmedView(field.line) == wantedLine &&
-               trimmedView(field.configuration) == wantedConfiguration;
+    return static_cast<int>(std::ranges::count_if(ofConfiguration(configuration), [&](const Field &field) {
+        return (lineIndex <= 0 || field.lineIndex == lineIndex) && trimmedView(field.line) == wantedLine;
     }));
 }
 

@@ -76,7 +76,8 @@ template <class Record, class Order> class RecordTable
     static constexpr std::size_t chunkCapacity = 1024;
 
 public:
-    class Iterator
+    /// Goes over the records in table order; `ChunkIterator` goes over pointers to chunks.
+    template <class ChunkIterator> class BasicIterator
     {
     public:
         using iterator_category = std::forward_iterator_tag;
@@ -85,14 +86,14 @@ public:
         using pointer = const Record *;
         using reference = const Record &;
 
-        Iterator() = default;
-        explicit Iterator(typename Chunks::const_iterator chunk) : m_chunk(chunk) {}
+        BasicIterator() = default;
+        explicit BasicIterator(ChunkIterator chunk) : m_chunk(chunk) {}
 
         const Record &operator*() const { return (*m_chunk)->entries[m_offset].node->record; }
         const Record *operator->() const { return &**this; }
-        bool operator==(const Iterator &) const = default;
+        bool operator==(const BasicIterator &) const = default;
 
-        Iterator &operator++()
+        BasicIterator &operator++()
         {
             if (++m_offset == (*m_chunk)->entries.size()) {
                 ++m_chunk;
@@ -101,16 +102,33 @@ public:
             return *this;
         }
 
-        Iterator operator++(int)
+        BasicIterator operator++(int)
         {
-            Iterator before = *this;
+            BasicIterator before = *this;
             ++*this;
             return before;
         }
 
     private:
-        typename Chunks::const_iterator m_chunk;
+        ChunkIterator m_chunk;
         std::size_t m_offset = 0;
+    };
+
+    using Iterator = BasicIterator<typename Chunks::const_iterator>;
+
+    /// The records of one configuration; valid until one is added or removed.
+    class Part
+    {
+    public:
+        explicit Part(std::vector<const Chunk *> chunks) : m_chunks(std::move(chunks)) {}
+
+        auto begin() const { return BasicIterator<ChunkIterator>(m_chunks.begin()); }
+        auto end() const { return BasicIterator<ChunkIterator>(m_chunks.end()); }
+
+    private:
+        using ChunkIterator = typename std::vector<const Chunk *>::const_iterator;
+
+        std::vector<const Chunk *> m_chunks;
     };
 
     int size() const { return static_cast<int>(m_nodes.size()); }
@@ -118,6 +136,19 @@ public:
 
     Iterator begin() const { return Iterator(m_chunks.begin()); }
     Iterator end() const { return Iterator(m_chunks.end()); }
+
+    /// The records of a configuration in table order, blanks around its name ignored. The others cost
+    /// nothing.
+    Part ofConfiguration(QStringView configuration) const
+    {
+        std::vector<const Chunk *> chunks;
+        for (const auto &chunk : m_chunks) {
+            const Record &first = chunk->entries.front().node->record;
+            if (trimmedView(first.configuration) == trimmedView(configuration))
+                chunks.push_back(chunk.get());
+        }
+        return Part(std::move(chunks));
+    }
 
     /// The record at an index. Raises errors::SubscriptOutOfRange outside the table.
     const Record &operator[](int index) const

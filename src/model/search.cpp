@@ -1,6 +1,5 @@
 #include "model/search.h"
 
-#include "base/text.h"
 #include "model/TreeOrder.h"
 
 #include <QStringMatcher>
@@ -70,13 +69,10 @@ std::vector<RecordReference> search(const Model &model, const QString &configura
 {
     if (text.isEmpty())
         return {};
-    const QString wanted = trim(configuration);
     const Needle needle(text);
     std::vector<const Line *> lines;
-    for (const Line &line : model.lines) {
-        if (line.configuration == wanted)
-            lines.push_back(&line);
-    }
+    for (const Line &line : model.lines.ofConfiguration(configuration))
+        lines.push_back(&line);
     const TreeOrder order(lines);
     std::vector<Match> matches;
     const auto add = [&](RecordKind kind, const auto &record) {
@@ -86,11 +82,10 @@ std::vector<RecordReference> search(const Model &model, const QString &configura
         if (needle.isInName(line->name, line->nameIndex) || needle.isInNumbers({line->messageIndex}))
             add(RecordKind::Line, *line);
     }
-    for (const Field &field : model.fields) {
-        if (field.configuration == wanted &&
-            (needle.isInName(field.name, field.nameIndex) || needle.isInName(field.line, field.lineIndex) ||
-             needle.isInNumbers({field.messageIndex, field.position}) || needle.isInText(field.lookup) ||
-             needle.isInText(field.format) || needle.isInText(field.constant)))
+    for (const Field &field : model.fields.ofConfiguration(configuration)) {
+        if (needle.isInName(field.name, field.nameIndex) || needle.isInName(field.line, field.lineIndex) ||
+            needle.isInNumbers({field.messageIndex, field.position}) || needle.isInText(field.lookup) ||
+            needle.isInText(field.format) || needle.isInText(field.constant))
             add(RecordKind::Field, field);
     }
     if (!std::ranges::is_sorted(matches, {}, &Match::place))
