@@ -4,8 +4,11 @@
 
 namespace varnow::db {
 
-ResultSet::ResultSet(QStringList columns, QVariantList cells)
-    : m_open(true), m_columns(std::move(columns)), m_cells(std::move(cells))
+ResultSet::ResultSet(QStringList columns, std::deque<QVariant> cells)
+    : m_open(true)
+    , m_columns(std::move(columns))
+    , m_cells(std::move(cells))
+    , m_rowCount(m_cells.size() / std::size_t(m_columns.size()))
 {
 }
 
@@ -18,20 +21,20 @@ void ResultSet::requireOpen() const
 int ResultSet::rowCount() const
 {
     requireOpen();
-    return static_cast<int>(m_cells.size() / m_columns.size());
+    return static_cast<int>(m_rowCount);
 }
 
 bool ResultSet::atEnd() const
 {
     requireOpen();
-    return m_current >= m_cells.size();
+    return m_cells.empty();
 }
 
 void ResultSet::moveNext()
 {
     if (atEnd())
         throw RuntimeError(errors::NoCurrentRow);
-    m_current += m_columns.size();
+    m_cells.erase(m_cells.begin(), m_cells.begin() + m_columns.size());
 }
 
 int ResultSet::column(const QString &name) const
@@ -51,7 +54,7 @@ const QVariant &ResultSet::value(int column) const
         throw RuntimeError(errors::NoSuchColumn);
     if (atEnd())
         throw RuntimeError(errors::NoCurrentRow);
-    return m_cells.at(m_current + column);
+    return m_cells[std::size_t(column)];
 }
 
 } // namespace varnow::db

@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <deque>
 #include <functional>
 
 namespace varnow::db {
@@ -18,7 +19,7 @@ public:
     /// A closed one.
     ResultSet() = default;
     /// An open one; `cells` holds the values row by row, a null QVariant for Null.
-    ResultSet(QStringList columns, QVariantList cells);
+    ResultSet(QStringList columns, std::deque<QVariant> cells);
 
     bool isOpen() const { return m_open; }
     /// Number of rows of the result.
@@ -33,7 +34,7 @@ public:
     int column(const QString &name) const;
     /// Value of the current row: a null QVariant for Null, else an integer (qlonglong), a double,
     /// a QDateTime or a QString. Raises errors::NoCurrentRow at the end and
-    /// errors::NoSuchColumn for a position outside the row.
+    /// errors::NoSuchColumn for a position outside the row. The reference lasts until moveNext().
     const QVariant &value(int column) const;
     const QVariant &value(const QString &name) const { return value(column(name)); }
 
@@ -42,8 +43,8 @@ private:
 
     bool m_open = false;
     QStringList m_columns;
-    QVariantList m_cells;    // row by row
-    qsizetype m_current = 0; // index of the current row's first cell
+    std::deque<QVariant> m_cells; // from the current row on: those read make room for what is made of them
+    std::size_t m_rowCount = 0;
 };
 
 } // namespace varnow::db

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -236,11 +237,10 @@ Columns describeColumns(const Handle &statement, Dialect dialect, SQLUSMALLINT c
     return columns;
 }
 
-QVariantList readRows(const Handle &statement, Dialect dialect, const std::vector<SQLSMALLINT> &types,
-                      const RowObserver &onRow)
+std::deque<QVariant> readRows(const Handle &statement, Dialect dialect, const std::vector<SQLSMALLINT> &types,
+                              const RowObserver &onRow)
 {
-    // A list of variants grows without moving them one by one.
-    QVariantList cells;
+    std::deque<QVariant> cells;
     RowReader reader(statement, dialect, types.size());
     for (;;) {
         const SQLRETURN result = SQLFetch(statement.get());
@@ -251,7 +251,7 @@ QVariantList readRows(const Handle &statement, Dialect dialect, const std::vecto
         if (onRow && !onRow())
             throw RuntimeError(errors::UserInterrupt);
         for (std::size_t i = 0; i < types.size(); ++i)
-            cells.append(reader.cell(SQLUSMALLINT(i + 1), types[i]));
+            cells.push_back(reader.cell(SQLUSMALLINT(i + 1), types[i]));
     }
 }
 
