@@ -29,7 +29,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext &, const QString
 QIcon icon()
 {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128}) // as frames and panels show it
+    for (const int size : {16, 24, 32, 48, 64}) // as frames and panels show it
         icon.addFile(QStringLiteral(":/icons/varnow-%1.png").arg(size));
     return icon;
 }
