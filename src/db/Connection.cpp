@@ -5,13 +5,14 @@
 #include "db/odbc.h"
 #include "db/odbcConnectionString.h"
 
-#include <QStringBuilder>
+#include <QScopeGuard>
 
 #include <sql.h>
 #include <sqlext.h>
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace varnow::db {
@@ -110,15 +111,19 @@ QString whyNotOpened(const Handle &connection, const ConnectionSettings &setting
 
 struct Connection::Handles
 {
-    Handles(Dialect databaseDialect, int seconds)
-        : connection(SQL_HANDLE_DBC, environment().get()), dialect(databaseDialect), timeout(seconds)
+    explicit Handles(Dialect databaseDialect)
+        : connection(SQL_HANDLE_DBC, environment().get()), dialect(databaseDialect)
     {
     }
-    ~Handles() { SQLDisconnect(connection.get()); }
+    ~Handles()
+    {
+        statement.reset();
+        SQLDisconnect(connection.get());
+    }
 
     const Handle connection;
+    std::optional<const Handle> statement; // runs all statements: one for each would take a tenth of a save
     const Dialect dialect;
-    const int timeout; // of a statement, in seconds
 };
 
 Connection::Connection(const ConnectionSettings &settings)
@@ -130,11 +135,13 @@ Connection::Connection(const ConnectionSettings &settings)
     const int timeout = std::clamp(settings.timeout, 1, connectionTimeout); // 0 would mean to wait for ever
     const QString text = odbcConnectionString(settings, dialect, timeout);
 
-    auto handles = std::make_unique<Handles>(dialect, timeout);
+    auto handles = std::make_unique<Handles>(dialect);
     const Handle &connection = handles->connection;
     SQLSetConnectAttr(connection.get(), SQL_ATTR_LOGIN_TIMEOUT, asPointer(timeout), 0);
     if (!SQL_SUCCEEDED(connect(connection, text, dialect)))
         throw RuntimeError(codes::Failure, whyNotOpened(connection, settings));
+    const Handle &statement = handles->statement.emplace(short{SQL_HANDLE_STMT}, connection.get());
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(timeout), 0);
     m_handles = std::move(handles);
 }
 
@@ -147,8 +154,11 @@ ResultSet Connection::execute(const QString &sql, const RowObserver &onRow)
     const Dialect dialect = m_handles->dialect;
     const QString text = inDialect(sql, dialect);
 
-    const Handle statement(SQL_HANDLE_STMT, m_handles->connection.get());
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(m_handles->timeout), 0);
+    const Handle &statement = *m_handles->statement;
+    const auto clear = qScopeGuard([&statement] {
+        SQLFreeStmt(statement.get(), SQL_CLOSE);
+        SQLFreeStmt(statement.get(), SQL_UNBIND);
+    });
     const SQLRETURN result = run(statement, text, dialect);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) // which says that no row was touched
         throw statement.error(dialect);
@@ -164,7 +174,16 @@ bool Connection::isDead() const
 
 QString quoted(const QString &text)
 {
-    return u'\'' % QString(text).replace(u'\'', QLatin1String("''")) % u'\'';
+    QString literal;
+    appendQuoted(literal, text);
+    return literal;
+}
+
+void appendQuoted(QString &sql, const QString &text)
+{
+    sql += u'\'';
+    sql += text.contains(u'\'') ? QString(text).replace(u'\'', QLatin1String("''")) : text;
+    sql += u'\'';
 }
 
 } // namespace varnow::db

@@ -34,4 +34,7 @@ private:
 /// The text as an SQL literal: between apostrophes, those inside it doubled.
 QString quoted(const QString &text);
 
+/// Appends that to a statement.
+void appendQuoted(QString &sql, const QString &text);
+
 } // namespace varnow::db

@@ -7,9 +7,9 @@
 #include "model/Field.h"
 #include "model/Line.h"
 
-#include <QStringBuilder>
-
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <initializer_list>
 #include <vector>
 
@@ -34,13 +34,19 @@ template <> struct Table<Field>
     static constexpr QLatin1String order{"MsgIndex, Position"};
 };
 
-/// The record's value in a column as SQL writes it. Spare columns, some of them dates, are never written.
-template <class Record> QString literal(const Record &record, const Column<Record> &column)
+/// Appends the record's value in a column as SQL writes it. Spare columns, some of them dates, are never
+/// written. A save does so some thirty times for every record, hence no text is made on the way.
+template <class Record> void appendLiteral(QString &sql, const Record &record, const Column<Record> &column)
 {
     if (const auto *text = std::get_if<QString Record::*>(&column.member))
-        return db::quoted(record.**text);
-    const QString number = QString::number(record.*std::get<int Record::*>(column.member));
-    return column.reading == ColumnReading::NumberInText ? db::quoted(number) : number;
+        return db::appendQuoted(sql, record.**text);
+    std::array<char, 11> digits{};
+    const int number = record.*std::get<int Record::*>(column.member);
+    const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const QLatin1String apostrophe(column.reading == ColumnReading::NumberInText ? "'" : "");
+    sql += apostrophe;
+    sql += QLatin1String(digits.data(), end);
+    sql += apostrophe;
 }
 
 template <class Record> QString selectAllRows()
@@ -52,8 +58,7 @@ template <class Record> QString selectAllRows()
            Table<Record>::order + ';';
 }
 
-/// Appends "name = value" for the record's columns of these uses, in one string, for a save makes two such
-/// statements of every record.
+/// Appends "name = value" for the record's columns of these uses.
 template <class Record>
 void appendEquations(QString &sql, const Record &record, std::initializer_list<ColumnUse> uses,
                      QLatin1String separator)
@@ -62,7 +67,10 @@ void appendEquations(QString &sql, const Record &record, std::initializer_list<C
     for (const Column<Record> &column : Record::columns()) {
         if (std::find(uses.begin(), uses.end(), column.use) == uses.end())
             continue;
-        sql += before % QLatin1String(column.name) % QLatin1String(" = ") % literal(record, column);
+        sql += before;
+        sql += QLatin1String(column.name);
+        sql += QLatin1String(" = ");
+        appendLiteral(sql, record, column);
         before = separator;
     }
 }
@@ -85,16 +93,17 @@ template <class Record> QString selectGreatestId()
 template <class Record> QString insertRow(const Record &record)
 {
     QStringList names;
-    QStringList values;
+    QString values;
     for (const Column<Record> &column : Record::columns()) {
         if (column.use == ColumnUse::Spare)
             continue;
         names += QLatin1String(column.name);
-        values += literal(record, column);
+        if (!values.isEmpty())
+            values += QLatin1String(", ");
+        appendLiteral(values, record, column);
     }
-    const QLatin1String comma(", ");
-    return "INSERT INTO " + Table<Record>::name + " (" + names.join(comma) + ") VALUES (" +
-           values.join(comma) + ");";
+    return "INSERT INTO " + Table<Record>::name + " (" + names.join(QLatin1String(", ")) + ") VALUES (" +
+           values + ");";
 }
 
 /// Writes the record into the row with its identifier.
