@@ -29,6 +29,12 @@ qsizetype skipDigits(QStringView text, qsizetype i)
     return i;
 }
 
+/// What nearly all numbers are, which takes no further look.
+bool isFewDigits(QStringView text)
+{
+    return !text.isEmpty() && text.size() < 10 && skipDigits(text, 0) == text.size();
+}
+
 /// Length of the longest beginning of the text that is a decimal number, 0 when there is none.
 qsizetype numberLength(QStringView text)
 {
@@ -86,15 +92,12 @@ bool isNumeric(QStringView text)
 
 bool isLong(QStringView text)
 {
-    return isNumeric(text) && isInLongRange(std::nearbyint(parse(trimmedView(text))));
+    return isFewDigits(text) || (isNumeric(text) && isInLongRange(std::nearbyint(parse(trimmedView(text)))));
 }
 
 int toLong(const QString &text)
 {
-    // Quickly what nearly all are: a few digits.
-    if (!text.isEmpty() && text.size() < 10 && skipDigits(text, 0) == text.size())
-        return text.toInt();
-    return roundToLong(parseNumeric(text));
+    return isFewDigits(text) ? text.toInt() : roundToLong(parseNumeric(text));
 }
 
 int toLong(const QVariant &value)
