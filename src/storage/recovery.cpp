@@ -171,8 +171,11 @@ std::vector<LeftFile> LeftFile::findAll(const db::ConnectionSettings &database)
 {
     std::vector<LeftFile> found;
     const QDir folder(stateFolder());
-    const QStringList names = folder.entryList({namePrefix(database) + "*.json"}, QDir::Files, QDir::Time);
+    const QString prefix = namePrefix(database);
+    const QStringList names = folder.entryList(QDir::Files, QDir::Time); // a pattern would slow every start
     for (const QString &name : names) {
+        if (!name.startsWith(prefix) || !name.endsWith(".json"))
+            continue;
         std::unique_ptr<QLockFile> lock = lockFor(folder.filePath(name));
         if (lock->tryLock(0))
             found.push_back(LeftFile(folder.filePath(name), std::move(lock)));
