@@ -100,20 +100,23 @@ void tellSubstitution(DefaultConfiguration::Problem problem)
 }
 
 /// Reads the names of the configurations and the one to begin with. Raises errors::UserInterrupt when the
-/// user stopped it, and what loadConfigurationNames() raises, after a message.
-void loadCatalogue(Session &session, RunObserver &observer)
+/// user stopped it, and what loadConfigurationNames() raises, after a message. No connection stays open while
+/// the user reads one.
+void loadCatalogue(Session &session, Run &run)
 {
-    Run run(session.configurationDatabase, observer);
     const auto loadNames = [&] { return loadConfigurationNames(run); };
-    session.configurationNames = guarded(loadNames, [](const RuntimeError &error) -> QStringList {
+    session.configurationNames = guarded(loadNames, [&run](const RuntimeError &error) -> QStringList {
+        run.close();
         if (error.number() != errors::UserInterrupt)
             ui::show({"An unexpected error occurred while getting the configuration names."});
         throw error;
     });
     const DefaultConfiguration first = loadDefaultConfiguration(run);
-    run.close(); // nothing stays open while the user reads
-    tellSubstitution(first.problem);
     session.defaultConfiguration = first.name;
+    if (first.problem == DefaultConfiguration::Problem::None)
+        return;
+    run.close();
+    tellSubstitution(first.problem);
 }
 
 /// Reads the catalogue and all records. Returns whether the start can go on; if not, says why.
@@ -121,8 +124,9 @@ bool load(Session &session, Model &model)
 {
     RunWindow progress;
     const auto loadBoth = [&] {
-        loadCatalogue(session, progress);
-        const int code = loadAll(session.configurationDatabase, model, progress);
+        Run run(session.configurationDatabase, progress);
+        loadCatalogue(session, run);
+        const int code = loadAll(run, model);
         if (code == errors::UserInterrupt)
             throw RuntimeError(code);
         if (code != 0)

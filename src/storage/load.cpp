@@ -2,7 +2,6 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "storage/Run.h"
 #include "storage/statements.h"
 
 #include <QSet>
@@ -72,14 +71,21 @@ void loadFields(Run &run, FieldTable &fields)
 
 int loadAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer)
 {
+    Run run(database, observer);
+    return loadAll(run, model);
+}
+
+int loadAll(Run &run, Model &model)
+{
     model.forgetHistory();
     const auto load = [&] {
-        Run run(database, observer);
         loadLines(run, model.lines);
         loadFields(run, model.fields);
         return 0;
     };
-    return guarded(load, [](const RuntimeError &error) { return error.number(); });
+    const int code = guarded(load, [](const RuntimeError &error) { return error.number(); });
+    run.close();
+    return code;
 }
 
 } // namespace varnow

@@ -2,7 +2,7 @@
 
 #include "db/ConnectionSettings.h"
 #include "model/Model.h"
-#include "storage/RunObserver.h"
+#include "storage/Run.h"
 
 namespace varnow {
 
@@ -11,5 +11,8 @@ namespace varnow {
 /// stay; a failed query or one without rows only gives a message. What was removed stays so.
 /// Returns 0, or the number of the error that stopped it.
 int loadAll(const db::ConnectionSettings &database, Model &model, RunObserver &observer);
+
+/// The same as the last part of a run, whose connection is closed behind it.
+int loadAll(Run &run, Model &model);
 
 } // namespace varnow

@@ -57,7 +57,7 @@ Action under(const QString &prompt, const Action &action)
     };
 }
 
-using SilentServerTest = StartTest;
+using ServerTest = StartTest;
 using DemoTest = StartTest;
 
 const auto ending = [](const QString &reason) {
@@ -172,7 +172,7 @@ TEST_P(StartTest, OpensTheEditorWithoutRecordsThatCannotBeLoaded)
 
 // A silent server that leaves the screen empty or cannot be given up; an editor without what was not waited
 // for.
-TEST_P(SilentServerTest, ShowsWhatItWaitsForAndStops)
+TEST_P(ServerTest, ShowsWhatItWaitsForAndStops)
 {
     TdsServer *server = database.server();
     const auto expectStop = [&](const QString &what) {
@@ -189,6 +189,19 @@ TEST_P(SilentServerTest, ShowsWhatItWaitsForAndStops)
     expectStop("Reading the configurations");
     server->failStatements({.kind = Fault::Hang}, "LabLineFieldConfig");
     expectStop("Reading the fields");
+}
+
+// A log-in for every query, which takes long on a distant server; a connection that stays open behind a box.
+TEST_P(ServerTest, LogsInOnceAndAgainBehindABox)
+{
+    expectStart(eightWords, {close}, 0, {});
+    const std::size_t logins = database.server()->logins().size();
+    EXPECT_EQ(logins, 2U); // for the records, and for the data field names
+    database.run("DELETE FROM Misc_upload_constants");
+    expectStart(eightWords, {close}, 0,
+                {note("No data was returned from the database for the default \n"
+                      "configuration name, substituting 'Standard'.")});
+    EXPECT_EQ(database.server()->logins().size(), logins + 3);
 }
 
 // A sample that is not made, that replaces the user's changes, or that nobody finds.
@@ -273,7 +286,7 @@ TEST(Program, KeepsItsWordsOutOfTheProcessListAndOfCoreFiles)
 }
 
 ON_EVERY_ENGINE(StartTest);
-ON_ENGINES(SilentServerTest, Engine::SqlServer);
+ON_ENGINES(ServerTest, Engine::SqlServer);
 ON_ENGINES(DemoTest, Engine::Sqlite);
 
 } // namespace varnow::test
