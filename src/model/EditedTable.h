@@ -148,7 +148,11 @@ public:
     /// Gives every record the identifier that `idOf` returns for it. No change: the row stays the same.
     template <class IdOf> void giveIds(IdOf idOf)
     {
-        Base::changeEach([&](Record &record) { record.id = idOf(std::as_const(record)); });
+        const auto all = [](const QString &) { return true; };
+        Base::changeEach(all, [&](int, Record &record) {
+            record.id = idOf(std::as_const(record));
+            return false;
+        });
     }
 
 protected:
@@ -171,17 +175,17 @@ protected:
         note(index, std::move(old), std::move(values));
     }
 
-    /// Hands every record in table order to `change`, which returns its new values, of the same key, or
-    /// nothing to leave it.
-    template <class NewValues> void changeEach(NewValues change)
+    /// Hands the records of the configurations that `isWanted` in table order to `change`, which returns the
+    /// new values, of the same key, or nothing to leave the record.
+    template <class IsWanted, class NewValues> void changeEach(IsWanted isWanted, NewValues change)
     {
-        int index = 0;
-        Base::changeEach([&](Record &record) {
-            if (std::optional<Record> values = change(std::as_const(record))) {
-                Record old = std::exchange(record, *values);
-                note(index, std::move(old), std::move(values));
-            }
-            ++index;
+        Base::changeEach(isWanted, [&](int index, Record &record) {
+            std::optional<Record> values = change(std::as_const(record));
+            if (!values)
+                return false;
+            Record old = std::exchange(record, *values);
+            note(index, std::move(old), std::move(values));
+            return true;
         });
     }
 

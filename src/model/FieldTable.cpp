@@ -51,9 +51,10 @@ void FieldTable::load(Field row)
         RecordTable::replace(index, std::move(row));
 }
 
-void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf)
+void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf,
+                                      const std::function<bool(const QString &)> &isWanted)
 {
-    changeEach([&](const Field &field) -> std::optional<Field> {
+    changeEach(isWanted, [&](const Field &field) -> std::optional<Field> {
         const std::optional<int> messageIndex = indexOf(field);
         if (!messageIndex || *messageIndex == field.messageIndex)
             return {};

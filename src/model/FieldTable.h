@@ -51,8 +51,10 @@ public:
     void storeAll(std::vector<Field> fields);
 
     /// Copies message indexes into the fields: `indexOf` returns that of a field's line, or nothing for a
-    /// field that is to keep its own.
-    void changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf);
+    /// field that is to keep its own. Only the configurations that `isWanted` are gone through.
+    void changeMessageIndexes(
+        const std::function<std::optional<int>(const Field &)> &indexOf,
+        const std::function<bool(const QString &)> &isWanted = [](const QString &) { return true; });
 
     /// Number of fields that name a line, blanks ignored. A line index below 1 counts those of every index.
     int countOfLine(const QString &configuration, const QString &line, int lineIndex) const;

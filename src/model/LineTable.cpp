@@ -53,7 +53,8 @@ void LineTable::bringBack(const Line &line)
 void LineTable::renumber(const QString &configuration)
 {
     int number = 0;
-    changeEach([&](const Line &line) -> std::optional<Line> {
+    const auto isIt = [&](const QString &name) { return trimmedView(name) == trimmedView(configuration); };
+    changeEach(isIt, [&](const Line &line) -> std::optional<Line> {
         if (line.configuration != configuration || line.messageIndex == ++number)
             return {};
         Line renumbered = line;

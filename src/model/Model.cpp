@@ -1,5 +1,9 @@
 #include "model/Model.h"
 
+#include "base/text.h"
+
+#include <QSet>
+
 #include <algorithm>
 
 namespace varnow {
@@ -59,7 +63,7 @@ void Model::copyMessageIndexesToFields()
     const auto isSame = [](const QString &a, const QString &b) {
         return (a.constData() == b.constData() && a.size() == b.size()) || a == b;
     };
-    fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
+    const auto indexOf = [&](const Field &field) -> std::optional<int> {
         const auto owns = [&](const Line &candidate) {
             return candidate.nameIndex == field.lineIndex && candidate.name == field.line &&
                    candidate.configuration == field.configuration;
@@ -69,7 +73,19 @@ void Model::copyMessageIndexesToFields()
             line = lines.lookUp(field.configuration, field.line, field.lineIndex, owns);
         before = &field;
         return line != nullptr ? std::optional(line->messageIndex) : std::nullopt;
+    };
+    const auto statesOf = [this](const QString &name) {
+        return States(lines.stateOf(name), fields.stateOf(name));
+    };
+    QSet<QString> changed;
+    fields.changeMessageIndexes(indexOf, [&](const QString &configuration) {
+        const QString name = trim(configuration);
+        if (m_inStep.value(name) != statesOf(name))
+            changed.insert(name);
+        return changed.contains(name);
     });
+    for (const QString &name : std::as_const(changed))
+        m_inStep[name] = statesOf(name);
 }
 
 void Model::takeBack(const Ledger<Line>::Entry &entry)

@@ -3,7 +3,10 @@
 #include "model/FieldTable.h"
 #include "model/LineTable.h"
 
+#include <QHash>
+
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace varnow {
@@ -28,7 +31,8 @@ public:
     LineTable lines;
     FieldTable fields;
 
-    /// Copies every line's message index into its fields. Fields without a line keep theirs.
+    /// Copies every line's message index into its fields. Fields without a line keep theirs. Configurations
+    /// in which nothing was changed since the last time cost nothing.
     void copyMessageIndexesToFields();
 
     /// Makes a record what its row holds again.
@@ -64,8 +68,12 @@ public:
 private:
     friend class Editing;
 
-    std::vector<EditStep> m_done;   // the last step last
-    std::vector<EditStep> m_undone; // the one to redo first last
+    /// The states of a configuration's lines and of its fields.
+    using States = std::pair<quint64, quint64>;
+
+    QHash<QString, States> m_inStep; // of configurations whose fields had their lines' message indexes then
+    std::vector<EditStep> m_done;    // the last step last
+    std::vector<EditStep> m_undone;  // the one to redo first last
 };
 
 /// While such an object lives, what is done to a model becomes one step of its history. A step that changes

@@ -143,8 +143,7 @@ public:
     {
         std::vector<const Chunk *> chunks;
         for (const auto &chunk : m_chunks) {
-            const Record &first = chunk->entries.front().node->record;
-            if (trimmedView(first.configuration) == trimmedView(configuration))
+            if (trimmedView(configurationOf(*chunk)) == trimmedView(configuration))
                 chunks.push_back(chunk.get());
         }
         return Part(std::move(chunks));
@@ -191,7 +190,24 @@ public:
         return indexOf(*found);
     }
 
-    void clear() { *this = RecordTable(); }
+    /// A number that is another one after every change to the records of a configuration, blanks around its
+    /// name ignored.
+    quint64 stateOf(QStringView configuration) const
+    {
+        quint64 state = 0;
+        for (auto known = m_configurations.cbegin(); known != m_configurations.cend(); ++known) {
+            if (trimmedView(known.key()) == trimmedView(configuration))
+                state = std::max(state, m_lastChanges[static_cast<std::size_t>(*known)]);
+        }
+        return state;
+    }
+
+    void clear()
+    {
+        const quint64 changeCount = m_changeCount;
+        *this = RecordTable();
+        m_changeCount = changeCount; // no state comes back
+    }
 
     /// Adds a record behind all others and returns it.
     const Record &append(Record record)
@@ -251,6 +267,7 @@ public:
         node.record = std::move(values);
         entry.place = Order::placeOf(node.record);
         chunk.widenBounds(entry.place);
+        noteChange(chunk);
         if (hash != oldHash)
             m_nodes.add(hash, m_nodes.take(oldHash, node));
     }
@@ -261,6 +278,7 @@ public:
         const auto position = chunkAt(index);
         Chunk &chunk = **position;
         const auto entry = chunk.entries.begin() + (index - chunk.start);
+        noteChange(chunk);
         m_nodes.take(keyHash(entry->node->record), *entry->node);
         chunk.entries.erase(entry);
         if (chunk.entries.empty())
@@ -270,16 +288,26 @@ public:
         m_numbered = false;
     }
 
-    /// Hands every record in table order to `change`, which may alter all but its key.
-    template <class Change> void changeEach(Change change)
+    /// Hands the records of the configurations that `isWanted` in table order to `change`, each with its
+    /// index. It may alter all but the key, and returns whether it altered more than the identifier.
+    template <class IsWanted, class Change> void changeEach(IsWanted isWanted, Change change)
     {
+        numberChunks();
         for (const auto &chunk : m_chunks) {
+            if (!isWanted(configurationOf(*chunk)))
+                continue;
+            int index = chunk->start;
+            bool isChanged = false;
             for (Entry &entry : chunk->entries) {
-                change(entry.node->record);
+                if (!change(index++, entry.node->record))
+                    continue;
+                noteChange(*chunk);
                 entry.place = Order::placeOf(entry.node->record);
                 chunk->widenBounds(entry.place);
+                isChanged = true;
             }
-            chunk->tightenBounds();
+            if (isChanged)
+                chunk->tightenBounds();
         }
     }
 
@@ -299,10 +327,22 @@ private:
     int configurationNumber(QString &configuration)
     {
         auto known = m_configurations.constFind(configuration);
-        if (known == m_configurations.cend())
+        if (known == m_configurations.cend()) {
             known = m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
+            m_lastChanges.push_back(0);
+        }
         configuration = known.key();
         return *known;
+    }
+
+    static const QString &configurationOf(const Chunk &chunk)
+    {
+        return chunk.entries.front().node->record.configuration;
+    }
+
+    void noteChange(const Chunk &chunk)
+    {
+        m_lastChanges[static_cast<std::size_t>(chunk.configuration)] = ++m_changeCount;
     }
 
     /// Brings the chunks' start indexes up to date.
@@ -402,6 +442,7 @@ private:
         const Place place = Order::placeOf(node.record);
         chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset), {&node, place});
         chunk.widenBounds(place);
+        noteChange(chunk);
         m_numbered = false;
         return node.record;
     }
@@ -424,6 +465,8 @@ private:
     KeyIndex<Node> m_nodes;               // owns the records, by hash of their key
     Chunks m_chunks;                      // their order
     QHash<QString, int> m_configurations; // a number for every configuration ever seen
+    std::vector<quint64> m_lastChanges;   // by that number: the number of its last change
+    quint64 m_changeCount = 0;
     mutable bool m_numbered = false;
 };
 

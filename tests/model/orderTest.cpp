@@ -1,5 +1,5 @@
 // Faults to catch: the table's chunks, bounds and key index giving another order, another index or another
-// record than walking the whole table would.
+// record than walking the whole table would; a configuration that is passed over although it was changed.
 
 #include "support/ModelFixture.h"
 
@@ -120,14 +120,39 @@ private:
         m_walk.removeAt(index);
     }
 
-    /// From lines with random message indexes, some twice, some missing.
+    Line randomLine()
+    {
+        const Field owned = randomField();
+        return line(0, owned.configuration, owned.line, owned.lineIndex, owned.messageIndex);
+    }
+
+    void changeLines()
+    {
+        switch (pick(0, 4)) {
+        case 0:
+            lines.clear();
+            for (int count = pick(0, 20); count > 0; --count)
+                lines.append(randomLine());
+            return;
+        case 1:
+            lines.append(randomLine());
+            return;
+        case 2:
+            if (!lines.isEmpty())
+                lines.remove(pick(0, lines.size() - 1));
+            return;
+        case 3:
+            lines.renumber(randomLine().configuration);
+            return;
+        default:
+            lines.store(randomLine());
+        }
+    }
+
+    /// From lines with random message indexes, some twice, some missing. Most were there the last time.
     void copyFromLines()
     {
-        lines.clear();
-        for (int count = pick(0, 20); count > 0; --count) {
-            const Field owned = randomField();
-            lines.append(line(0, owned.configuration, owned.line, owned.lineIndex, owned.messageIndex));
-        }
+        changeLines();
         model.copyMessageIndexesToFields();
         for (Field &field : m_walk) {
             const auto owner = std::ranges::find_if(lines, [&](const Line &other) {
