@@ -2,8 +2,6 @@
 
 #include "base/text.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace varnow {
@@ -74,18 +72,15 @@ void Model::copyMessageIndexesToFields()
         before = &field;
         return line != nullptr ? std::optional(line->messageIndex) : std::nullopt;
     };
-    const auto statesOf = [this](const QString &name) {
-        return States(lines.stateOf(name), fields.stateOf(name));
-    };
-    QSet<QString> changed;
+    const auto lineStates = lines.states();
+    const auto fieldStates = fields.states();
     fields.changeMessageIndexes(indexOf, [&](const QString &configuration) {
         const QString name = trim(configuration);
-        if (m_inStep.value(name) != statesOf(name))
-            changed.insert(name);
-        return changed.contains(name);
+        return m_lineStates.value(name) != lineStates.value(name) ||
+               m_fieldStates.value(name) != fieldStates.value(name);
     });
-    for (const QString &name : std::as_const(changed))
-        m_inStep[name] = statesOf(name);
+    m_lineStates = lineStates;
+    m_fieldStates = fields.states();
 }
 
 void Model::takeBack(const Ledger<Line>::Entry &entry)

@@ -6,7 +6,6 @@
 #include <QHash>
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 namespace varnow {
@@ -32,7 +31,7 @@ public:
     FieldTable fields;
 
     /// Copies every line's message index into its fields. Fields without a line keep theirs. Configurations
-    /// in which nothing was changed since the last time cost nothing.
+    /// in which nothing was changed since the last time are passed over.
     void copyMessageIndexesToFields();
 
     /// Makes a record what its row holds again.
@@ -68,12 +67,10 @@ public:
 private:
     friend class Editing;
 
-    /// The states of a configuration's lines and of its fields.
-    using States = std::pair<quint64, quint64>;
-
-    QHash<QString, States> m_inStep; // of configurations whose fields had their lines' message indexes then
-    std::vector<EditStep> m_done;    // the last step last
-    std::vector<EditStep> m_undone;  // the one to redo first last
+    QHash<QString, quint64> m_lineStates; // when message indexes were copied last
+    QHash<QString, quint64> m_fieldStates;
+    std::vector<EditStep> m_done;   // the last step last
+    std::vector<EditStep> m_undone; // the one to redo first last
 };
 
 /// While such an object lives, what is done to a model becomes one step of its history. A step that changes

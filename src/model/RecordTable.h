@@ -137,8 +137,8 @@ public:
     Iterator begin() const { return Iterator(m_chunks.begin()); }
     Iterator end() const { return Iterator(m_chunks.end()); }
 
-    /// The records of a configuration in table order, blanks around its name ignored. The others cost
-    /// nothing.
+    /// The records of a configuration in table order, blanks around its name ignored. Those of
+    /// others are not touched.
     Part ofConfiguration(QStringView configuration) const
     {
         std::vector<const Chunk *> chunks;
@@ -190,16 +190,16 @@ public:
         return indexOf(*found);
     }
 
-    /// A number that is another one after every change to the records of a configuration, blanks around its
-    /// name ignored.
-    quint64 stateOf(QStringView configuration) const
+    /// For each configuration, without blanks around its name, a number that is another one after every
+    /// change to its records.
+    QHash<QString, quint64> states() const
     {
-        quint64 state = 0;
+        QHash<QString, quint64> states;
         for (auto known = m_configurations.cbegin(); known != m_configurations.cend(); ++known) {
-            if (trimmedView(known.key()) == trimmedView(configuration))
-                state = std::max(state, m_lastChanges[static_cast<std::size_t>(*known)]);
+            quint64 &state = states[trim(known.key())];
+            state = std::max(state, m_lastChanges[static_cast<std::size_t>(*known)]);
         }
-        return state;
+        return states;
     }
 
     void clear()
@@ -328,8 +328,8 @@ private:
     {
         auto known = m_configurations.constFind(configuration);
         if (known == m_configurations.cend()) {
-            known = m_configurations.insert(configuration, static_cast<int>(m_configurations.size()));
-            m_lastChanges.push_back(0);
+            m_lastChanges.push_back(0); // first, so that every number has its place
+            known = m_configurations.insert(configuration, static_cast<int>(m_lastChanges.size()) - 1);
         }
         configuration = known.key();
         return *known;

@@ -39,6 +39,7 @@ struct StartTest : StartFixture
 
     Session session;
     const QString eightWords = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
+    const Box namesFailed{"An unexpected error occurred while getting the configuration names."};
     const Box cannotContinue{"There was an unexpected error loading configuration data,\r\ncannot continue."};
 };
 
@@ -155,8 +156,7 @@ TEST_P(StartTest, SurvivesEveryCatalogueButOneWithANullName)
         EXPECT_EQ(session.defaultConfiguration, "Standard");
     }
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    expectStart(eightWords, {}, 1,
-                {{"An unexpected error occurred while getting the configuration names."}, cannotContinue});
+    expectStart(eightWords, {}, 1, {namesFailed, cannotContinue});
 }
 
 // A failed load that ends the start, or that nobody tells of.
@@ -194,6 +194,11 @@ TEST_P(ServerTest, ShowsWhatItWaitsForAndStops)
 // A log-in for every query, which takes long on a distant server; a connection that stays open behind a box.
 TEST_P(ServerTest, LogsInOnceAndAgainBehindABox)
 {
+    const auto log = ui::setMessageBoxHandler({});
+    ui::setMessageBoxHandler([&](const Box &box) {
+        EXPECT_TRUE(database.server()->waitUntilLeft()) << qPrintable(box.text);
+        return log(box);
+    });
     expectStart(eightWords, {close}, 0, {});
     const std::size_t logins = database.server()->logins().size();
     EXPECT_EQ(logins, 2U); // for the records, and for the data field names
@@ -202,6 +207,9 @@ TEST_P(ServerTest, LogsInOnceAndAgainBehindABox)
                 {note("No data was returned from the database for the default \n"
                       "configuration name, substituting 'Standard'.")});
     EXPECT_EQ(database.server()->logins().size(), logins + 3);
+    database.run("INSERT INTO data_extractor_config VALUES (NULL)");
+    expectStart(eightWords, {}, 1, {namesFailed, cannotContinue});
+    ui::setMessageBoxHandler(log);
 }
 
 // A sample that is not made, that replaces the user's changes, or that nobody finds.

@@ -194,11 +194,13 @@ std::optional<Fault> TdsServer::faultFor(const QString &statement)
     return found;
 }
 
-void TdsServer::waitUntilLeft()
+bool TdsServer::waitUntilLeft()
 {
     const QDeadlineTimer deadline(10'000);
-    for (bool left = false; !left && !deadline.hasExpired(); QThread::yieldCurrentThread())
+    bool left = false;
+    for (; !left && !deadline.hasExpired(); QThread::yieldCurrentThread())
         inThread([&] { left = m_listener.findChildren<QTcpSocket *>().isEmpty(); });
+    return left;
 }
 
 } // namespace varnow::test

@@ -56,8 +56,8 @@ public:
         inThread([&] { m_wire.swap(bytes); });
         return bytes.value_or(QByteArray());
     }
-    /// Waits until no client is connected, but not for ever on one that stays.
-    void waitUntilLeft();
+    /// Waits until no client is connected, but not for ever on one that stays. Returns whether all have left.
+    bool waitUntilLeft();
 
     /// The next log-ins fail: an error such as 18456 or 4060, or no proper answer.
     void failLogins(const Fault &fault)
