@@ -78,10 +78,12 @@ void EditorWindow::tellStoredLine(const Change<Line> &change)
             {"Line " + name + QStringLiteral(" added with message index %1.").arg(line.messageIndex)});
     const int oldIndex = change.was->messageIndex;
     const QString sentence = "Line " + name + " changed: " + changesOf(*change.was, line) + '.';
-    const auto fields = static_cast<int>(std::ranges::count_if(m_state.model.fields, [&](const Field &field) {
+    const auto follows = [&](const Field &field) {
         return field.messageIndex == oldIndex && field.lineIndex == line.nameIndex &&
                field.line == line.name && field.configuration == line.configuration;
-    }));
+    };
+    const auto ofConfiguration = m_state.model.fields.ofConfiguration(line.configuration);
+    const auto fields = static_cast<int>(std::ranges::count_if(ofConfiguration, follows));
     if (fields == 0 || oldIndex == line.messageIndex)
         return tell({sentence});
     const QString rest = (fields == 1 ? QStringLiteral(" Its field keeps")
@@ -121,8 +123,9 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
         return other.position == field.position && other.messageIndex == field.messageIndex &&
                other.configuration == field.configuration && keyOf(other) != keyOf(field);
     };
-    const auto inTheWay = std::ranges::find_if(model.fields, isInTheWay);
-    if (inTheWay == model.fields.end()) {
+    const auto ofConfiguration = model.fields.ofConfiguration(field.configuration);
+    const auto inTheWay = std::ranges::find_if(ofConfiguration, isInTheWay);
+    if (inTheWay == ofConfiguration.end()) {
         const bool isChange = change.was && haveSameRow(*change.was, field);
         return tell(
             {stored + (isChange ? ": " + changesOf(*change.was, field) : " at " + placeOf(field)) + '.'});

@@ -75,7 +75,7 @@ int FieldTable::countOfLine(const QString &configuration, const QString &line, i
 int FieldTable::nextPosition(const QString &configuration, const QString &line, int lineIndex) const
 {
     int highest = 0;
-    for (const Field &field : *this) {
+    for (const Field &field : ofConfiguration(configuration)) {
         if ((lineIndex < 0 || field.lineIndex == lineIndex) && field.line == line &&
             field.configuration == configuration)
             highest = std::max(highest, field.position);

@@ -16,7 +16,7 @@ namespace {
 template <class Table> auto recordsOf(const Table &table, const QString &configuration)
 {
     std::vector<std::decay_t<decltype(*table.begin())>> records;
-    for (const auto &record : table) {
+    for (const auto &record : table.ofConfiguration(configuration)) {
         if (record.configuration == configuration)
             records.push_back(record);
     }

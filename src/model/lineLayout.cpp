@@ -53,7 +53,7 @@ LineLayout layoutOf(const std::vector<const Field *> &fieldsOfLine)
 LineLayout layoutOf(const FieldTable &fields, const Line &line)
 {
     std::vector<const Field *> fieldsOfLine;
-    for (const Field &field : fields) {
+    for (const Field &field : fields.ofConfiguration(line.configuration)) {
         if (field.lineIndex == line.nameIndex && field.line == line.name &&
             field.configuration == line.configuration)
             fieldsOfLine.push_back(&field);
