@@ -1,7 +1,7 @@
 #include "BenchDatabase.h"
 
-#include "editor/RunWindow.h"
 #include "storage/load.h"
+#include "ui/RunWindow.h"
 
 #include <QFile>
 
@@ -62,7 +62,7 @@ BenchDatabase::BenchDatabase(Size size)
 
 void load(const db::ConnectionSettings &settings, Model &model)
 {
-    RunWindow run;
+    ui::RunWindow run;
     const int result = loadAll(settings, model, run);
     if (result != 0 || model.fields.isEmpty()) {
         qCritical("loading failed with %d", result);

@@ -5,7 +5,7 @@
 #include "secondsUntilShown.h"
 #include "support/Driver.h"
 
-#include "listing/ListingWindow.h"
+#include "review/ListingWindow.h"
 
 #include <QFile>
 #include <QWidget>

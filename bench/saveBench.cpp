@@ -6,9 +6,9 @@
 #include "sideBySide.h"
 #include "support/TdsServer.h"
 
-#include "editor/RunWindow.h"
 #include "storage/save.h"
 #include "storage/statements.h"
+#include "ui/RunWindow.h"
 
 #include <QElapsedTimer>
 
@@ -36,7 +36,7 @@ public:
     double run()
     {
         return wallSeconds([this] {
-            RunWindow window;
+            ui::RunWindow window;
             saveAll(m_settings, m_model, window);
         });
     }

@@ -2,8 +2,8 @@
 
 #include "base/RuntimeError.h"
 #include "base/folders.h"
-#include "editor/RunWindow.h"
 #include "storage/Run.h"
+#include "ui/RunWindow.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,12 +38,12 @@ void fill(const QString &path)
     if (data.isEmpty())
         refuse(QStringLiteral("The files that it is made from did not come with this program."));
     const db::ConnectionSettings settings{"(sqlite)", path, "demo", {}};
-    RunWindow progress;
+    ui::RunWindow progress;
     Run run(settings, progress);
-    const bool isGroup = run.beginGroup();
+    const bool isGroup = run.beginTransaction();
     runFile(data + "/sql/schema.sql", run);
     runFile(data + "/sql/sample.sql", run);
-    if (isGroup && !run.commitGroup())
+    if (isGroup && !run.commitTransaction())
         refuse(QStringLiteral("%1 cannot be written.").arg(path));
 }
 

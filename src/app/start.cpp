@@ -7,12 +7,12 @@
 #include "base/guarded.h"
 #include "base/text.h"
 #include "editor/EditorWindow.h"
-#include "editor/RunWindow.h"
 #include "signin/SignInDialog.h"
 #include "storage/catalogue.h"
 #include "storage/load.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
+#include "ui/RunWindow.h"
 
 namespace varnow {
 
@@ -122,7 +122,7 @@ void loadCatalogue(Session &session, Run &run)
 /// Reads the catalogue and all records. Returns whether the start can go on; if not, says why.
 bool load(Session &session, Model &model)
 {
-    RunWindow progress;
+    ui::RunWindow progress;
     const auto loadBoth = [&] {
         Run run(session.configurationDatabase, progress);
         loadCatalogue(session, run);

@@ -6,12 +6,11 @@
 
 namespace varnow {
 
-bool dataCheckPassed(const QString &header, const QStringList &complaints)
+bool dataCheckPassed(const QString &header, const QStringList &problems)
 {
-    if (complaints.isEmpty())
+    if (problems.isEmpty())
         return true;
-    ui::show(
-        {(QStringList(header) + complaints).join(lineBreak + "\t"), "Data Checking", ui::Icon::Critical});
+    ui::show({(QStringList(header) + problems).join(lineBreak + "\t"), "Data Checking", ui::Icon::Critical});
     return false;
 }
 

@@ -5,9 +5,9 @@
 #include "base/folders.h"
 #include "base/names.h"
 #include "base/text.h"
-#include "editor/CheckWindow.h"
-#include "editor/LayoutWindow.h"
-#include "editor/UnsavedWindow.h"
+#include "review/CheckWindow.h"
+#include "review/LayoutWindow.h"
+#include "review/UnsavedWindow.h"
 #include "ui/Application.h"
 
 #include <utility>

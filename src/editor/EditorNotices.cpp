@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "model/RecordReference.h"
 #include "model/differences.h"
-#include "model/findings.h"
+#include "model/issues.h"
 #include "ui/Application.h"
 
 #include <algorithm>
@@ -112,7 +112,7 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
     const Field field = *change.is;
     const Model &model = m_state.model;
     const QString stored = storedText(change);
-    if (change.was && change.was->id > 0 && !haveSameRow(*change.was, field))
+    if (change.was && change.was->id > 0 && !sameKey(*change.was, field))
         return tellMovedField(change);
     if (model.lines.find(field.configuration, field.line, field.lineIndex) < 0)
         return tell({change.was ? stored + "; its line " + shownName(field.line, field.lineIndex) +
@@ -126,7 +126,7 @@ void EditorWindow::tellStoredField(const Change<Field> &change)
     const auto ofConfiguration = model.fields.ofConfiguration(field.configuration);
     const auto inTheWay = std::ranges::find_if(ofConfiguration, isInTheWay);
     if (inTheWay == ofConfiguration.end()) {
-        const bool isChange = change.was && haveSameRow(*change.was, field);
+        const bool isChange = change.was && sameKey(*change.was, field);
         return tell(
             {stored + (isChange ? ": " + changesOf(*change.was, field) : " at " + placeOf(field)) + '.'});
     }

@@ -4,12 +4,12 @@
 
 #include "base/RuntimeError.h"
 #include "base/text.h"
-#include "editor/RunWindow.h"
-#include "editor/UnsavedWindow.h"
+#include "review/UnsavedWindow.h"
 #include "storage/load.h"
 #include "storage/save.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
+#include "ui/RunWindow.h"
 
 namespace varnow {
 
@@ -28,7 +28,7 @@ void EditorWindow::reload()
     if (promptToSave() == ui::CloseDecision::StayOpen)
         return;
     const TypedEntries typed = replacing([this] { emptyPages(); });
-    RunWindow run;
+    ui::RunWindow run;
     if (loadAll(m_state.session.configurationDatabase, m_state.model, run) != 0)
         tellLoadFailure({"'Save' this configuration, any current information", "will be lost."});
     m_state.changesMade = false;
@@ -46,7 +46,7 @@ void EditorWindow::save()
 {
     const ui::Hourglass hourglass;
     tellProblems();
-    RunWindow run;
+    ui::RunWindow run;
     const db::ConnectionSettings &database = m_state.session.configurationDatabase;
     const ChangeCounts before = m_state.model.countUnsaved();
     const SaveResult result = saveAll(database, m_state.model, run);

@@ -2,11 +2,11 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "editor/CheckWindow.h"
 #include "editor/HelpWindow.h"
-#include "editor/LayoutWindow.h"
-#include "editor/UnsavedWindow.h"
-#include "listing/ListingWindow.h"
+#include "review/CheckWindow.h"
+#include "review/LayoutWindow.h"
+#include "review/ListingWindow.h"
+#include "review/UnsavedWindow.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 

@@ -269,15 +269,14 @@ std::optional<QString> FieldPage::store()
 {
     if (m_index.text().isEmpty())
         m_index.setText("0");
-    const FieldEntry entry = entered();
-    if (!dataCheckPassed("There is a problem with the data for the line field entry.",
-                         complaintsAbout(entry)))
+    const FieldDraft entry = entered();
+    if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(entry)))
         return {};
     m_state.model.fields.store(fieldOf(entry));
     return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
 }
 
-FieldEntry FieldPage::entered() const
+FieldDraft FieldPage::entered() const
 {
     return {.configuration = m_state.configuration(),
             .name = m_name.text(),

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/EntryPage.h"
-#include "model/entries.h"
+#include "model/drafts.h"
 #include "ui/Frame.h"
 #include "ui/MessageBox.h"
 
@@ -50,7 +50,7 @@ private:
 
     void addToolTips();
     std::vector<ui::TextBox *> textBoxes();
-    FieldEntry entered() const;
+    FieldDraft entered() const;
     bool removeField();
     void chooseFilling(const Field &field);
     void takeOverMessageIndex();

@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "editor/DataCheck.h"
 #include "model/RecordReference.h"
-#include "model/entries.h"
+#include "model/drafts.h"
 
 #include <algorithm>
 #include <array>
@@ -95,8 +95,8 @@ std::optional<QString> LinePage::store()
 {
     if (isBlank(m_index.text()))
         m_index.setText("0");
-    const LineEntry entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
-    if (!dataCheckPassed("There is a problem with the data for the line entry.", complaintsAbout(entry)))
+    const LineDraft entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
+    if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(entry)))
         return {};
     m_state.model.lines.store(lineOf(entry));
     m_state.onLinesChanged();

@@ -63,7 +63,7 @@ private:
             if (field == nullptr || row.outcome != RowOutcome::Changed)
                 return false;
             const int index = m_model.fields.find(field->configuration, field->name, field->nameIndex);
-            return m_model.fields[index].id > 0 && !haveSameRow(m_model.fields[index], *field);
+            return m_model.fields[index].id > 0 && !sameKey(m_model.fields[index], *field);
         };
         const auto following = std::ranges::count_if(m_model.fields, followsLine);
         const auto leaving = std::ranges::count_if(m_plan.rows, leavesRow);
@@ -166,23 +166,23 @@ private:
         else
             read(row, Line());
         if (!kind.isEmpty() && !isField && kind.compare(kindOf<Line>, Qt::CaseInsensitive) != 0)
-            row.complaints = {QStringLiteral("The column Record must say Line or Field.")};
+            row.problems = {QStringLiteral("The column Record must say Line or Field.")};
         const qsizetype columns = m_plan.headers.back().size();
         if (row.cells.size() > columns)
-            row.complaints.prepend(QStringLiteral("The row has %1 cells, but there are %2 columns.")
-                                       .arg(row.cells.size())
-                                       .arg(columns));
+            row.problems.prepend(QStringLiteral("The row has %1 cells, but there are %2 columns.")
+                                     .arg(row.cells.size())
+                                     .arg(columns));
         m_plan.rows.push_back(std::move(row));
     }
 
     template <class Record> void read(ImportRow &row, Record record)
     {
-        row.complaints = m_readers.back().read(row.cells, record);
+        row.problems = m_readers.back().read(row.cells, record);
         record.id = -1;
         if (m_target == ImportTarget::Current || record.configuration.isEmpty())
             record.configuration = m_configuration;
         if (record.configuration.isEmpty())
-            row.complaints += "There is no configuration for it.";
+            row.problems += "There is no configuration for it.";
         row.record = std::move(record);
     }
 
@@ -191,14 +191,14 @@ private:
     void judge(ImportRow &row, Record &record, const Table &table, QHash<RecordKey, const ImportRow *> &known)
     {
         row.outcome = RowOutcome::Refused;
-        if (!row.complaints.isEmpty())
+        if (!row.problems.isEmpty())
             return;
         const auto earlier = known.constFind(keyOf(record));
         if (earlier != known.cend()) {
-            row.complaints += QStringLiteral("The same %1 stands in row %2 of %3 already.")
-                                  .arg(kindOf<Record>.toString().toLower())
-                                  .arg((*earlier)->number)
-                                  .arg(m_names[static_cast<qsizetype>((*earlier)->file)]);
+            row.problems += QStringLiteral("The same %1 stands in row %2 of %3 already.")
+                                .arg(kindOf<Record>.toString().toLower())
+                                .arg((*earlier)->number)
+                                .arg(m_names[static_cast<qsizetype>((*earlier)->file)]);
             return;
         }
         known.insert(keyOf(record), &row);
@@ -211,7 +211,7 @@ private:
             if (!m_readers[row.file].hasColumn("DataType")) // no page shows it, so nobody misses it
                 record.dataType = table[index].dataType;
         }
-        row.outcome = makeSameRow(table[index], record) ? RowOutcome::Unchanged : RowOutcome::Changed;
+        row.outcome = sameContent(table[index], record) ? RowOutcome::Unchanged : RowOutcome::Changed;
     }
 
     /// The message index of a field's line, which may come with the same import; 0 without such a line.
@@ -297,7 +297,7 @@ QByteArray refusedRows(const ImportPlan &plan)
             cells += readers[row.file].cell(row.cells, name.toLatin1().constData());
         if (isBlank(cells.front()))
             cells.front() = std::holds_alternative<Line>(row.record) ? kindOf<Line> : kindOf<Field>;
-        rows.push_back(cells + QStringList(row.complaints.join(u' ')));
+        rows.push_back(cells + QStringList(row.problems.join(u' ')));
     }
     return writeCsv(rows);
 }

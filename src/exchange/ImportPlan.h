@@ -27,7 +27,7 @@ struct ImportRow
     QStringList cells;    ///< in the order of its file's header
     std::variant<Line, Field> record; ///< a refused one has what could be read
     RowOutcome outcome = RowOutcome::Added;
-    QStringList complaints; ///< why it is refused
+    QStringList problems; ///< why it is refused
 };
 
 /// What an import would do.

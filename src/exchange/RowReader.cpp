@@ -66,7 +66,7 @@ bool RowReader::hasMessageIndex(const QStringList &row) const
     return !isBlank(cell(row, &Field::messageIndex));
 }
 
-LineEntry RowReader::lineEntry(const QStringList &row) const
+LineDraft RowReader::lineEntry(const QStringList &row) const
 {
     const auto text = [&](auto member) { return cell(row, member); };
     return {.configuration = {},
@@ -75,7 +75,7 @@ LineEntry RowReader::lineEntry(const QStringList &row) const
             .messageIndex = text(&Line::messageIndex)};
 }
 
-FieldEntry RowReader::fieldEntry(const QStringList &row) const
+FieldDraft RowReader::fieldEntry(const QStringList &row) const
 {
     const auto text = [&](auto member) { return cell(row, member); };
     const QString lineIndex = text(&Field::lineIndex);
@@ -99,7 +99,7 @@ FieldEntry RowReader::fieldEntry(const QStringList &row) const
 /// Reads the columns that the file has. Returns those that should hold a number and do not.
 template <class Record> QStringList RowReader::readCells(const QStringList &row, Record &record) const
 {
-    QStringList complaints;
+    QStringList problems;
     auto place = places<Record>().begin();
     for (const Column<Record> &column : exchangedColumns<Record>()) {
         const int at = *place++;
@@ -111,22 +111,22 @@ template <class Record> QStringList RowReader::readCells(const QStringList &row,
         else if (const QString number = zeroIfBlank(text); isLong(number))
             record.*std::get<int Record::*>(column.member) = toLong(number);
         else
-            complaints += QStringLiteral("The column %1 must hold a number of at most ten digits.")
-                              .arg(QLatin1String(column.name));
+            problems += QStringLiteral("The column %1 must hold a number of at most ten digits.")
+                            .arg(QLatin1String(column.name));
     }
-    return complaints;
+    return problems;
 }
 
 QStringList RowReader::read(const QStringList &row, Line &record) const
 {
     const QStringList unreadable = readCells(row, record);
-    const QStringList complaints = complaintsAbout(lineEntry(row));
-    return complaints.isEmpty() ? unreadable : complaints;
+    const QStringList problems = validate(lineEntry(row));
+    return problems.isEmpty() ? unreadable : problems;
 }
 
 QStringList RowReader::read(const QStringList &row, Field &record) const
 {
-    const FieldEntry entry = fieldEntry(row);
+    const FieldDraft entry = fieldEntry(row);
     record.dataType = "String";
     const QStringList unreadable = readCells(row, record);
     if (entry.isFixedLength && isBlank(cell(row, &Field::padDirection))) { // as the page proposes them
@@ -134,8 +134,8 @@ QStringList RowReader::read(const QStringList &row, Field &record) const
         if (record.padCharacter.isEmpty())
             record.padCharacter = " ";
     }
-    const QStringList complaints = complaintsAbout(entry);
-    return complaints.isEmpty() ? unreadable : complaints;
+    const QStringList problems = validate(entry);
+    return problems.isEmpty() ? unreadable : problems;
 }
 
 } // namespace varnow

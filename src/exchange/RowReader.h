@@ -1,7 +1,7 @@
 #pragma once
 
 #include "exchange/columns.h"
-#include "model/entries.h"
+#include "model/drafts.h"
 
 #include <QHash>
 
@@ -32,8 +32,8 @@ public:
     bool hasMessageIndex(const QStringList &row) const;
 
 private:
-    LineEntry lineEntry(const QStringList &row) const;
-    FieldEntry fieldEntry(const QStringList &row) const;
+    LineDraft lineEntry(const QStringList &row) const;
+    FieldDraft fieldEntry(const QStringList &row) const;
     template <class Record> QStringList readCells(const QStringList &row, Record &record) const;
     template <class Record, class Value> QString cell(const QStringList &row, Value Record::*member) const;
     template <class Record> const std::vector<int> &places() const;

@@ -1,8 +1,8 @@
 #include "exchange/description.h"
 
 #include "base/text.h"
-#include "model/Ledger.h"
 #include "model/RecordReference.h"
+#include "model/UnsavedChanges.h"
 
 #include <QLocale>
 

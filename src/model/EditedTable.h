@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/Ledger.h"
 #include "model/RecordTable.h"
+#include "model/UnsavedChanges.h"
 
 #include <algorithm>
 #include <utility>
@@ -26,7 +26,7 @@ template <class Record> struct Change
 template <class Record> using Changes = std::vector<Change<Record>>;
 
 /// Whether two records have the same row.
-template <class Record> bool haveSameRow(const Record &a, const Record &b)
+template <class Record> bool sameKey(const Record &a, const Record &b)
 {
     for (const Column<Record> &column : Record::columns()) {
         const auto isEqual = [&](auto member) { return a.*member == b.*member; };
@@ -46,7 +46,7 @@ public:
     /// The records removed since the last deletion run without errors, in the order of their removal.
     std::vector<Record> removed;
 
-    Ledger<Record> ledger;
+    UnsavedChanges<Record> unsaved;
 
     /// Whether the next save has a row to delete.
     bool hasRowsToDelete() const
@@ -66,7 +66,7 @@ public:
         Base::clear();
         for (Record &record : records)
             Base::append(std::move(record));
-        ledger.clear();
+        unsaved.clear();
     }
 
     /// Moves the record at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the
@@ -98,7 +98,7 @@ public:
             takeOut(change.index);
         } else if (!change.is) {
             putIn(change.index, withWaitingRow(*change.was));
-        } else if (const Record current = (*this)[change.index]; haveSameRow(current, *change.was)) {
+        } else if (const Record current = (*this)[change.index]; sameKey(current, *change.was)) {
             change.parkedId = 0;
             replace(change.index, withId(*change.was, current.id));
         } else if (change.is->id > 0) { // the change went back to a row that was there, which stays
@@ -126,7 +126,7 @@ public:
         };
         if (!change.was)
             putIn(change.index, values());
-        else if (const Record current = (*this)[change.index]; haveSameRow(current, *change.is))
+        else if (const Record current = (*this)[change.index]; sameKey(current, *change.is))
             replace(change.index, withId(*change.is, current.id));
         else if (change.is->id > 0)
             restore(change.index, *change.is);
@@ -139,7 +139,7 @@ public:
     void restore(int index, const Record &row)
     {
         const Record current = (*this)[index];
-        const bool isSameRow = haveSameRow(current, row);
+        const bool isSameRow = sameKey(current, row);
         if (!isSameRow)
             park(current);
         replace(index, isSameRow ? withId(row, current.id) : row);
@@ -198,7 +198,7 @@ protected:
     /// The record, which had been removed, with its row where that still waits for deletion.
     Record withWaitingRow(Record record)
     {
-        const auto isRow = [&](const Record &other) { return haveSameRow(record, other); };
+        const auto isRow = [&](const Record &other) { return sameKey(record, other); };
         const auto isSame = [&](const Record &other) { return other.id == record.id && isRow(other); };
         auto waiting = std::find_if(removed.rbegin(), removed.rend(), isSame);
         if (waiting == removed.rend())
@@ -215,8 +215,8 @@ protected:
 private:
     void note(int index, std::optional<Record> was, std::optional<Record> is)
     {
-        ledger.note(was, is);
-        const bool isSame = makeSameRow(was, is) && was->id == is->id;
+        unsaved.note(was, is);
+        const bool isSame = sameContent(was, is) && was->id == is->id;
         if (m_changes != nullptr && !isSame)
             m_changes->push_back({index, std::move(was), std::move(is)});
     }

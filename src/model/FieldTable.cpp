@@ -44,7 +44,7 @@ void FieldTable::storeAll(std::vector<Field> fields)
 void FieldTable::load(Field row)
 {
     const int index = find(row.configuration, row.name, row.nameIndex);
-    ledger.settle(row);
+    unsaved.settle(row);
     if (index < 0)
         insertOrdered(std::move(row));
     else

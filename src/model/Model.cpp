@@ -17,7 +17,7 @@ template <class Record> QString textOf(const Change<Record> &change, const QStri
     return (!change.was ? "addition of " : !change.is ? "removal of " : "change of ") + name;
 }
 
-template <class Table, class Entry> void takeBack(Table &table, const Entry &entry)
+template <class Table, class Entry> void revert(Table &table, const Entry &entry)
 {
     const auto &record = entry.record();
     int index = table.find(record.configuration, record.name, record.nameIndex);
@@ -33,7 +33,7 @@ template <class Table, class Entry> void takeBack(Table &table, const Entry &ent
         table.bringBack(*entry.before);
 }
 
-template <class Table, class Entry> void takeOver(Table &table, const Entry &entry)
+template <class Table, class Entry> void reapply(Table &table, const Entry &entry)
 {
     auto record = entry.record();
     const int index = table.find(record.configuration, record.name, record.nameIndex);
@@ -83,32 +83,32 @@ void Model::copyMessageIndexesToFields()
     m_fieldStates = fields.states();
 }
 
-void Model::takeBack(const Ledger<Line>::Entry &entry)
+void Model::revert(const UnsavedChange<Line> &entry)
 {
-    varnow::takeBack(lines, entry);
+    varnow::revert(lines, entry);
 }
 
-void Model::takeBack(const Ledger<Field>::Entry &entry)
+void Model::revert(const UnsavedChange<Field> &entry)
 {
-    varnow::takeBack(fields, entry);
+    varnow::revert(fields, entry);
 }
 
-void Model::takeOver(const Ledger<Line>::Entry &entry)
+void Model::reapply(const UnsavedChange<Line> &entry)
 {
-    varnow::takeOver(lines, entry);
+    varnow::reapply(lines, entry);
 }
 
-void Model::takeOver(const Ledger<Field>::Entry &entry)
+void Model::reapply(const UnsavedChange<Field> &entry)
 {
-    varnow::takeOver(fields, entry);
+    varnow::reapply(fields, entry);
 }
 
 ChangeCounts Model::countUnsaved() const
 {
     ChangeCounts counts;
-    for (const auto &entry : lines.ledger.entries())
+    for (const auto &entry : lines.unsaved.entries())
         counts.add(entry.kind());
-    for (const auto &entry : fields.ledger.entries())
+    for (const auto &entry : fields.unsaved.entries())
         counts.add(entry.kind());
     return counts;
 }

@@ -35,15 +35,15 @@ public:
     void copyMessageIndexesToFields();
 
     /// Makes a record what its row holds again.
-    void takeBack(const Ledger<Line>::Entry &entry);
-    void takeBack(const Ledger<Field>::Entry &entry);
+    void revert(const UnsavedChange<Line> &entry);
+    void revert(const UnsavedChange<Field> &entry);
 
     /// Makes a record what a change left by an earlier run makes of it, whatever it is now.
-    void takeOver(const Ledger<Line>::Entry &entry);
-    void takeOver(const Ledger<Field>::Entry &entry);
+    void reapply(const UnsavedChange<Line> &entry);
+    void reapply(const UnsavedChange<Field> &entry);
 
     /// True when some record differs from its row.
-    bool hasUnsavedChanges() const { return !lines.ledger.isEmpty() || !fields.ledger.isEmpty(); }
+    bool hasUnsavedChanges() const { return !lines.unsaved.isEmpty() || !fields.unsaved.isEmpty(); }
 
     /// True when the next save has a row to delete, also one that never was a record in memory.
     bool hasRowsToDelete() const { return lines.hasRowsToDelete() || fields.hasRowsToDelete(); }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/names.h"
-#include "model/Ledger.h"
+#include "model/UnsavedChanges.h"
 
 #include <QString>
 

@@ -177,10 +177,10 @@ ui::CloseDecision SignInDialog::accept()
 bool SignInDialog::isComplete()
 {
     TextBox *firstMissing = nullptr;
-    const auto require = [&firstMissing](TextBox &entry, const QString &complaint) {
+    const auto require = [&firstMissing](TextBox &entry, const QString &problem) {
         if (!isBlank(entry.text()))
             return;
-        ui::show({complaint, "ERROR", ui::Icon::Critical});
+        ui::show({problem, "ERROR", ui::Icon::Critical});
         if (firstMissing == nullptr)
             firstMissing = &entry;
     };

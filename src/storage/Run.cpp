@@ -15,7 +15,7 @@ namespace varnow {
 
 namespace {
 
-constexpr qint64 longestGroup = 250; // milliseconds
+constexpr qint64 longestTransaction = 250; // milliseconds
 
 bool succeeds(const std::function<void()> &step)
 {
@@ -147,7 +147,7 @@ bool Run::tryChange(const QString &sql)
     return succeeds([&] { change(sql); });
 }
 
-bool Run::beginGroup()
+bool Run::beginTransaction()
 {
     switch (m_database.dialect()) {
     case db::Dialect::SqlServer:
@@ -158,7 +158,7 @@ bool Run::beginGroup()
     Q_UNREACHABLE();
 }
 
-bool Run::commitGroup()
+bool Run::commitTransaction()
 {
     if (tryChange(QStringLiteral("COMMIT;")))
         return true;
@@ -168,27 +168,27 @@ bool Run::commitGroup()
 
 void RunSteps::add(const std::function<void()> &step, const std::function<void()> &done)
 {
-    if (m_triesGroups && !m_isGroupOpen) {
-        m_isGroupOpen = m_triesGroups = m_run.beginGroup();
-        m_sinceGroupBegan.start();
+    if (m_triesTransactions && !m_isTransactionOpen) {
+        m_isTransactionOpen = m_triesTransactions = m_run.beginTransaction();
+        m_sinceTransactionBegan.start();
     }
     const Step added{step, done, succeeds(step)};
-    if (!m_isGroupOpen) {
+    if (!m_isTransactionOpen) {
         conclude(added);
         return;
     }
     m_group.push_back(added);
     // The database may have given up the whole group at a failure, which its end will show.
-    if (!added.succeeded || m_sinceGroupBegan.elapsed() >= longestGroup)
+    if (!added.succeeded || m_sinceTransactionBegan.elapsed() >= longestTransaction)
         finish();
 }
 
 void RunSteps::finish()
 {
-    if (!std::exchange(m_isGroupOpen, false))
+    if (!std::exchange(m_isTransactionOpen, false))
         return;
     const std::vector<Step> group = std::exchange(m_group, {});
-    const bool committed = m_run.commitGroup();
+    const bool committed = m_run.commitTransaction();
     for (Step step : group) {
         if (!committed)
             step.succeeded = m_run.observer().advance(0) && succeeds(step.run);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/RunObserver.h"
 #include "db/Connection.h"
-#include "storage/RunObserver.h"
 
 #include <QElapsedTimer>
 
@@ -44,9 +44,9 @@ public:
 
     /// Begins a group of statements that are committed together. Returns false where each is committed by
     /// itself: on an engine where that costs no more, and when the group cannot begin.
-    bool beginGroup();
+    bool beginTransaction();
     /// Commits the group. Returns false when that failed; then none of its statements has changed anything.
-    bool commitGroup();
+    bool commitTransaction();
 
 private:
     bool tryChange(const QString &sql);
@@ -84,9 +84,9 @@ private:
 
     Run &m_run;
     std::vector<Step> m_group;
-    QElapsedTimer m_sinceGroupBegan;
-    bool m_isGroupOpen = false;
-    bool m_triesGroups = true;
+    QElapsedTimer m_sinceTransactionBegan;
+    bool m_isTransactionOpen = false;
+    bool m_triesTransactions = true;
     int m_errorCount = 0;
 };
 

@@ -15,7 +15,7 @@ template <class Table> void noteMissing(Table &table, const QSet<RecordKey> &loa
 {
     for (const auto &record : table) {
         if (!loaded.contains(keyOf(record)))
-            table.ledger.noteWithoutRow(record);
+            table.unsaved.noteWithoutRow(record);
     }
 }
 

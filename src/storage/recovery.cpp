@@ -51,12 +51,12 @@ template <class Record> QJsonValue toJson(const std::optional<Record> &record)
     return object;
 }
 
-/// The entries of a ledger in the order in which their records came into memory, and behind them others.
+/// The entries of a unsaved in the order in which their records came into memory, and behind them others.
 template <class Entry>
-QJsonArray toJson(const QHash<RecordKey, Entry> &ledger, const std::vector<Entry> &others)
+QJsonArray toJson(const QHash<RecordKey, Entry> &unsaved, const std::vector<Entry> &others)
 {
     std::vector<const Entry *> entries;
-    for (const Entry &entry : ledger)
+    for (const Entry &entry : unsaved)
         entries.push_back(&entry);
     std::ranges::sort(entries, {}, [](const Entry *entry) { return entry->sequence; });
     for (const Entry &entry : others)
@@ -96,11 +96,11 @@ template <class Record> std::optional<Record> recordFrom(const QJsonValue &value
     return record;
 }
 
-template <class Record> std::vector<typename Ledger<Record>::Entry> entriesFrom(const QJsonValue &value)
+template <class Record> std::vector<UnsavedChange<Record>> entriesFrom(const QJsonValue &value)
 {
     if (!value.isArray())
         refuse(QStringLiteral("A list of records is missing."));
-    std::vector<typename Ledger<Record>::Entry> entries;
+    std::vector<UnsavedChange<Record>> entries;
     for (const QJsonArray array = value.toArray(); const QJsonValue entry : array) {
         entries.push_back({recordFrom<Record>(entry["before"]), recordFrom<Record>(entry["now"]), 0,
                            entry["addedAnew"].toBool()});
@@ -118,15 +118,15 @@ template <class Table, class Entry> bool apply(const Entry &entry, Table &table)
     const int index = table.find(any.configuration, any.name, any.nameIndex);
     using Record = std::remove_cvref_t<decltype(any)>;
     const std::optional<Record> current = index < 0 ? std::nullopt : std::optional<Record>(table[index]);
-    if (makeSameRow(current, entry.now))
+    if (sameContent(current, entry.now))
         return true;
-    if (!makeSameRow(current, entry.before))
+    if (!sameContent(current, entry.before))
         return false;
     if (index >= 0 && (!entry.now || entry.isAddedAnew))
         table.remove(index);
     if (entry.now) {
         Record record = *entry.now;
-        record.id = current && !entry.isAddedAnew && haveSameRow(*current, record) ? current->id : -1;
+        record.id = current && !entry.isAddedAnew && sameKey(*current, record) ? current->id : -1;
         table.store(std::move(record));
     }
     return true;
@@ -154,8 +154,8 @@ bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
                                {"server", m_database.server},
                                {"database", m_database.database},
                                {"time", QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
-                               {"lines", toJson(model.lines.ledger.entries(), conflicts.lines)},
-                               {"fields", toJson(model.fields.ledger.entries(), conflicts.fields)}};
+                               {"lines", toJson(model.lines.unsaved.entries(), conflicts.lines)},
+                               {"fields", toJson(model.fields.unsaved.entries(), conflicts.fields)}};
     QSaveFile file(m_path);
     return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
            file.write(QJsonDocument(contents).toJson(QJsonDocument::Compact)) >= 0 && file.commit();

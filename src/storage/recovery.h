@@ -20,8 +20,8 @@ namespace varnow {
 struct LeftChanges
 {
     QDateTime time; ///< when they were written
-    std::vector<Ledger<Line>::Entry> lines;
-    std::vector<Ledger<Field>::Entry> fields;
+    std::vector<UnsavedChange<Line>> lines;
+    std::vector<UnsavedChange<Field>> fields;
 
     bool isEmpty() const { return lines.empty() && fields.empty(); }
 };

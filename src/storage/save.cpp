@@ -159,7 +159,7 @@ template <class Record, class Order> SaveResult deleteRemoved(Run &run, EditedTa
         };
         const auto forget = [&](Record &record) {
             if (!isInUse(record))
-                table.ledger.settleDeleted(record);
+                table.unsaved.settleDeleted(record);
             record.id = -1;
         };
         const int errorCount = runOver(run, table.removed, texts, deleteOne, forget);
@@ -176,7 +176,7 @@ template <class Record, class Order> SaveResult save(Run &run, EditedTable<Recor
         if (!table.isEmpty())
             return runOver(
                 run, table, texts, [&run](const Record &record) { saveRecord(run, record); },
-                [&table](const Record &record) { table.ledger.settle(record); });
+                [&table](const Record &record) { table.unsaved.settle(record); });
         run.showMessage(QStringLiteral("No records found to process."));
         return 0;
     });

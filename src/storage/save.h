@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/RunObserver.h"
 #include "db/ConnectionSettings.h"
 #include "model/Model.h"
-#include "storage/RunObserver.h"
 
 // Writing the records back to the database, one statement after the other.
 

@@ -75,7 +75,7 @@ TEST_P(StartTest, AsksForBothDatabasesBeforeTheEditor)
     const QString second = "Enter Velmora database information.";
     const QStringList other{valid[0], valid[1], " other ", ""};
     const Boxes canceled = ending("The database login was canceled.");
-    const Boxes complaint{critical("A Username is required.", "ERROR")};
+    const Boxes problem{critical("A Username is required.", "ERROR")};
     const auto nowhere = [this](const QString &server) {
         return logIn({GetParam() == Engine::Sqlite ? valid[0] : server, valid[1] + "x", "user", ""});
     };
@@ -84,7 +84,7 @@ TEST_P(StartTest, AsksForBothDatabasesBeforeTheEditor)
     EXPECT_EQ(session.configurationNames, QStringList({"Standard", "Fixed Length"}));
     expectStart(" \t", {under(first, cancel)}, 1, canceled);
     expectStart("", {under(first, logIn(valid)), under(second, cancel)}, 1, exact + canceled);
-    expectStart("", {under(first, logIn({"s", "d", "", ""})), under(first, cancel)}, 1, complaint + canceled);
+    expectStart("", {under(first, logIn({"s", "d", "", ""})), under(first, cancel)}, 1, problem + canceled);
     database.run("UPDATE database_version SET database_version = 2");
     expectStart("", {logIn(valid), nowhere("no-such-host.invalid"), close}, 0, earlier + earlier);
     expectStart("", {nowhere("127.0.0.1,1")}, 1,

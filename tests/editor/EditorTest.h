@@ -6,8 +6,8 @@
 #include "support/TestDatabase.h"
 
 #include "editor/EditorWindow.h"
-#include "editor/RunWindow.h"
 #include "storage/load.h"
+#include "ui/RunWindow.h"
 
 #include <optional>
 
@@ -46,7 +46,7 @@ struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
     {
         session.configurationNames = configurations;
         session.defaultConfiguration = defaultName;
-        RunWindow run;
+        ui::RunWindow run;
         ASSERT_EQ(loadAll(database.settings(), model, run), 0);
         editor.emplace(session, model);
         user.emplace(*editor);

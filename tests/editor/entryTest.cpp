@@ -7,10 +7,10 @@ namespace varnow::test {
 namespace {
 
 /// The box that collects failed checks.
-Box dataChecking(const QString &what, const QStringList &complaints)
+Box dataChecking(const QString &what, const QStringList &problems)
 {
     return critical("There is a problem with the data for the " + what + " entry.\r\n\t" +
-                        complaints.join("\r\n\t"),
+                        problems.join("\r\n\t"),
                     "Data Checking");
 }
 
@@ -131,9 +131,9 @@ TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
           "The Position Field is empty."}},
         {{.length = "99999999999"}, {fixed + "length is not a number."}},
     };
-    for (const auto &[field, complaints] : cases) {
+    for (const auto &[field, problems] : cases) {
         changeField(field);
-        expectBoxes({dataChecking("line field", complaints)});
+        expectBoxes({dataChecking("line field", problems)});
     }
     EXPECT_EQ(fieldTexts(), QStringList("3.1 Set ID"));
     user->click("fixedLength");

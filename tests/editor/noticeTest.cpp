@@ -1,4 +1,4 @@
-// What the notice bar says, what its buttons cure, and what the window of unsaved changes takes back.
+// What the notice bar says, what its buttons fix, and what the window of unsaved changes takes back.
 
 #include "editor/EditorTest.h"
 #include "model/RecordReference.h"
@@ -56,7 +56,7 @@ struct NoticeTest : EditorTest
     }
 };
 
-// Faults: a sentence that tells another story than what was done, a cure that does something else.
+// Faults: a sentence that tells another story than what was done, a fix that does something else.
 TEST_P(NoticeTest, TellsWhatALinesChangeDidAndCuresIt)
 {
     EXPECT_EQ(notice(), "Loaded: 3 lines and 3 fields.");
@@ -183,7 +183,7 @@ TEST_P(NoticeTest, TakesBackWhatIsSelected)
     QTest::keyClick(list, Qt::Key_Return);
     EXPECT_EQ(user->texts({"fieldName", "constant"}), "Value|new") << "shown in the editor";
     list->selectAll();
-    unsaved.click("takeBack");
+    unsaved.click("revert");
     EXPECT_EQ(lineTexts(), linesBefore);
     EXPECT_EQ(fieldTexts(), fieldsBefore);
     EXPECT_EQ(list->model()->rowCount(), 0);
@@ -227,19 +227,19 @@ TEST_P(NoticeTest, FindsWhatRecordsHold)
     EXPECT_TRUE(user->control("find")->isHidden() || !user->control("find")->isVisible());
 }
 
-// Faults: a finding that stays when it is cured, a cure that cannot be undone.
+// Faults: a issue that stays when it is fixed, a fix that cannot be undone.
 TEST_P(NoticeTest, ChecksAndMovesFields)
 {
     change({{"lineName", "OBX"}, {"lineIndex", "2"}, {"lineMessageIndex", "5"}});
     user->press(Qt::Key_F8);
     ASSERT_EQ(ui::Window::loadedWindows().size(), 2U);
     Driver check(*ui::Window::loadedWindows()[1]);
-    auto *list = static_cast<QTreeView *>(check.control("findings"));
+    auto *list = static_cast<QTreeView *>(check.control("issues"));
     const int found = list->model()->rowCount();
     ASSERT_GE(found, 1);
-    for (int row = 0; row < found && check.text("cure") != "&Move its fields"; ++row)
+    for (int row = 0; row < found && check.text("fix") != "&Move its fields"; ++row)
         list->setCurrentIndex(list->model()->index(row, 0));
-    check.click("cure");
+    check.click("fix");
     EXPECT_EQ(fieldTexts(), QStringList({"1.1 Set ID", "5.6 Value", "5.7 Units"}));
     EXPECT_LT(list->model()->rowCount(), found);
     user->click("noticeButton1");

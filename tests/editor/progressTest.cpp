@@ -75,7 +75,7 @@ TEST_P(ProgressTest, LeavesTheRecordsAsTheyAreWhenALoadIsStopped)
         EXPECT_EQ(window->findChild<QLabel *>("count")->text(), "");
         window->close();
     };
-    RunWindow run;
+    ui::RunWindow run;
     EXPECT_EQ(loadAll(database.settings(), model, run), errors::UserInterrupt);
     EXPECT_EQ(lines[0].name, "L1");
 }

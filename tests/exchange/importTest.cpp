@@ -26,7 +26,7 @@ struct ImportTest : ModelFixture, testing::Test
         QStringList told;
         for (const ImportRow &row : plan(contents).rows)
             told += QString::number(row.number) + ' ' + words[static_cast<int>(row.outcome)] +
-                    (row.complaints.isEmpty() ? "" : ": " + row.complaints.join('|'));
+                    (row.problems.isEmpty() ? "" : ": " + row.problems.join('|'));
         return told;
     }
 };
@@ -59,7 +59,7 @@ TEST_F(ImportTest, MakesEqualRecordsOfHostileTexts)
     const auto expectEqual = [](const auto &expected, const auto &actual) {
         ASSERT_EQ(actual.size(), expected.size());
         for (int i = 0; i < expected.size(); ++i)
-            EXPECT_TRUE(makeSameRow(expected[i], actual[i])) << i;
+            EXPECT_TRUE(sameContent(expected[i], actual[i])) << i;
     };
     expectEqual(lines, other.lines);
     expectEqual(fields, other.fields);
@@ -154,7 +154,7 @@ TEST_F(ImportTest, ComparesWithTheModelAndFindsTheLinesOfItsOwn)
     EXPECT_EQ(
         planImport({{"a.csv", elsewhere}}, model, "LAB", ImportTarget::Current).count(RowOutcome::Changed),
         1);
-    EXPECT_EQ(planImport({{"a.csv", elsewhere}}, model, " ").rows.back().complaints,
+    EXPECT_EQ(planImport({{"a.csv", elsewhere}}, model, " ").rows.back().problems,
               QStringList("There is no configuration for it."));
 }
 

@@ -1,5 +1,5 @@
 // Faults to catch: an undo that brings back another value, order, message index or identifier, or another row
-// waiting for deletion; a ledger that forgets a difference or keeps one that is gone.
+// waiting for deletion; a unsaved that forgets a difference or keeps one that is gone.
 
 #include "support/ModelFixture.h"
 
@@ -89,10 +89,10 @@ public:
                 fields.remove(pick(0, fields.size() - 1));
             break;
         case 4:
-            takeBackOneOf(lines.ledger);
+            takeBackOneOf(lines.unsaved);
             break;
         case 5:
-            takeBackOneOf(fields.ledger);
+            takeBackOneOf(fields.unsaved);
             break;
         default:
             if (!lines.isEmpty()) {
@@ -105,7 +105,7 @@ public:
         }
     }
 
-    /// The ledger names exactly the records that differ from what was loaded.
+    /// The unsaved names exactly the records that differ from what was loaded.
     void expectTrueLedger() const
     {
         const auto expectTrue = [](const auto &loaded, const auto &table) {
@@ -115,7 +115,7 @@ public:
                 differences += !now.contains(key) || now.at(key) != row;
             for (const auto &[key, row] : now)
                 differences += !loaded.contains(key);
-            ASSERT_EQ(table.ledger.entries().size(), differences);
+            ASSERT_EQ(table.unsaved.entries().size(), differences);
         };
         expectTrue(m_loadedLines, lines);
         expectTrue(m_loadedFields, fields);
@@ -124,13 +124,13 @@ public:
     int pick(int least, int greatest) { return std::uniform_int_distribution(least, greatest)(m_random); }
 
 private:
-    template <class Record> void takeBackOneOf(const Ledger<Record> &ledger)
+    template <class Record> void takeBackOneOf(const UnsavedChanges<Record> &unsaved)
     {
-        if (ledger.isEmpty())
+        if (unsaved.isEmpty())
             return;
-        const typename Ledger<Record>::Entry entry = *ledger.entries().begin();
-        model.takeBack(entry);
-        EXPECT_FALSE(ledger.entries().contains(keyOf(entry.record())));
+        const UnsavedChange<Record> entry = *unsaved.entries().begin();
+        model.revert(entry);
+        EXPECT_FALSE(unsaved.entries().contains(keyOf(entry.record())));
     }
 
     Line randomLine()

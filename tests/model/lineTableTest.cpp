@@ -18,7 +18,7 @@ struct LineTableTest : testing::Test, ModelFixture
 
 } // namespace
 
-// Fault: a search finding another line, for duplicates, for case and blanks that only one side has, for an
+// Fault: a search issue another line, for duplicates, for case and blanks that only one side has, for an
 // index that only a click may leave open, for a line that has taken the place of a removed one. Each case is
 // worked out by hand.
 TEST_F(LineTableTest, FindsTheFirstLineOfAKeyOrName)

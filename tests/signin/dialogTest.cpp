@@ -60,8 +60,8 @@ struct SignInTest : StartFixture
 // leaves the user at an entry that is not missing.
 TEST_P(SignInTest, AsksForEveryBlankEntryAndStaysOpen)
 {
-    const QStringList complaints{"A Server name is required.", "A Database name is required.",
-                                 "A Username is required."};
+    const QStringList problems{"A Server name is required.", "A Database name is required.",
+                               "A Username is required."};
     for (int filled = 0; filled < 7; ++filled) {
         QStringList entries{"", "  ", "", "secret"};
         Boxes expected;
@@ -70,7 +70,7 @@ TEST_P(SignInTest, AsksForEveryBlankEntryAndStaysOpen)
             if ((filled >> i) % 2 == 1) {
                 entries[i] = "x";
             } else {
-                expected.prepend(critical(complaints[i], "ERROR"));
+                expected.prepend(critical(problems[i], "ERROR"));
                 firstMissing = allEntries[i];
             }
         }

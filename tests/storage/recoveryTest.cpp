@@ -136,13 +136,13 @@ TEST_F(RecoveryTest, TakesOverWhatWasLeft)
     loadRows(changed);
     changed.lines.assign({line(1, "S", "PID", 0, 4)});
     const auto before = rowsOf(changed.lines);
-    const auto left = lines.ledger.entries();
+    const auto left = lines.unsaved.entries();
     {
         const Editing editing(changed);
         for (const auto &entry : left)
-            changed.takeOver(entry);
-        for (const auto &entry : fields.ledger.entries())
-            changed.takeOver(entry);
+            changed.reapply(entry);
+        for (const auto &entry : fields.unsaved.entries())
+            changed.reapply(entry);
     }
     EXPECT_EQ(changed.lines[changed.lines.find("S", "PID", 0)].messageIndex, 9);
     EXPECT_EQ(changed.lines.size(), lines.size());

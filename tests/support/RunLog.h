@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/RunObserver.h"
+#include "base/RunObserver.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "storage/rowFindings.h"
+#include "storage/rowIssues.h"
 
 #include "storage/statements.h"
 
@@ -108,7 +108,7 @@ template <class Record> const Row<Record> *rowToKeep(const Rows<Record> &rows, c
     };
     const Row<Record> *best = nullptr;
     for (const Row<Record> &row : rows) {
-        if (haveSameRow(row.record, record) && (best == nullptr || rank(row) < rank(*best)))
+        if (sameKey(row.record, record) && (best == nullptr || rank(row) < rank(*best)))
             best = &row;
     }
     return best;
@@ -129,38 +129,38 @@ QString standsElsewhere(const Field &row, const Field &field)
 }
 
 template <class Record>
-RowFinding findingOf(const Row<Record> &row, FindingKind kind, const QString &text, Cure cure, int keptId = 0)
+RowIssue issueOf(const Row<Record> &row, IssueKind kind, const QString &text, Fix fix, int keptId = 0)
 {
     const RecordReference record{Names<Record>::kind, keyOf(row.record)};
-    return {{kind, QStringLiteral("Row %1 ").arg(row.record.id) + text, record, cure}, row.record, keptId};
+    return {{kind, QStringLiteral("Row %1 ").arg(row.record.id) + text, record, fix}, row.record, keptId};
 }
 
 /// Looks through the rows of one record in memory.
 template <class Record>
-void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowFinding> &findings)
+void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowIssue> &issues)
 {
     const Row<Record> *kept = rowToKeep(rows, record);
     const QString name = Names<Record>::name + ' ' + shownName(record);
     for (const Row<Record> &row : rows) {
         if (&row == kept) {
             if (row.isNullIndexed)
-                findings.push_back(findingOf(
-                    row, FindingKind::NullNameIndex,
+                issues.push_back(issueOf(
+                    row, IssueKind::NullNameIndex,
                     "of " + name +
                         " has no name index or line index. A save does not find it and writes another row.",
-                    Cure::None));
+                    Fix::None));
             continue;
         }
         QString text = standsElsewhere(row.record, record);
         if (text.isEmpty() && kept != nullptr)
             text = QStringLiteral("has the key of %1 as row %2 has. A save writes only one of them.")
                        .arg(name, QString::number(kept->record.id));
-        findings.push_back(findingOf(row, FindingKind::StrayRow, text, Cure::RemoveAtNextSave,
-                                     kept == nullptr ? 0 : kept->record.id));
+        issues.push_back(issueOf(row, IssueKind::StrayRow, text, Fix::RemoveAtNextSave,
+                                 kept == nullptr ? 0 : kept->record.id));
     }
 }
 
-template <class Record> void addFindings(Run &run, const Model &model, std::vector<RowFinding> &findings)
+template <class Record> void addFindings(Run &run, const Model &model, std::vector<RowIssue> &issues)
 {
     const auto &table = Names<Record>::tableOf(model);
     QSet<int> waiting;
@@ -170,7 +170,7 @@ template <class Record> void addFindings(Run &run, const Model &model, std::vect
         const RecordKey key = keyOf(rows.front().record);
         const int index = table.find(key.configuration, key.name, key.nameIndex);
         if (index >= 0)
-            checkRows(rows, table[index], findings);
+            checkRows(rows, table[index], issues);
     }
 }
 
@@ -192,7 +192,7 @@ template <class Table, class Record> bool letGo(Table &table, const Record &row,
     }
     const Record remaining = *twin;
     table.remove(table.indexOf(*owner));
-    table.ledger.note({}, remaining); // the key is not gone
+    table.unsaved.note({}, remaining); // the key is not gone
     return true;
 }
 
@@ -209,15 +209,15 @@ bool tellsLetterCaseApart(Run &run, QLatin1String table)
 
 } // namespace
 
-std::vector<RowFinding> findRows(Run &run, const Model &model)
+std::vector<RowIssue> findRowIssues(Run &run, const Model &model)
 {
-    std::vector<RowFinding> findings;
-    addFindings<Line>(run, model, findings);
-    addFindings<Field>(run, model, findings);
-    return findings;
+    std::vector<RowIssue> issues;
+    addFindings<Line>(run, model, issues);
+    addFindings<Field>(run, model, issues);
+    return issues;
 }
 
-void removeAtNextSave(Model &model, const RowFinding &found)
+void removeAtNextSave(Model &model, const RowIssue &found)
 {
     const auto remove = [&]<class Record>(const Record &row) {
         auto &table = Names<Record>::tableOf(model);

@@ -1,4 +1,4 @@
-#include "model/findings.h"
+#include "model/issues.h"
 
 #include "model/TreeOrder.h"
 #include "model/lineLayout.h"
@@ -56,28 +56,28 @@ class Found
 public:
     explicit Found(const TreeOrder &order) : m_order(order) {}
 
-    void add(const Line &line, FindingKind kind, const QString &text)
+    void add(const Line &line, IssueKind kind, const QString &text)
     {
         add({m_order.rankOf(line.messageIndex), -1}, {kind, text, {RecordKind::Line, keyOf(line)}});
     }
 
-    void add(const OwnedField &owned, FindingKind kind, const QString &text, Cure cure = Cure::None)
+    void add(const OwnedField &owned, IssueKind kind, const QString &text, Fix fix = Fix::None)
     {
         const Field &field = *owned.field;
         add({m_order.rankOf(field.messageIndex), owned.sequence},
             {kind,
              text,
              {RecordKind::Field, keyOf(field)},
-             cure,
+             fix,
              owned.line ? keyOf(*owned.line) : RecordKey()});
     }
 
     /// Hands over all of it in the order of the tree.
-    void moveTo(std::vector<Finding> &findings)
+    void moveTo(std::vector<Issue> &issues)
     {
         std::ranges::stable_sort(m_entries, {}, &Entry::place);
         for (Entry &entry : m_entries)
-            findings.push_back(std::move(entry.finding));
+            issues.push_back(std::move(entry.issue));
     }
 
 private:
@@ -87,16 +87,16 @@ private:
     struct Entry
     {
         Place place;
-        Finding finding;
+        Issue issue;
     };
 
-    void add(Place place, Finding finding) { m_entries.push_back({place, std::move(finding)}); }
+    void add(Place place, Issue issue) { m_entries.push_back({place, std::move(issue)}); }
 
     const TreeOrder &m_order;
     std::vector<Entry> m_entries;
 };
 
-Finding unknownConfiguration(const QString &configuration, const Records &records)
+Issue unknownConfiguration(const QString &configuration, const Records &records)
 {
     const QString text = configuration.isEmpty()
                              ? QStringLiteral("There are records of no configuration: %1 and %2.")
@@ -105,7 +105,7 @@ Finding unknownConfiguration(const QString &configuration, const Records &record
     const RecordReference first =
         hasLine ? RecordReference{RecordKind::Line, keyOf(*records.lines.front())}
                 : RecordReference{RecordKind::Field, keyOf(*records.fields.front().field)};
-    return {FindingKind::UnknownConfiguration,
+    return {IssueKind::UnknownConfiguration,
             text.arg(counted(qint64(records.lines.size()), "line"),
                      counted(qint64(records.fields.size()), "field")),
             first};
@@ -119,16 +119,16 @@ void checkMessageIndexes(std::vector<const Line *> lines, const TreeOrder &order
         const int messageIndex = line->messageIndex;
         if (const Line *shown = order.lineAt(messageIndex); shown != line)
             found.add(
-                *line, FindingKind::SameMessageIndex,
+                *line, IssueKind::SameMessageIndex,
                 QStringLiteral("%1 has message index %2 as line %3 has, so that the tree does not show it.")
                     .arg(textOf(*line), QString::number(messageIndex), shownName(*shown)));
         if (messageIndex == expected + 1)
-            found.add(*line, FindingKind::MessageIndexGap,
+            found.add(*line, IssueKind::MessageIndexGap,
                       QStringLiteral("No line before line %1 has message index %2.")
                           .arg(shownName(*line), QString::number(expected)));
         else if (messageIndex > expected)
             found.add(
-                *line, FindingKind::MessageIndexGap,
+                *line, IssueKind::MessageIndexGap,
                 QStringLiteral("No line before line %1 has a message index from %2 to %3.")
                     .arg(shownName(*line), QString::number(expected), QString::number(messageIndex - 1)));
         expected = std::max(expected, qint64{messageIndex} + 1);
@@ -139,7 +139,7 @@ void checkMembership(const OwnedField &owned, const TreeOrder &order, Found &fou
 {
     const Field &field = *owned.field;
     if (owned.line == nullptr) {
-        found.add(owned, FindingKind::FieldWithoutLine,
+        found.add(owned, IssueKind::FieldWithoutLine,
                   QStringLiteral("%1 belongs to line %2, which does not exist.")
                       .arg(textOf(field), shownName(field.line, field.lineIndex)));
         return;
@@ -147,12 +147,12 @@ void checkMembership(const OwnedField &owned, const TreeOrder &order, Found &fou
     if (field.messageIndex == owned.line->messageIndex)
         return;
     const Line *other = order.lineAt(field.messageIndex);
-    found.add(owned, FindingKind::FieldElsewhere,
+    found.add(owned, IssueKind::FieldElsewhere,
               QStringLiteral("%1 has message index %2, but its line %3 has %4. The tree shows it %5.")
                   .arg(textOf(field), QString::number(field.messageIndex), shownName(*owned.line),
                        QString::number(owned.line->messageIndex),
                        other == nullptr ? QStringLiteral("nowhere") : "under line " + shownName(*other)),
-              Cure::MoveItsFields);
+              Fix::MoveItsFields);
 }
 
 void checkPositions(FieldsOfLine fields, Found &found)
@@ -165,7 +165,7 @@ void checkPositions(FieldsOfLine fields, Found &found)
             first = owned;
         else
             found.add(
-                *owned, FindingKind::SamePosition,
+                *owned, IssueKind::SamePosition,
                 QStringLiteral("%1 has position %2 of line %3 as field %4 has, so that the tree does not "
                                "show it.")
                     .arg(textOf(*owned->field), QString::number(positionOf(owned)), shownName(*owned->line),
@@ -182,27 +182,26 @@ void checkLayout(const FieldsOfLine &fields, Found &found)
         owners[owned->field] = owned;
     }
     const LineLayout layout = layoutOf(plain);
-    const auto add = [&](const LayoutBar &bar, FindingKind kind, const QString &text) {
+    const auto add = [&](const LayoutBar &bar, IssueKind kind, const QString &text) {
         found.add(*owners[bar.field], kind, text);
     };
     for (const LayoutBar &bar : layout.bars) {
         if (bar.length < 1)
-            add(bar, FindingKind::NoLength,
-                textOf(*bar.field) + " is a fixed-length field without a length.");
+            add(bar, IssueKind::NoLength, textOf(*bar.field) + " is a fixed-length field without a length.");
         if (bar.start < 1)
-            add(bar, FindingKind::NoLength,
+            add(bar, IssueKind::NoLength,
                 textOf(*bar.field) + " is a fixed-length field without a character position.");
     }
     for (const LayoutOverlap &overlap : layout.overlaps) {
         const LayoutBar &bar = layout.bars[overlap.second];
-        add(bar, FindingKind::Overlap,
+        add(bar, IssueKind::Overlap,
             QStringLiteral("%1 overlaps field %2 at %3.")
                 .arg(textOf(*bar.field), shownName(*layout.bars[overlap.first].field),
                      charactersText(overlap.start, overlap.length)));
     }
     for (const LayoutGap &gap : layout.gaps) {
         const LayoutBar &bar = layout.bars[gap.before];
-        add(bar, FindingKind::Gap,
+        add(bar, IssueKind::Gap,
             QStringLiteral("No field fills %1 of line %2, before field %3.")
                 .arg(charactersText(gap.start, gap.length), shownName(bar.field->line, bar.field->lineIndex),
                      shownName(*bar.field)));
@@ -213,20 +212,20 @@ void checkLookup(const OwnedField &owned, const QSet<QString> &dataFieldNames, F
 {
     const QString &lookup = owned.field->lookup;
     if (!lookup.isEmpty() && !dataFieldNames.contains(lookup))
-        found.add(owned, FindingKind::UnknownLookup,
+        found.add(owned, IssueKind::UnknownLookup,
                   QStringLiteral("The lookup of field %1 is \"%2\", which is no data field name of the "
                                  "configuration.")
                       .arg(shownName(*owned.field), isolated(lookup)));
 }
 
 void checkConfiguration(const Records &records, const std::optional<QSet<QString>> &dataFieldNames,
-                        const LetterCaseTexts &letterCase, std::vector<Finding> &findings)
+                        const LetterCaseTexts &letterCase, std::vector<Issue> &issues)
 {
     const TreeOrder order(records.lines);
     Found found(order);
     const auto checkLetterCase = [&](const auto &entry, const void *record) {
         if (const auto text = letterCase.find(record); text != letterCase.end())
-            found.add(entry, FindingKind::LetterCase, text->second);
+            found.add(entry, IssueKind::LetterCase, text->second);
     };
     checkMessageIndexes(records.lines, order, found);
     for (const Line *line : records.lines)
@@ -246,7 +245,7 @@ void checkConfiguration(const Records &records, const std::optional<QSet<QString
             checkLayout(fields->second, found);
         }
     }
-    found.moveTo(findings);
+    found.moveTo(issues);
 }
 
 const Line *findLine(const LineTable &lines, const RecordKey &key)
@@ -320,21 +319,21 @@ template <class Table> void addLetterCaseTexts(const Table &table, LetterCaseTex
 
 } // namespace
 
-std::vector<Finding> findingsIn(const Model &model, const FindingContext &context,
-                                const std::optional<QString> &configuration)
+std::vector<Issue> issuesIn(const Model &model, const IssueContext &context,
+                            const std::optional<QString> &configuration)
 {
     LetterCaseTexts letterCase;
     if (!context.tellsLetterCaseApart) {
         addLetterCaseTexts(model.lines, letterCase);
         addLetterCaseTexts(model.fields, letterCase);
     }
-    std::vector<Finding> findings;
+    std::vector<Issue> issues;
     std::map<QString, Records> all = recordsByConfiguration(model, configuration);
     const auto check = [&](const QString &name, const Records &records) {
         std::optional<QSet<QString>> dataFieldNames;
         if (const auto names = context.dataFieldNames.find(name); names != context.dataFieldNames.end())
             dataFieldNames.emplace(names->begin(), names->end());
-        checkConfiguration(records, dataFieldNames, letterCase, findings);
+        checkConfiguration(records, dataFieldNames, letterCase, issues);
     };
     for (const QString &name : context.configurations) {
         if (const auto known = all.find(name); known != all.end()) {
@@ -343,10 +342,10 @@ std::vector<Finding> findingsIn(const Model &model, const FindingContext &contex
         }
     }
     for (const auto &[name, records] : all) {
-        findings.push_back(unknownConfiguration(name, records));
+        issues.push_back(unknownConfiguration(name, records));
         check(name, records);
     }
-    return findings;
+    return issues;
 }
 
 void moveFieldsToLine(Model &model, const RecordKey &line)

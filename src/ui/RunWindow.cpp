@@ -1,4 +1,4 @@
-#include "editor/RunWindow.h"
+#include "ui/RunWindow.h"
 
 #include "ui/Application.h"
 #include "ui/Button.h"
@@ -6,7 +6,7 @@
 #include "ui/MessageBox.h"
 #include "ui/Window.h"
 
-namespace varnow {
+namespace varnow::ui {
 
 namespace {
 
@@ -27,9 +27,9 @@ public:
         stop.onClick = [&run] { run.m_isStopped = true; };
         onCloseRequest = [&run, this] {
             if (m_partHasEnded)
-                return ui::CloseDecision::Close;
+                return CloseDecision::Close;
             run.m_isStopped = true;
-            return ui::CloseDecision::StayOpen;
+            return CloseDecision::StayOpen;
         };
     }
 
@@ -39,9 +39,9 @@ public:
         unload();
     }
 
-    ui::Label what{*this, "what", "", {120, 120, 3960, 225}};
-    ui::Label count{*this, "count", "", {120, 420, 3960, 225}};
-    ui::CommandButton stop{*this, "stop", "&Stop", {2565, 900, 1515, 600}};
+    Label what{*this, "what", "", {120, 120, 3960, 225}};
+    Label count{*this, "count", "", {120, 420, 3960, 225}};
+    CommandButton stop{*this, "stop", "&Stop", {2565, 900, 1515, 600}};
 
 private:
     bool m_partHasEnded = false;
@@ -94,7 +94,7 @@ void RunWindow::show(Part &part)
                                                   : QString());
     if (!part.window->isLoaded())
         part.window->showInFront();
-    ui::handleEvents();
+    handleEvents();
 }
 
-} // namespace varnow
+} // namespace varnow::ui

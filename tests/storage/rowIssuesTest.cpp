@@ -1,7 +1,7 @@
-// Faults to catch: a row that hides behind another one and is not found, a cure that deletes the row to keep
+// Faults to catch: a row that hides behind another one and is not found, a fix that deletes the row to keep
 // or cannot be undone, a collation that is not the column's.
 
-#include "storage/rowFindings.h"
+#include "storage/rowIssues.h"
 
 #include "support/StorageFixture.h"
 
@@ -11,18 +11,18 @@ namespace {
 
 struct RowFindingsTest : StorageTest
 {
-    std::vector<RowFinding> find()
+    std::vector<RowIssue> find()
     {
         varnow::Run reading(settings, run);
-        return findRows(reading, model);
+        return findRowIssues(reading, model);
     }
 
     QStringList found()
     {
         QStringList texts;
-        for (const RowFinding &found : find())
-            texts += (found.finding.cure == Cure::RemoveAtNextSave ? "" : "no cure: ") +
-                     withoutIsolation(found.finding.text);
+        for (const RowIssue &found : find())
+            texts += (found.issue.fix == Fix::RemoveAtNextSave ? "" : "no fix: ") +
+                     withoutIsolation(found.issue.text);
         return texts;
     }
 
@@ -30,12 +30,12 @@ struct RowFindingsTest : StorageTest
 
     void removeAll()
     {
-        for (const RowFinding &found : find()) {
+        for (const RowIssue &found : find()) {
             const Editing editing(model);
-            if (found.finding.cure == Cure::RemoveAtNextSave)
+            if (found.issue.fix == Fix::RemoveAtNextSave)
                 removeAtNextSave(model, found);
         }
-        EXPECT_TRUE(model.hasRowsToDelete()) << "else leaving would lose the cure without a question";
+        EXPECT_TRUE(model.hasRowsToDelete()) << "else leaving would lose the fix without a question";
     }
 };
 
@@ -58,7 +58,7 @@ TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
     const QString unfound = " A save does not find it and writes another row.";
     const QStringList expected{
         "Row 2 has the key of line PID as row 1 has." + onlyOne,
-        "no cure: Row 3 of line OBX has no name index or line index." + unfound,
+        "no fix: Row 3 of line OBX has no name index or line index." + unfound,
         "Row 1 has the key of field a as row 2 has." + onlyOne,
         "Row 3 keeps field b(2) under line OBX, while it stands under line PID here." + leftBehind,
         "Row 6 has the key of field c as row 5 has." + onlyOne,

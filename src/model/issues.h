@@ -12,7 +12,7 @@
 namespace varnow {
 
 /// What can be wrong with a record, or with a row of the database.
-enum class FindingKind {
+enum class IssueKind {
     UnknownConfiguration, ///< not in the catalogue, or none
     SameMessageIndex,     ///< as an earlier line, so that the tree does not show this one
     MessageIndexGap,
@@ -29,24 +29,24 @@ enum class FindingKind {
 };
 
 /// What helps.
-enum class Cure {
+enum class Fix {
     None,
-    MoveItsFields,   ///< moveFieldsToLine() of the finding's line
+    MoveItsFields,   ///< moveFieldsToLine() of the issue's line
     RemoveAtNextSave ///< of a row, see storage/rowFindings.h
 };
 
 /// Something to put right.
-struct Finding
+struct Issue
 {
-    FindingKind kind;
+    IssueKind kind;
     QString text; ///< a sentence or two
     RecordReference record;
-    Cure cure = Cure::None;
+    Fix fix = Fix::None;
     RecordKey line = {}; ///< that of a field, where it exists
 };
 
 /// What the records are held against.
-struct FindingContext
+struct IssueContext
 {
     QStringList configurations; ///< the catalogue, trimmed
     /// The data field names by configuration, trimmed. The lookups of one that is missing here are not looked
@@ -57,8 +57,8 @@ struct FindingContext
 
 /// What is wrong with the records of a configuration, or of all, in the order of the tree: by configuration
 /// as in the catalogue, then by line, each before its fields.
-std::vector<Finding> findingsIn(const Model &model, const FindingContext &context,
-                                const std::optional<QString> &configuration = {});
+std::vector<Issue> issuesIn(const Model &model, const IssueContext &context,
+                            const std::optional<QString> &configuration = {});
 
 /// Gives the fields of a line its message index. To be called within an Editing.
 void moveFieldsToLine(Model &model, const RecordKey &line);

@@ -32,14 +32,14 @@ private:
     /// A row of the list.
     struct Row
     {
-        std::variant<Ledger<Line>::Entry, Ledger<Field>::Entry> entry;
+        std::variant<UnsavedChange<Line>, UnsavedChange<Field>> entry;
         bool isConflict;
     };
 
     void layOut();
     void addRows();
-    void takeBack();
-    void takeOver();
+    void revert();
+    void reapply();
     void showRecordOf(int row);
     void followSelection();
     std::vector<Row> selected(bool conflicts) const;
@@ -50,8 +50,8 @@ private:
 
     ui::Table m_list{
         *this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}, {120, 120, 8760, 3600}};
-    ui::CommandButton m_takeBack{*this, "takeBack", "&Take back", {0, 0, 1515, 600}};
-    ui::CommandButton m_takeOver{*this, "takeOver", "Take &over", {0, 0, 1515, 600}};
+    ui::CommandButton m_revert{*this, "revert", "&Take back", {0, 0, 1515, 600}};
+    ui::CommandButton m_reapply{*this, "reapply", "Take &over", {0, 0, 1515, 600}};
     ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
 };
 

@@ -1,4 +1,4 @@
-#include "listing/ListingWindow.h"
+#include "review/ListingWindow.h"
 #include "support/Driver.h"
 #include "support/MessageLog.h"
 #include "support/ModelFixture.h"

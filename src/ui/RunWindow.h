@@ -1,13 +1,13 @@
 #pragma once
 
-#include "storage/RunObserver.h"
+#include "base/RunObserver.h"
 
 #include <QElapsedTimer>
 
 #include <memory>
 #include <vector>
 
-namespace varnow {
+namespace varnow::ui {
 
 /// The user at a run over the database. When a part has lasted a second, a window tells what runs and how
 /// many of how many records are done, and lets him stop it; no other window takes keys or clicks meanwhile.
@@ -42,4 +42,4 @@ private:
     bool m_isStopped = false;
 };
 
-} // namespace varnow
+} // namespace varnow::ui

@@ -1,4 +1,4 @@
-#include "editor/TargetWindow.h"
+#include "transfer/TargetWindow.h"
 
 #include "base/text.h"
 

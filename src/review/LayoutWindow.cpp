@@ -1,4 +1,4 @@
-#include "editor/LayoutWindow.h"
+#include "review/LayoutWindow.h"
 
 #include "model/RecordReference.h"
 

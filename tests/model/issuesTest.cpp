@@ -1,7 +1,7 @@
-// Faults to catch: a finding that is missed, made twice, of the wrong record or out of the tree's order; a
+// Faults to catch: a issue that is missed, made twice, of the wrong record or out of the tree's order; a
 // check that takes quadratic time.
 
-#include "model/findings.h"
+#include "model/issues.h"
 
 #include "support/ModelFixture.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 struct FindingsTest : testing::Test, ModelFixture
 {
-    FindingContext context{.configurations = {"S", "T"}, .dataFieldNames = {{"S", {"sex"}}}};
+    IssueContext context{.configurations = {"S", "T"}, .dataFieldNames = {{"S", {"sex"}}}};
 
     /// Loads a field: "name index line/line index message index.position", then what is not usual.
     Field &made(const QString &name, int position, const QString &lineName = "PID", int messageIndex = 1)
@@ -35,10 +35,10 @@ struct FindingsTest : testing::Test, ModelFixture
     QStringList found(const std::optional<QString> &configuration = {})
     {
         QStringList texts;
-        for (const Finding &finding : findingsIn(model, context, configuration)) {
-            texts += finding.record.key.name + ": " + withoutIsolation(finding.text);
-            if (finding.cure == Cure::MoveItsFields)
-                texts.last() += " [" + finding.line.name + "]";
+        for (const Issue &issue : issuesIn(model, context, configuration)) {
+            texts += issue.record.key.name + ": " + withoutIsolation(issue.text);
+            if (issue.fix == Fix::MoveItsFields)
+                texts.last() += " [" + issue.line.name + "]";
         }
         return texts;
     }
@@ -143,5 +143,5 @@ TEST_F(FindingsTest, ComeAtOnceFromALargeConfiguration)
     }
     fields.assign(rows);
     context.tellsLetterCaseApart = false;
-    EXPECT_EQ(findingsIn(model, context).size(), 50'000U + 50 * 1999U);
+    EXPECT_EQ(issuesIn(model, context).size(), 50'000U + 50 * 1999U);
 }

@@ -2,7 +2,7 @@
 
 #include "editor/EditorState.h"
 #include "editor/RecordTree.h"
-#include "storage/rowFindings.h"
+#include "storage/rowIssues.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
 #include "ui/Table.h"
@@ -32,7 +32,7 @@ private:
     /// A row of the list; one of the database where `row` is set.
     struct Item
     {
-        Finding finding;
+        Issue issue;
         std::optional<std::size_t> row; ///< index into what the database told
     };
 
@@ -41,18 +41,18 @@ private:
     void addRows();
     void showRecordOf(int item);
     void followSelection();
-    void cure();
+    void fix();
 
     EditorState &m_state;
-    std::vector<RowFinding> m_rows;
+    std::vector<RowIssue> m_rows;
     bool m_tellsLetterCaseApart = true;
     QHash<QString, QStringList> m_dataFieldNames;
     std::vector<Item> m_items;
 
     ui::CheckBox m_all{*this, "allConfigurations", "&All configurations", {120, 120, 3000, 285}};
     ui::Label m_result{*this, "result", "", {3300, 165, 5500, 195}};
-    ui::Table m_list{*this, "findings", {"Configuration", "Finding"}, {120, 525, 8760, 3600}};
-    ui::CommandButton m_cure{*this, "cure", "&Cure", {0, 0, 1515, 600}};
+    ui::Table m_list{*this, "issues", {"Configuration", "Finding"}, {120, 525, 8760, 3600}};
+    ui::CommandButton m_fix{*this, "fix", "&Fix", {0, 0, 1515, 600}};
     ui::CommandButton m_again{*this, "again", "Chec&k again", {0, 0, 1515, 600}};
     ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
 };

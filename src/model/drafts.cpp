@@ -1,4 +1,4 @@
-#include "model/entries.h"
+#include "model/drafts.h"
 
 #include "base/guarded.h"
 #include "base/numbers.h"
@@ -14,22 +14,22 @@ bool isTooLarge(const QString &text)
     return guarded([&] { return leadingNumber(text), false; }, [](const RuntimeError &) { return true; });
 }
 
-QStringList complaintsAbout(const LineChoice &line)
+QStringList validate(const LineChoice &line)
 {
     if (isBlank(line.name) && !line.hasIndex)
         return {"The Line Name and Index field is empty."};
     if (line.isUnclosed)
         return {"The Line Name or Index field is invalid."};
-    QStringList complaints;
+    QStringList problems;
     if (isBlank(line.name))
-        complaints += "The Line Name is empty.";
+        problems += "The Line Name is empty.";
     if (!isLong(line.index))
-        complaints += "The Line Name Index is invalid.";
-    return complaints;
+        problems += "The Line Name Index is invalid.";
+    return problems;
 }
 
 /// The first thing that is wrong with length and character position, empty when both are right.
-QString lengthComplaint(const QString &length, const QString &position)
+QString lengthProblem(const QString &length, const QString &position)
 {
     if (isBlank(length) && isBlank(position))
         return "length and position were not specified.";
@@ -48,45 +48,45 @@ QString lengthComplaint(const QString &length, const QString &position)
 
 } // namespace
 
-QStringList complaintsAbout(const LineEntry &entry)
+QStringList validate(const LineDraft &entry)
 {
-    QStringList complaints;
+    QStringList problems;
     if (isBlank(entry.name))
-        complaints += "The Line name is empty.";
+        problems += "The Line name is empty.";
     if (!isLong(entry.nameIndex))
-        complaints += "The Line Index must be numeric.";
+        problems += "The Line Index must be numeric.";
     if (isBlank(entry.messageIndex))
-        complaints += "The Message Index is empty.";
+        problems += "The Message Index is empty.";
     else if (!isLong(entry.messageIndex))
-        complaints += "The Message Index nust be a number.";
-    return complaints;
+        problems += "The Message Index nust be a number.";
+    return problems;
 }
 
-QStringList complaintsAbout(const FieldEntry &entry)
+QStringList validate(const FieldDraft &entry)
 {
-    QStringList complaints;
+    QStringList problems;
     if (isBlank(entry.name))
-        complaints += "The Field name is empty.";
+        problems += "The Field name is empty.";
     if (!isLong(entry.nameIndex))
-        complaints += "The Field Name Index must be numeric.";
-    complaints += complaintsAbout(entry.line);
+        problems += "The Field Name Index must be numeric.";
+    problems += validate(entry.line);
     if (isTooLarge(entry.messageIndex))
-        complaints += "The Message Index nust be a number.";
+        problems += "The Message Index nust be a number.";
     if (isBlank(entry.lookup) && isBlank(entry.constant))
-        complaints += "Both the Lookup String and the Constant value are empty," + lineBreak +
-                      "\t\tyou must supply one or the other.";
+        problems += "Both the Lookup String and the Constant value are empty," + lineBreak +
+                    "\t\tyou must supply one or the other.";
     if (isBlank(entry.position))
-        complaints += "The Position Field is empty.";
+        problems += "The Position Field is empty.";
     else if (!isLong(entry.position))
-        complaints += "The Position Field nust be a number.";
-    const QString complaint =
-        entry.isFixedLength ? lengthComplaint(entry.length, entry.characterPosition) : QString();
-    if (!complaint.isEmpty())
-        complaints += "A Fixed Length was indicated, however, the " + complaint;
-    return complaints;
+        problems += "The Position Field nust be a number.";
+    const QString problem =
+        entry.isFixedLength ? lengthProblem(entry.length, entry.characterPosition) : QString();
+    if (!problem.isEmpty())
+        problems += "A Fixed Length was indicated, however, the " + problem;
+    return problems;
 }
 
-Line lineOf(const LineEntry &entry)
+Line lineOf(const LineDraft &entry)
 {
     Line line;
     line.configuration = entry.configuration;
@@ -96,7 +96,7 @@ Line lineOf(const LineEntry &entry)
     return line;
 }
 
-Field fieldOf(const FieldEntry &entry)
+Field fieldOf(const FieldDraft &entry)
 {
     Field field;
     field.id = -1;

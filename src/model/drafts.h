@@ -11,7 +11,7 @@
 namespace varnow {
 
 /// What was entered for a line. The name index is "0" where none was given.
-struct LineEntry
+struct LineDraft
 {
     QString configuration;
     QString name;
@@ -20,7 +20,7 @@ struct LineEntry
 };
 
 /// What was entered for a field. The name index is "0" where none was given.
-struct FieldEntry
+struct FieldDraft
 {
     QString configuration;
     QString name;
@@ -39,11 +39,11 @@ struct FieldEntry
 };
 
 /// Everything that is wrong with an entry, in the words that the user reads.
-QStringList complaintsAbout(const LineEntry &entry);
-QStringList complaintsAbout(const FieldEntry &entry);
+QStringList validate(const LineDraft &entry);
+QStringList validate(const FieldDraft &entry);
 
-/// The record that an entry makes about which there is no complaint.
-Line lineOf(const LineEntry &entry);
-Field fieldOf(const FieldEntry &entry);
+/// The record that an entry makes about which there is no problem.
+Line lineOf(const LineDraft &entry);
+Field fieldOf(const FieldDraft &entry);
 
 } // namespace varnow

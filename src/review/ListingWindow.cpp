@@ -1,8 +1,8 @@
-#include "listing/ListingWindow.h"
+#include "review/ListingWindow.h"
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "listing/rows.h"
+#include "review/listingRows.h"
 #include "ui/MessageBox.h"
 
 namespace varnow {

@@ -1,9 +1,9 @@
-#include "editor/UnsavedWindow.h"
+#include "review/UnsavedWindow.h"
 
 #include "base/names.h"
 #include "base/text.h"
-#include "editor/recordText.h"
 #include "model/differences.h"
+#include "review/recordText.h"
 
 #include <algorithm>
 #include <tuple>
@@ -64,17 +64,17 @@ UnsavedWindow::UnsavedWindow(Model &model, LeftChanges &conflicts)
     : ui::Window("unsaved", "Unsaved Changes", 9000, 4800), m_model(model), m_conflicts(conflicts)
 {
     m_list.setAccessibleName("Unsaved changes");
-    setFocusOrder({&m_list, &m_takeBack, &m_takeOver, &m_close});
+    setFocusOrder({&m_list, &m_revert, &m_reapply, &m_close});
     m_close.setCancel();
-    m_takeBack.setToolTip("Makes the selected records what the database holds of them again.");
-    m_takeOver.setToolTip("Makes the selected changes of an earlier run, whatever the records are now.");
+    m_revert.setToolTip("Makes the selected records what the database holds of them again.");
+    m_reapply.setToolTip("Makes the selected changes of an earlier run, whatever the records are now.");
     m_close.setToolTip("Closes this window.");
     onLoad = [this] { addRows(); };
     onResize = [this] { layOut(); };
     m_list.onSelect = [this] { followSelection(); };
     m_list.onActivate = [this](int row) { showRecordOf(row); };
-    m_takeBack.onClick = [this] { takeBack(); };
-    m_takeOver.onClick = [this] { takeOver(); };
+    m_revert.onClick = [this] { revert(); };
+    m_reapply.onClick = [this] { reapply(); };
     m_close.onClick = [this] { unload(); };
 }
 
@@ -85,8 +85,8 @@ void UnsavedWindow::layOut()
     enforceMinimumSize(minimumWidth, minimumHeight);
     const float top = innerHeight() - (m_close.height() + margin);
     m_close.move(innerWidth() - (m_close.width() + margin), top);
-    m_takeBack.move(margin, top);
-    m_takeOver.move(m_takeBack.left() + m_takeBack.width(), top);
+    m_revert.move(margin, top);
+    m_reapply.move(m_revert.left() + m_revert.width(), top);
     m_list.move({margin, margin, innerWidth() - 2 * margin, top - 2 * margin});
 }
 
@@ -99,9 +99,9 @@ void UnsavedWindow::refill()
 void UnsavedWindow::addRows()
 {
     m_rows.clear();
-    for (const auto &entry : m_model.lines.ledger.entries())
+    for (const auto &entry : m_model.lines.unsaved.entries())
         m_rows.push_back({entry, false});
-    for (const auto &entry : m_model.fields.ledger.entries())
+    for (const auto &entry : m_model.fields.unsaved.entries())
         m_rows.push_back({entry, false});
     for (const auto &entry : m_conflicts.lines)
         m_rows.push_back({entry, true});
@@ -127,8 +127,8 @@ void UnsavedWindow::addRows()
 
 void UnsavedWindow::followSelection()
 {
-    m_takeBack.setEnabled(!selected(false).empty());
-    m_takeOver.setEnabled(!selected(true).empty());
+    m_revert.setEnabled(!selected(false).empty());
+    m_reapply.setEnabled(!selected(true).empty());
 }
 
 /// The selected rows that are conflicts, or the others.
@@ -143,25 +143,25 @@ std::vector<UnsavedWindow::Row> UnsavedWindow::selected(bool conflicts) const
     return rows;
 }
 
-void UnsavedWindow::takeBack()
+void UnsavedWindow::revert()
 {
     const std::vector<Row> rows = selected(false);
     {
         const Editing editing(m_model, "taking back of " + counted(qint64(rows.size()), "change"));
         for (const Row &row : rows)
-            std::visit([this](const auto &entry) { m_model.takeBack(entry); }, row.entry);
+            std::visit([this](const auto &entry) { m_model.revert(entry); }, row.entry);
     }
     onEdited("Taken back: " + counted(qint64(rows.size()), "change") + '.');
 }
 
 /// Puts conflicting changes into memory over what the database holds.
-void UnsavedWindow::takeOver()
+void UnsavedWindow::reapply()
 {
     const std::vector<Row> rows = selected(true);
     {
         const Editing editing(m_model, "taking over of " + counted(qint64(rows.size()), "change"));
         for (const Row &row : rows)
-            std::visit([this](const auto &entry) { m_model.takeOver(entry); }, row.entry);
+            std::visit([this](const auto &entry) { m_model.reapply(entry); }, row.entry);
     }
     const auto settle = [&rows]<class Entry>(std::vector<Entry> &conflicts) {
         std::erase_if(conflicts, [&rows](const Entry &conflict) {

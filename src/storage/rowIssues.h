@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Model.h"
-#include "model/findings.h"
+#include "model/issues.h"
 #include "storage/Run.h"
 
 #include <variant>
@@ -12,9 +12,9 @@
 namespace varnow {
 
 /// A row to put right.
-struct RowFinding
+struct RowIssue
 {
-    Finding finding;
+    Issue issue;
     std::variant<Line, Field> row; ///< its identifier and key, for that is all that was read
     int keptId = 0;                ///< of the row that stays for the same record; 0 without one
 };
@@ -23,11 +23,11 @@ struct RowFinding
 /// a save passes them by, and those without a name index or line index, which no save finds. Those that wait
 /// for deletion are left out. Raises the provider's error code, the error of a key that is no number, and
 /// errors::UserInterrupt when the user stopped it.
-std::vector<RowFinding> findRows(Run &run, const Model &model);
+std::vector<RowIssue> findRowIssues(Run &run, const Model &model);
 
-/// Lets the row of a finding with the cure RemoveAtNextSave wait for deletion. To be called within an
+/// Lets the row of a issue with the fix RemoveAtNextSave wait for deletion. To be called within an
 /// Editing.
-void removeAtNextSave(Model &model, const RowFinding &found);
+void removeAtNextSave(Model &model, const RowIssue &found);
 
 /// Whether the database tells the names of records apart by letter case. Raises the provider's error code.
 bool tellsLetterCaseApart(Run &run);

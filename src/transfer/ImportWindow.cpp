@@ -1,10 +1,10 @@
-#include "editor/ImportWindow.h"
+#include "transfer/ImportWindow.h"
 
 #include "base/names.h"
 #include "base/text.h"
-#include "editor/recordText.h"
 #include "exchange/files.h"
 #include "model/differences.h"
+#include "review/recordText.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 #include "ui/fileDialogs.h"
@@ -59,7 +59,7 @@ template <class Record> QStringList detailsOf(const ImportRow &row, const Record
     case RowOutcome::Unchanged:
         return {};
     case RowOutcome::Refused:
-        return row.complaints;
+        return row.problems;
     }
     Q_UNREACHABLE();
 }

@@ -30,7 +30,7 @@ template <class Record> RecordKey keyOf(const Record &record)
 }
 
 /// Whether two records make the same row, their identifiers and spare columns aside.
-template <class Record> bool makeSameRow(const Record &a, const Record &b)
+template <class Record> bool sameContent(const Record &a, const Record &b)
 {
     for (const Column<Record> &column : Record::columns()) {
         const bool isWritten = column.use == ColumnUse::Key || column.use == ColumnUse::Value;
@@ -41,9 +41,9 @@ template <class Record> bool makeSameRow(const Record &a, const Record &b)
     return true;
 }
 
-template <class Record> bool makeSameRow(const std::optional<Record> &a, const std::optional<Record> &b)
+template <class Record> bool sameContent(const std::optional<Record> &a, const std::optional<Record> &b)
 {
-    return a.has_value() == b.has_value() && (!a || makeSameRow(*a, *b));
+    return a.has_value() == b.has_value() && (!a || sameContent(*a, *b));
 }
 
 /// What became of a record since it was loaded or saved.
@@ -81,36 +81,37 @@ struct ChangeCounts
     }
 };
 
+/// A record that differs from its row as last loaded or saved.
+template <class Record> struct UnsavedChange
+{
+    std::optional<Record> before; ///< what its row holds; nothing for a record without one
+    std::optional<Record> now;    ///< nothing for a record that was removed
+    int sequence = 0;             ///< orders the entries by when their records came into the table
+    bool isAddedAnew = false;     ///< the record was removed and entered again, at another place
+
+    ChangeKind kind() const
+    {
+        return !before ? ChangeKind::Added : now ? ChangeKind::Changed : ChangeKind::Removed;
+    }
+    /// The record as it is, or as it was before it was removed.
+    const Record &record() const { return now ? *now : *before; }
+};
+
 /// The records that differ from their rows as last loaded or saved. Its cost is per change.
-template <class Record> class Ledger
+template <class Record> class UnsavedChanges
 {
 public:
-    struct Entry
-    {
-        std::optional<Record> before; ///< what its row holds; nothing for a record without one
-        std::optional<Record> now;    ///< nothing for a record that was removed
-        int sequence = 0;             ///< orders the entries by when their records came into the table
-        bool isAddedAnew = false;     ///< the record was removed and entered again, at another place
-
-        ChangeKind kind() const
-        {
-            return !before ? ChangeKind::Added : now ? ChangeKind::Changed : ChangeKind::Removed;
-        }
-        /// The record as it is, or as it was before it was removed.
-        const Record &record() const { return now ? *now : *before; }
-    };
-
     bool isEmpty() const { return m_entries.isEmpty(); }
-    const QHash<RecordKey, Entry> &entries() const { return m_entries; }
+    const QHash<RecordKey, UnsavedChange<Record>> &entries() const { return m_entries; }
 
     /// A record was changed, added (`was` nothing) or removed (`is` nothing). One that is as its row again
-    /// leaves the ledger.
+    /// leaves the unsaved.
     void note(const std::optional<Record> &was, const std::optional<Record> &is)
     {
         const RecordKey key = keyOf(was ? *was : *is);
         auto known = m_entries.find(key);
         if (known == m_entries.end()) {
-            if (!makeSameRow(was, is))
+            if (!sameContent(was, is))
                 m_entries.insert(key, {was, is, ++m_sequence});
             return;
         }
@@ -119,7 +120,7 @@ public:
             known->sequence = ++m_sequence;
             known->isAddedAnew = known->before.has_value();
         }
-        if (makeSameRow(known->before, known->now))
+        if (sameContent(known->before, known->now))
             m_entries.erase(known);
     }
 
@@ -143,7 +144,7 @@ public:
     void clear() { m_entries.clear(); }
 
 private:
-    QHash<RecordKey, Entry> m_entries;
+    QHash<RecordKey, UnsavedChange<Record>> m_entries;
     int m_sequence = 0;
 };
 
