@@ -43,17 +43,13 @@ template <class Entries> QStringList namesOf(const Entries &entries, const QStri
     return names;
 }
 
-/// Returns what could not be brought back, after telling the user so.
-LeftChanges bringBack(const LeftChanges &left, Model &model)
+/// Brings the changes back, and tells the user what could not be.
+void bringBack(const LeftChanges &left, Document &document)
 {
-    LeftChanges refused;
-    {
-        const Editing editing(model, QStringLiteral("bringing back of the changes of an earlier run"));
-        refused = restore(left, model);
-    }
+    const LeftChanges refused = document.restore(left);
     QStringList names = namesOf(refused.lines, "Line") + namesOf(refused.fields, "Field");
     if (names.isEmpty())
-        return {};
+        return;
     if (names.size() > namesShown)
         names = names.mid(0, namesShown) + QStringList("  …");
     ui::show(
@@ -63,7 +59,6 @@ LeftChanges bringBack(const LeftChanges &left, Model &model)
                      .join(lineBreak),
          .title = "Unsaved Changes",
          .icon = ui::Icon::Information});
-    return refused;
 }
 
 /// The changes in a file; nothing after telling the user why it cannot be read.
@@ -83,24 +78,19 @@ std::optional<LeftChanges> changesIn(LeftFile &file)
 
 } // namespace
 
-SettledChanges offerLeftChanges(const db::ConnectionSettings &database, Model &model)
+std::vector<LeftFile> offerLeftChanges(Document &document)
 {
-    SettledChanges settled;
-    for (LeftFile &file : LeftFile::findAll(database)) {
+    std::vector<LeftFile> settled;
+    for (LeftFile &file : LeftFile::findAll(document.session().configurationDatabase)) {
         const std::optional<LeftChanges> left = changesIn(file);
         if (!left)
             continue;
         const ui::Answer answer =
             ui::show({questionAbout(*left), "Unsaved Changes", ui::Icon::Question, ui::Buttons::YesNoCancel});
-        if (answer == ui::Answer::Yes) {
-            const LeftChanges refused = bringBack(*left, model);
-            settled.conflicts.lines.insert(settled.conflicts.lines.end(), refused.lines.begin(),
-                                           refused.lines.end());
-            settled.conflicts.fields.insert(settled.conflicts.fields.end(), refused.fields.begin(),
-                                            refused.fields.end());
-        }
+        if (answer == ui::Answer::Yes)
+            bringBack(*left, document);
         if (answer != ui::Answer::Cancel)
-            settled.files.push_back(std::move(file));
+            settled.push_back(std::move(file));
     }
     return settled;
 }

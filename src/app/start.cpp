@@ -9,7 +9,6 @@
 #include "editor/EditorWindow.h"
 #include "signin/SignInDialog.h"
 #include "storage/catalogue.h"
-#include "storage/load.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 #include "ui/RunWindow.h"
@@ -120,17 +119,17 @@ void loadCatalogue(Session &session, Run &run)
 }
 
 /// Reads the catalogue and all records. Returns whether the start can go on; if not, says why.
-bool load(Session &session, Model &model)
+bool load(Session &session, Document &document)
 {
     ui::RunWindow progress;
     const auto loadBoth = [&] {
         Run run(session.configurationDatabase, progress);
         loadCatalogue(session, run);
-        const int code = loadAll(run, model);
+        const int code = document.load(run);
         if (code == errors::UserInterrupt)
             throw RuntimeError(code);
         if (code != 0)
-            EditorWindow::tellLoadFailure({"continue, any current information will be lost."});
+            tellLoadFailure({"continue, any current information will be lost."});
         return true;
     };
     return guarded(loadBoth, [](const RuntimeError &) {
@@ -142,21 +141,21 @@ bool load(Session &session, Model &model)
 
 } // namespace
 
-int start(const QString &argumentText, Session &session, Model &model)
+int start(const QString &argumentText, Session &session)
 {
     const int exitCode = takeSettings(splitWords(argumentText), session);
     if (exitCode != exitCodes::Success)
         return exitCode;
-    if (!load(session, model))
+    Document document(session);
+    if (!load(session, document))
         return exitCodes::Failure;
-    SettledChanges settled = offerLeftChanges(session.configurationDatabase, model);
-    EditorWindow editor(session, model);
-    editor.takeConflicts(settled.conflicts);
-    if (editor.keepUnsavedChanges()) { // else the old files are all there is
-        for (LeftFile &file : settled.files)
+    std::vector<LeftFile> settled = offerLeftChanges(document);
+    EditorWindow editor(document);
+    if (document.keepUnsavedChanges()) { // else the old files are all there is
+        for (LeftFile &file : settled)
             file.remove();
     }
-    const EndWhenTold endWhenTold([&editor] { editor.keepUnsavedChanges(); });
+    const EndWhenTold endWhenTold([&document] { document.keepUnsavedChanges(); });
     const ui::SessionEnd sessionEnd([&editor] { return editor.maySessionEnd(); });
     editor.show();
     ui::runUntilNoWindowIsLoaded();
@@ -173,8 +172,7 @@ int runProgram(int argc, char **argv)
     int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
     const ui::Application application(toolkitArguments, argv);
     Session session;
-    Model model;
-    return start(argumentText, session, model);
+    return start(argumentText, session);
 }
 
 } // namespace varnow

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/Model.h"
 #include "storage/Session.h"
 
 #include <QString>
@@ -18,8 +17,8 @@ inline constexpr int Usage = 2;   ///< the command line is incomplete
 /// the catalogue, and shows the editor until it is closed. Returns the exit code. The arguments are blanked.
 int runProgram(int argc, char **argv);
 
-/// The start on a running toolkit, for an argument text; `session` and `model` are filled on the way. Returns
-/// the exit code.
-int start(const QString &argumentText, Session &session, Model &model);
+/// The start on a running toolkit, for an argument text; `session` is filled on the way. Returns the exit
+/// code.
+int start(const QString &argumentText, Session &session);
 
 } // namespace varnow

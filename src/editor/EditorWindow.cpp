@@ -1,16 +1,9 @@
 #include "editor/EditorWindow.h"
 
-#include "base/guarded.h"
 #include "base/text.h"
-#include "editor/HelpWindow.h"
-#include "review/CheckWindow.h"
-#include "review/LayoutWindow.h"
-#include "review/ListingWindow.h"
-#include "review/UnsavedWindow.h"
+#include "editor/AboutWindow.h"
 #include "ui/Application.h"
-#include "ui/MessageBox.h"
-
-#include <utility>
+#include "ui/fileDialogs.h"
 
 namespace varnow {
 
@@ -22,53 +15,45 @@ constexpr float minimumHeight = 7900;
 
 } // namespace
 
-EditorWindow::EditorWindow(Session &session, Model &model)
-    : ui::Window("editor", "Lines Configuration", 9735, 6285)
-    , m_state{session, model, m_configuration}
-    , m_recovery(session.configurationDatabase)
+EditorWindow::EditorWindow(Document &document)
+    : ui::Window("editor", "Lines Configuration", 9735, 6285), m_document(document)
 {
-    m_recoveryTimer.setSingleShot(true);
-    m_recoveryTimer.setInterval(500);
-    m_recoveryTimer.callOnTimeout([this] { keepUnsavedChanges(); });
-    m_tabs.setAccessibleName("Entry pages");
     m_tree.setAccessibleName("Lines and fields");
     connectControls();
     addToolTips();
     addMenus();
-    connectSearch();
-    arrangeFocus();
+    setFocusOrder(m_pages.focusOrder(
+        {&m_configurationBox, &m_pages.tabs()},
+        {&m_change, &m_delete, &m_save, &m_clear, &m_refresh, &m_reload, &m_exit, &m_tree}));
 }
-
-EditorWindow::~EditorWindow() = default;
 
 void EditorWindow::connectControls()
 {
-    m_state.onLinesChanged = [this] { m_fieldPage.listLines(); };
-    m_configuration.onChange = m_configuration.onClick = [this] { switchConfiguration(); };
-    m_configuration.onTypingPaused = [this] { tellProblems(); };
-    m_tabs.onClick = [this] { turnPage(); };
-    m_tree.onRecordClick = [this](const RecordName &record) {
-        tellReplaced(replacing([&] { showRecord(record); }));
-    };
-    m_tree.onEdit = [this] { shownPage().focusFirst(); };
-    m_tree.onDelete = [this] { removeSelected(); };
-    m_clear.onClick = [this] { clear(); };
-    m_change.onClick = [this] { change(); };
-    m_delete.onClick = [this] { removeShown(); };
-    m_refresh.onClick = [this] { refresh(); };
-    m_reload.onClick = [this] { reload(); };
-    m_save.onClick = [this] { save(); };
+    m_clear.onClick = [this] { m_entries.clear(); };
+    m_change.onClick = [this] { m_entries.change(); };
+    m_delete.onClick = [this] { m_entries.removeShown(); };
+    m_refresh.onClick = [this] { m_switch.refresh(); };
+    m_reload.onClick = [this] { m_saving.reload(); };
+    m_save.onClick = [this] { m_saving.save(); };
     m_exit.onClick = [this] { unload(); };
+    m_pages.onShown = [this] { m_windows.drawLayout(m_pages); };
+    m_switch.onUnshown = [this](const RecordTree::Unshown &unshown) { tellUnshown(unshown); };
+    m_saving.onStore = [this](EntryPage &) { return m_entries.change(); };
+    m_finding.onShow = [this](const RecordReference &record) { m_entries.show(record); };
+    m_finding.selectedRecord = [this] { return m_tree.selectedRecord(); };
+    m_notices.onShowUnsaved = [this] { m_windows.showUnsaved(); };
+    QObject::connect(&m_document, &Document::changed, &m_document, [this] { nameSteps(); });
+    QObject::connect(&m_document, &Document::loaded, &m_document, [this] { nameSteps(); });
     onLoad = [this] { loadWindow(); };
     onResize = [this] { layOut(); };
     onCloseRequest = [this] { return closeRequested(); };
     onDoubleClick = [this] { accessDataDisplay(); };
-    onFilesDropped = [this](const QStringList &paths) { import(paths); };
+    onFilesDropped = [this](const QStringList &paths) { m_configurations.import(paths); };
 }
 
 void EditorWindow::addToolTips()
 {
-    m_configuration.setToolTip(
+    m_configurationBox.setToolTip(
         "The configuration whose lines and fields are shown; choose it or type its name.");
     m_clear.setToolTip("Empties the page for a new record and proposes the next message index or position.");
     m_change.setToolTip(
@@ -86,46 +71,77 @@ void EditorWindow::addToolTips()
     m_exit.setToolTip("Ends the program. What is unsaved is asked about first.");
 }
 
-void EditorWindow::arrangeFocus()
+void EditorWindow::addMenus()
 {
-    std::vector<ui::Control *> order{&m_configuration, &m_tabs};
-    const auto add = [&order](const std::vector<ui::Control *> &controls) {
-        order.insert(order.end(), controls.begin(), controls.end());
+    addConfigurationMenu();
+    addEditMenu();
+    ui::Menu view = addMenu("&View");
+    view.add("&Data display", "F12", [this] { m_windows.showListing(); });
+    view.add("&Layout", "F11", [this] { m_windows.showLayout(m_pages); });
+    ui::Menu help = addMenu("Hel&p");
+    help.add("&Guide", "F1", [this] { m_windows.showGuide(); });
+    help.add("&About Varnow", "", [] { AboutWindow().showModal(); });
+    nameSteps();
+}
+
+void EditorWindow::addConfigurationMenu()
+{
+    ui::Menu configuration = addMenu("Confi&guration");
+    configuration.add("&Save", "Ctrl+S", [this] { m_saving.save(); });
+    configuration.add("&Reload", "Ctrl+R", [this] { m_saving.reload(); });
+    configuration.add("&New…", "", [this] { m_configurations.showNew(); });
+    configuration.add("&Copy to…", "", [this] { m_configurations.copy(); });
+    configuration.add("&Import…", "Ctrl+I", [this] {
+        m_configurations.import(ui::askForFiles("Choose Files to Import", {"CSV files", "csv"}));
+    });
+    configuration.add("&Export…", "Ctrl+E", [this] { m_configurations.exportAs(); });
+    configuration.add("Chec&k", "F8", [this] { m_windows.showCheck(); });
+    configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
+}
+
+void EditorWindow::addEditMenu()
+{
+    ui::Menu edit = addMenu("Ed&it");
+    m_undo = edit.add("&Undo", "Ctrl+Z", [this] { m_entries.undo(); }); // in an entry the key is its own
+    m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { m_entries.redo(); });
+    edit.add("Change and ne&xt", "Ctrl+Enter Ctrl+Return", [this] { m_entries.changeAndNext(); })
+        .ignoreRepeats();
+    edit.add("Unsaved &changes…", "Ctrl+U", [this] { m_windows.showUnsaved(); });
+    edit.add("&Find…", "Ctrl+F", [this] { m_finding.open(); });
+    edit.add("Find &next", "F3", [this] { m_finding.showNext(); });
+    edit.add("Find &previous", "Shift+F3", [this] { m_finding.showPrevious(); });
+}
+
+/// Names the steps that can be undone and made again.
+void EditorWindow::nameSteps()
+{
+    const auto name = [](ui::MenuEntry &entry, const QString &caption, const EditStep *step) {
+        entry.setCaption(step == nullptr ? caption : caption + ' ' + step->text().replace('&', "&&"));
+        entry.setEnabled(step != nullptr);
     };
-    for (EntryPage *page : m_state.pages)
-        add(page->focusOrder());
-    add({&m_change, &m_delete, &m_save, &m_clear, &m_refresh, &m_reload, &m_exit, &m_tree});
-    for (EntryPage *page : m_state.pages)
-        add(page->focusOrderBehindTree());
-    setFocusOrder(order);
+    name(*m_undo, "&Undo", m_document.undoable());
+    name(*m_redo, "&Redo", m_document.redoable());
 }
 
 void EditorWindow::loadWindow()
 {
-    emptyPages();
-    listConfigurations();
-    selectDefaultConfiguration();
-    m_fieldPage.followFixedLength();
-    m_tabs.setCurrentPage(0);
-    m_fieldPage.settleEntries();
-    m_state.changesMade = false;
-    if (m_state.session.greeting.isEmpty())
-        tellLoaded("Loaded");
+    m_pages.empty();
+    m_switch.listConfigurations();
+    m_switch.refresh();
+    m_pages.fields().followFixedLength();
+    m_pages.turnTo(RecordKind::Line);
+    m_pages.fields().settleEntries();
+    m_pages.setUnchanged();
+    const QString &greeting = m_document.session().greeting;
+    if (greeting.isEmpty())
+        m_notices.tellLoaded("Loaded");
     else
-        tell({m_state.session.greeting});
-}
-
-void EditorWindow::emptyPages()
-{
-    for (EntryPage *page : m_state.pages) {
-        page->empty();
-        page->settleEntries();
-    }
+        m_notices.tell({greeting});
 }
 
 ui::CloseDecision EditorWindow::closeRequested()
 {
-    const ui::CloseDecision decision = promptToSave();
+    const ui::CloseDecision decision = m_saving.promptToSave();
     if (decision == ui::CloseDecision::Close)
         unloadAll();
     return decision;
@@ -135,21 +151,23 @@ void EditorWindow::layOut()
 {
     if (isMinimised())
         return;
-    const ui::TabControl::PaintingPaused paused(m_tabs);
+    ui::TabControl &tabs = m_pages.tabs();
+    const ui::TabControl::PaintingPaused paused(tabs);
     enforceMinimumSize(minimumWidth, minimumHeight);
 
-    const ui::Label &label = m_configuration.label;
+    const ui::Label &label = m_configurationBox.label;
     const float labelGap = 30;
-    const float left = (innerWidth() - (m_configuration.width() + label.width() + labelGap)) / 2;
-    m_configuration.label.move(left, (m_configuration.height() - label.height()) / 2 + margin);
-    m_configuration.move(left + label.width() + labelGap, margin);
+    const float left = (innerWidth() - (m_configurationBox.width() + label.width() + labelGap)) / 2;
+    m_configurationBox.label.move(left, (m_configurationBox.height() - label.height()) / 2 + margin);
+    m_configurationBox.move(left + label.width() + labelGap, margin);
 
     const float wide = innerWidth() - 2 * margin;
     const float band =
-        (innerHeight() - (m_configuration.height() + m_refresh.height() + m_exit.height() + 6 * margin)) / 2;
-    m_tabs.move({margin, m_configuration.height() + 2 * margin, wide, band});
+        (innerHeight() - (m_configurationBox.height() + m_refresh.height() + m_exit.height() + 6 * margin)) /
+        2;
+    tabs.move({margin, m_configurationBox.height() + 2 * margin, wide, band});
 
-    const float firstRow = m_tabs.top() + m_tabs.height() + margin;
+    const float firstRow = tabs.top() + tabs.height() + margin;
     m_clear.move(margin, firstRow);
     m_change.move(m_clear.left() + m_clear.width(), firstRow);
     m_delete.move(m_change.left() + m_change.width(), firstRow);
@@ -162,232 +180,32 @@ void EditorWindow::layOut()
     m_save.move(m_reload.left() + m_reload.width(), secondRow);
     m_exit.move(innerWidth() - (m_exit.width() + margin), secondRow);
 
-    for (EntryPage *page : m_state.pages)
+    for (EntryPage *page : m_pages.all())
         page->layOut();
-    m_tabs.finishLayout();
+    tabs.finishLayout();
 }
 
 void EditorWindow::accessDataDisplay()
 {
     if (m_dataDisplayIsArmed)
-        showDataDisplay();
+        m_windows.showListing();
     m_dataDisplayIsArmed = !m_dataDisplayIsArmed;
 }
 
-void EditorWindow::showDataDisplay()
+/// Tells of records without a node, beyond those that a box has told of.
+void EditorWindow::tellUnshown(const RecordTree::Unshown &unshown)
 {
-    if (!m_dataDisplay)
-        m_dataDisplay = std::make_unique<ListingWindow>(m_state.model);
-    m_dataDisplay->show();
-}
-
-void EditorWindow::turnPage()
-{
-    const ui::Hourglass hourglass;
-    EntryPage &shown = shownPage();
-    for (EntryPage *page : m_state.pages) {
-        if (page != &shown)
-            page->turnedAway();
-    }
-    const bool wasTyped = shown.hasTypedEntries();
-    shown.turnedTo();
-    if (!wasTyped)
-        shown.settleEntries(); // a proposal is nothing typed
-    drawLayout();
-}
-
-void EditorWindow::clear()
-{
-    EntryPage &page = shownPage();
-    tellReplaced(replacing([&page] {
-        page.clear();
-        page.settleEntries();
-    }));
-}
-
-void EditorWindow::showRecord(const RecordName &record)
-{
-    const auto showLine = [this](const QString &name, int nameIndex) {
-        m_linePage.show(name, nameIndex);
-        m_linePage.settleEntries();
-    };
-    switch (record.kind) {
-    case RecordName::Kind::Line:
-        m_tabs.setCurrentPage(0);
-        showLine(record.name, record.nameIndex);
-        break;
-    case RecordName::Kind::Field:
-        m_tabs.setCurrentPage(1);
-        if (const std::optional<Field> field = m_fieldPage.show(record.name, record.nameIndex))
-            showLine(field->line, field->lineIndex);
-        m_fieldPage.settleEntries();
-        break;
-    }
-    drawLayout();
-}
-
-/// Whether a configuration is chosen or typed; a box asks for one.
-bool EditorWindow::hasConfiguration() const
-{
-    if (!isBlank(m_state.configuration()))
-        return true;
-    ui::show(
-        {"There is no configuration selected." + lineBreak + "Please select or enter a configuration first.",
-         "Data Checking", ui::Icon::Critical});
-    return false;
-}
-
-/// Returns whether a record was stored.
-bool EditorWindow::change()
-{
-    const ui::Hourglass hourglass;
-    tellProblems();
-    if (!hasConfiguration())
-        return false;
-    EntryPage &page = shownPage();
-    page.trimEntries(); // the focus is still in one of them when the menu's key asks for the change
-    const std::size_t steps = m_state.model.stepCount();
-    std::optional<QString> nodeKey;
-    {
-        const Editing editing(m_state.model);
-        nodeKey = page.store();
-    }
-    if (!nodeKey)
-        return false;
-    page.settleEntries();
-    recordsChanged();
-    bringIntoView(*nodeKey);
-    page.focusFirst();
-    tellStored(m_state.model.stepCount() > steps);
-    return true;
-}
-
-/// Stores the record that is entered and makes the page ready for the next one.
-void EditorWindow::changeAndNext()
-{
-    if (!change())
-        return;
-    EntryPage &page = shownPage();
-    page.clearForNext();
-    page.settleEntries();
-    drawLayout();
-}
-
-void EditorWindow::bringIntoView(const QString &nodeKey)
-{
-    if (const int node = m_tree.find(nodeKey); node != ui::TreeView::none) {
-        m_tree.select(node);
-        return;
-    }
-    ui::show({.text = QStringList{"An error occurred that prevented displaying the",
-                                  "configuration correctly.  This is usually caused",
-                                  "by an error in the configuration data.",
-                                  "Save your data, restart the line configuration",
-                                  "editor and enter data starting at that point."}
-                          .join(lineBreak),
-              .icon = ui::Icon::Information});
-}
-
-void EditorWindow::removeShown()
-{
-    const ui::Hourglass hourglass;
-    tellProblems();
-    const std::optional<RecordName> record = shownPage().namedRecord();
-    const std::optional<RecordName> neighbour = m_tree.neighbourOf(record);
-    Removal removal;
-    {
-        const Editing editing(m_state.model);
-        removal = shownPage().remove();
-    }
-    switch (removal) {
-    case Removal::Declined:
-        return;
-    case Removal::Failed:
-        rebuildTree();
-        m_tree.select(record);
-        return;
-    case Removal::Done:
-        shownPage().settleEntries();
-        recordsChanged();
-        m_tree.select(neighbour);
-        tellRemoved(*m_state.model.undoable());
-        return;
-    }
-}
-
-/// Removes the record whose node is selected. A page shows the first line of a name where the index is 0;
-/// that one is not meant.
-void EditorWindow::removeSelected()
-{
-    if (m_tree.selectedRecord() == shownPage().namedRecord())
-        removeShown();
-    else
-        tell({"The page shows another line of this name, so nothing was removed. Enter the index of the line "
-              "on the page."});
-}
-
-void EditorWindow::listConfigurations()
-{
-    m_configuration.setText("");
-    m_configuration.clear();
-    for (const QString &name : m_state.session.configurationNames)
-        m_configuration.addItem(name);
-}
-
-void EditorWindow::switchConfiguration()
-{
-    const ui::Hourglass hourglass;
-    m_problems.clear();
-    m_treeHasBoxes = false;
-    if (isBlank(m_state.configuration()))
-        return;
-    const bool isTyped = m_configuration.isBeingTyped(); // a box would take the next keys
-    m_treeHasBoxes = rebuildTree(isTyped ? RecordTree::Boxes::HeldBack : RecordTree::Boxes::Shown);
-    m_tree.showFirst();
-    const auto take = [this](const std::optional<ui::MessageBox> &problem) {
-        if (problem && !m_isSilent)
-            m_problems.push_back(*problem);
-    };
-    tellReplaced(replacing([&] {
-        take(m_linePage.showFirst());
-        m_linePage.settleEntries();
-    }));
-    m_fieldPage.listLines();
-    take(m_fieldPage.listDataFields());
-    if (m_check)
-        m_check->refill();
-    drawLayout();
-    if (m_findBar.isOpen())
-        find();
-    if (!isTyped)
-        tellProblems();
-}
-
-/// Tells what has not been told of the shown configuration. To be called before anything changes it or shows
-/// a box of its own.
-void EditorWindow::tellProblems()
-{
-    if (std::exchange(m_treeHasBoxes, false)) {
-        rebuildTree();
-        m_tree.showFirst();
-    }
-    for (const ui::MessageBox &problem : std::exchange(m_problems, {}))
-        ui::show(problem);
-}
-
-void EditorWindow::selectDefaultConfiguration()
-{
-    const int index = m_configuration.findItem(m_state.session.defaultConfiguration, ui::ItemMatch::Whole);
-    if (index >= 0)
-        m_configuration.setText(m_configuration.itemText(index));
-}
-
-void EditorWindow::refresh()
-{
-    const ui::Hourglass hourglass;
-    m_configuration.setText("");
-    selectDefaultConfiguration();
-    m_tree.showFirst();
+    QStringList sentences;
+    if (unshown.lines > 0)
+        sentences += counted(unshown.lines, "more line") + (unshown.lines == 1 ? " has" : " have") +
+                     " the message index of another line, so that the tree does not show " +
+                     (unshown.lines == 1 ? "it." : "them.");
+    if (unshown.fields > 0)
+        sentences += counted(unshown.fields, "more field") + (unshown.fields == 1 ? " has" : " have") +
+                     " no line, so that the tree does not show " + (unshown.fields == 1 ? "it." : "them.");
+    m_notices.append({sentences.join(' '), {{"Check", "Lists what is wrong with the records.", [this] {
+                                                 m_windows.showCheck();
+                                             }}}});
 }
 
 } // namespace varnow

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/EditorState.h"
-#include "editor/RecordTree.h"
+#include "document/Document.h"
+#include "model/RecordReference.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Label.h"
@@ -19,15 +19,27 @@ namespace varnow {
 /// How a removal ended.
 enum class Removal { Declined, Failed, Done };
 
-/// A page of the editor on which records of one kind are entered. Making one adds it to the tabs and to the
-/// editor's pages. All coordinates and sizes in twips.
+/// What a page makes of a step that changed its record.
+enum class Following {
+    Nothing,  ///< it shows what it showed
+    Shown,    ///< it shows the new values
+    Outdated, ///< something else is typed, and stays
+};
+
+/// A page of the editor on which records of one kind are entered. Making one adds it to the tabs. All
+/// coordinates and sizes in twips.
 class EntryPage
 {
 public:
-    EntryPage(ui::TabControl &tabs, const QString &caption, EditorState &state);
+    EntryPage(ui::TabControl &tabs, const QString &caption, RecordKind kind, Document &document);
     virtual ~EntryPage() = default;
     EntryPage(const EntryPage &) = delete;
     EntryPage &operator=(const EntryPage &) = delete;
+
+    /// An entry was typed in, chosen or filled.
+    std::function<void()> onEntered;
+
+    RecordKind kind() const { return m_kind; }
 
     /// The entries in the order in which Tab walks them.
     virtual std::vector<ui::Control *> focusOrder() = 0;
@@ -40,6 +52,8 @@ public:
     virtual void turnedTo() {}
     virtual void turnedAway() {}
 
+    /// Shows a record of the configuration. Without such a record the entries are emptied.
+    virtual void show(const QString &name, int nameIndex) = 0;
     /// Empties every entry.
     virtual void empty() = 0;
     /// Empties the page for a new record and proposes what can be known of it.
@@ -47,36 +61,47 @@ public:
     /// The same behind a record that was stored just now, which leaves what it most likely shares with the
     /// next.
     virtual void clearForNext() { clear(); }
-    /// Checks the entries and stores the record that they make. Returns the key of its node, or nothing after
-    /// telling the user which checks failed.
-    virtual std::optional<QString> store() = 0;
-    /// The record that the entries name; nothing when they name none that the tree could show.
-    virtual std::optional<RecordName> namedRecord() const = 0;
+
+    /// Checks the entries and stores the record that they make, which is then shown as it is stored. Returns
+    /// it, or nothing after telling the user which checks failed.
+    virtual std::optional<RecordReference> store(Edit &edit) = 0;
     /// Asks, and removes the record that the entries name. A failure has been shown.
     virtual Removal remove() = 0;
+
+    /// The record that the entries name; nothing when they name none that the tree could show.
+    std::optional<RecordReference> namedRecord() const;
+    /// The line that the entries name.
+    virtual std::optional<RecordKey> namedLine() const = 0;
+
     /// Lets the entries lose the blanks around their texts, also the one that has the focus.
     void trimEntries();
     /// What stands in the entries, and what is chosen.
     QStringList entries() const;
     void setEntries(const QStringList &entries);
     /// Takes what stands in the entries for no longer typed: it was shown, stored or removed just now.
-    void settleEntries() { m_settledEntries = entries(); }
+    void settleEntries();
     bool hasTypedEntries() const { return entries() != m_settledEntries; }
+    /// Shows the new values of the record, if the step changed it and nothing else is typed.
+    Following follow(const EditStep &step);
 
     /// Moves the focus to the first entry.
     void focusFirst() { focusOrder().front()->setFocus(); }
 
 protected:
-    /// Lets the entry lose the blanks around its text when it is left, and mark changes.
+    /// Lets the entry lose the blanks around its text when it is left, and tell that something was entered.
     void connect(ui::TextBox &box);
-    /// Lets the entry mark changes.
+    /// Lets the entry tell that something was entered.
     void connect(ui::ComboBox &box);
     void connect(ui::OptionButton &option);
     void connect(ui::CheckBox &box);
 
-    /// The record that these texts of entries name.
-    static std::optional<RecordName> recordOf(RecordName::Kind kind, const ui::TextBox &name,
-                                              const ui::TextBox &nameIndex);
+    /// The entries of the record's name.
+    virtual const ui::TextBox &nameBox() const = 0;
+    virtual const ui::TextBox &nameIndexBox() const = 0;
+
+    void tellEntered() const;
+    const Model &model() const { return m_document.model(); }
+    const QString &configuration() const { return m_document.configuration(); }
 
     /// The controls' height is centred on a line; `left` is the label's edge. Returns the right edge.
     template <class Box>
@@ -90,22 +115,23 @@ protected:
 
     ui::TabControl &m_tabs;
     ui::Container &m_surface;
-    EditorState &m_state;
+    Document &m_document;
 
 private:
-    /// One entry, its text or whether it is chosen.
-    struct Entry
+    /// The text of an entry, or whether it is chosen.
+    struct Value
     {
         std::function<QString()> text;
         std::function<void(const QString &)> setText;
     };
 
     template <class Box> void keepText(Box &box);
-    void markChanged() { m_state.changesMade = true; }
 
-    std::vector<Entry> m_entries;
+    RecordKind m_kind;
+    std::vector<Value> m_values;
     std::vector<ui::TextBox *> m_textBoxes;
     QStringList m_settledEntries;
+    std::optional<RecordReference> m_shownRecord; // by the settled entries
 };
 
 } // namespace varnow

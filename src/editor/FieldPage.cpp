@@ -14,8 +14,8 @@
 
 namespace varnow {
 
-FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &linePage)
-    : EntryPage(tabs, "Line &Fields", state), m_linePage(linePage)
+FieldPage::FieldPage(ui::TabControl &tabs, Document &document, const LinePage &linePage)
+    : EntryPage(tabs, "Line &Fields", RecordKind::Field, document), m_linePage(linePage)
 {
     for (ui::TextBox *box : textBoxes())
         connect(*box);
@@ -24,8 +24,8 @@ FieldPage::FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &l
     for (ui::OptionButton *option : {&m_alignRight, &m_alignLeft, &m_padSpaces, &m_padZeros})
         connect(*option);
     connect(m_fixedLength);
-    m_line.onClick = [this, markChanged = m_line.onChange] {
-        markChanged();
+    m_line.onClick = [this] {
+        tellEntered();
         takeOverMessageIndex();
     };
     m_fixedLength.onClick = [this] { followFixedLength(); };
@@ -116,7 +116,6 @@ void FieldPage::turnedTo()
                                            : m_line.findItem(m_linePage.lineName(), ui::ItemMatch::Prefix));
     }
     m_fixedLength.setTabStop(true);
-    m_state.changesMade = false;
 }
 
 void FieldPage::followFixedLength()
@@ -124,18 +123,21 @@ void FieldPage::followFixedLength()
     for (ui::Control *control : std::initializer_list<ui::Control *>{&m_alignRight, &m_alignLeft,
                                                                      &m_padSpaces, &m_padZeros, &m_length})
         control->setEnabled(m_fixedLength.isTicked());
-    m_state.changesMade = true;
+    tellEntered();
 }
 
-std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
+void FieldPage::show(const QString &name, int nameIndex)
 {
-    const FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), name, nameIndex);
-    if (index < 0) {
+    const FieldTable &fields = model().fields;
+    const int index = fields.find(configuration(), name, nameIndex);
+    if (index < 0)
         empty();
-        return {};
-    }
-    const Field field = fields[index];
+    else
+        show(Field(fields[index]));
+}
+
+void FieldPage::show(const Field &field)
+{
     m_name.setText(field.name);
     m_index.setText(QString::number(field.nameIndex));
     m_line.setText(field.lineIndex < 0 ? field.line
@@ -150,7 +152,6 @@ std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
     m_characterPosition.setText(QString::number(field.characterPosition));
     if (field.fixedLength != 0)
         chooseFilling(field);
-    return field;
 }
 
 void FieldPage::empty()
@@ -181,8 +182,8 @@ void FieldPage::clear()
 
 void FieldPage::clearForNext()
 {
-    const FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), leadingNumber(m_index.text()));
+    const FieldTable &fields = model().fields;
+    const int index = fields.find(configuration(), m_name.text(), leadingNumber(m_index.text()));
     const Field stored = fields[index];
     clear();
     if (stored.fixedLength == 0)
@@ -207,9 +208,8 @@ void FieldPage::proposePosition()
         const int lineIndex = leadingNumber(line.index);
         if (lineIndex < 0 || line.name.isEmpty())
             return false;
-        const FieldTable &fields = m_state.model.fields;
-        m_position.setText(
-            QString::number(fields.nextPosition(m_state.configuration(), line.name, lineIndex)));
+        const FieldTable &fields = model().fields;
+        m_position.setText(QString::number(fields.nextPosition(configuration(), line.name, lineIndex)));
         return true;
     };
     guarded(propose, [](const RuntimeError &) { return false; });
@@ -230,7 +230,7 @@ void FieldPage::takeOverMessageIndex()
 void FieldPage::listLines()
 {
     m_line.clear();
-    for (const Line &line : m_state.model.lines.ofConfiguration(m_state.configuration()))
+    for (const Line &line : model().lines.ofConfiguration(configuration()))
         m_line.setItemData(m_line.addItem(nameOf(trim(line.name), line.nameIndex)), line.messageIndex);
 }
 
@@ -247,7 +247,7 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
         return ui::MessageBox{.text = lines.join(lineBreak), .icon = ui::Icon::Critical};
     };
     const DataFieldNames found =
-        loadDataFieldNames(m_state.session.configurationDatabase, m_state.configuration());
+        loadDataFieldNames(m_document.session().configurationDatabase, configuration());
     if (found.outcome == NotConnected || found.outcome == QueryFailed) {
         return problem({"Could not load Data Fields.",
                         found.outcome == NotConnected ? "Could not open the connection to the database."
@@ -265,20 +265,24 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
     return {};
 }
 
-std::optional<QString> FieldPage::store()
+std::optional<RecordReference> FieldPage::store(Edit &edit)
 {
     if (m_index.text().isEmpty())
         m_index.setText("0");
-    const FieldDraft entry = entered();
-    if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(entry)))
+    const FieldDraft draft = entered();
+    if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(draft)))
         return {};
-    m_state.model.fields.store(fieldOf(entry));
-    return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
+    const Field field = fieldOf(draft);
+    edit.fields.store(field);
+    const RecordReference record{RecordKind::Field, {configuration(), trim(field.name), field.nameIndex}};
+    show(record.key.name, record.key.nameIndex);
+    settleEntries();
+    return record;
 }
 
 FieldDraft FieldPage::entered() const
 {
-    return {.configuration = m_state.configuration(),
+    return {.configuration = configuration(),
             .name = m_name.text(),
             .nameIndex = m_index.text(),
             .line = parseLineChoice(m_line.text()),
@@ -294,17 +298,12 @@ FieldDraft FieldPage::entered() const
             .padDirection = m_alignRight.isChosen() ? 1 : -1};
 }
 
-std::optional<RecordName> FieldPage::namedRecord() const
-{
-    return recordOf(RecordName::Kind::Field, m_name, m_index);
-}
-
-std::optional<RecordName> FieldPage::chosenLine() const
+std::optional<RecordKey> FieldPage::namedLine() const
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
     if (isBlank(line.name) || !isLong(line.index))
         return {};
-    return RecordName{RecordName::Kind::Line, trim(line.name), toLong(line.index)};
+    return RecordKey{configuration(), trim(line.name), toLong(line.index)};
 }
 
 Removal FieldPage::remove()
@@ -313,7 +312,13 @@ Removal FieldPage::remove()
                           "remove this field from this configuration?",
                       "Remove Field"))
         return Removal::Declined;
-    if (guarded([this] { return removeField(); }, [](const RuntimeError &) { return false; }))
+    bool removed = false;
+    m_document.edit({}, [&](Edit &edit) {
+        removed = guarded([&] { return removeField(edit); }, [](const RuntimeError &) { return false; });
+        if (removed)
+            settleEntries();
+    });
+    if (removed)
         return Removal::Done;
     ui::show({"An unexpected error occurred while removing this field." + lineBreak +
               "The data for this field may not be removed."});
@@ -321,12 +326,12 @@ Removal FieldPage::remove()
 }
 
 /// Removes the field that the entries name. Returns whether there was one.
-bool FieldPage::removeField()
+bool FieldPage::removeField(Edit &edit)
 {
-    if (isBlank(m_state.configuration()) || isBlank(m_name.text()))
+    if (isBlank(configuration()) || isBlank(m_name.text()))
         return false;
-    FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), typedIndex(m_index.text()));
+    FieldTable &fields = edit.fields;
+    const int index = fields.find(configuration(), m_name.text(), typedIndex(m_index.text()));
     if (index < 0)
         return false;
     fields.remove(index);

@@ -14,11 +14,7 @@ class FieldPage : public EntryPage
 {
 public:
     /// `linePage` tells the line that a new field most likely belongs to.
-    FieldPage(ui::TabControl &tabs, EditorState &state, const LinePage &linePage);
-
-    /// Shows the field with this name, blanks around it ignored, and name index. Returns it, or nothing after
-    /// emptying the page.
-    std::optional<Field> show(const QString &name, int nameIndex);
+    FieldPage(ui::TabControl &tabs, Document &document, const LinePage &linePage);
 
     /// Refills the lines to choose from.
     void listLines();
@@ -35,14 +31,17 @@ public:
     void layOut() override;
     void turnedTo() override;
     void turnedAway() override { m_fixedLength.setTabStop(false); }
+    void show(const QString &name, int nameIndex) override;
     void empty() override;
     void clear() override;
     void clearForNext() override;
-    std::optional<QString> store() override;
-    std::optional<RecordName> namedRecord() const override;
-    /// The line that the entries name.
-    std::optional<RecordName> chosenLine() const;
+    std::optional<RecordReference> store(Edit &edit) override;
+    std::optional<RecordKey> namedLine() const override;
     Removal remove() override;
+
+protected:
+    const ui::TextBox &nameBox() const override { return m_name; }
+    const ui::TextBox &nameIndexBox() const override { return m_index; }
 
 private:
     using TextBox = ui::Labelled<ui::TextBox>;
@@ -51,7 +50,8 @@ private:
     void addToolTips();
     std::vector<ui::TextBox *> textBoxes();
     FieldDraft entered() const;
-    bool removeField();
+    void show(const Field &field);
+    bool removeField(Edit &edit);
     void chooseFilling(const Field &field);
     void takeOverMessageIndex();
     void proposePosition();

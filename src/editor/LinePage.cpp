@@ -12,7 +12,8 @@
 
 namespace varnow {
 
-LinePage::LinePage(ui::TabControl &tabs, EditorState &state) : EntryPage(tabs, "&Lines", state)
+LinePage::LinePage(ui::TabControl &tabs, Document &document)
+    : EntryPage(tabs, "&Lines", RecordKind::Line, document)
 {
     for (TextBox *box : {&m_name, &m_index, &m_messageIndex})
         connect(*box);
@@ -46,8 +47,8 @@ std::optional<ui::MessageBox> LinePage::showFirst()
 {
     using Problem = std::optional<ui::MessageBox>;
     const auto display = [this]() -> Problem {
-        const LineTable &lines = m_state.model.lines;
-        const auto first = std::ranges::find(lines, m_state.configuration(), &Line::configuration);
+        const LineTable &lines = model().lines;
+        const auto first = std::ranges::find(lines, configuration(), &Line::configuration);
         if (first == lines.end())
             return ui::MessageBox{"There is no line configuration" + lineBreak + "data to display."};
         show(*first);
@@ -63,8 +64,8 @@ std::optional<ui::MessageBox> LinePage::showFirst()
 
 void LinePage::show(const QString &name, int nameIndex)
 {
-    const LineTable &lines = m_state.model.lines;
-    const int index = lines.findNamed(m_state.configuration(), trim(name), nameIndex);
+    const LineTable &lines = model().lines;
+    const int index = lines.findNamed(configuration(), trim(name), nameIndex);
     if (index < 0)
         empty();
     else
@@ -87,31 +88,35 @@ void LinePage::empty()
 void LinePage::clear()
 {
     empty();
-    m_messageIndex.setText(QString::number(m_state.model.lines.nextMessageIndex(m_state.configuration())));
+    m_messageIndex.setText(QString::number(model().lines.nextMessageIndex(configuration())));
     focusFirst();
 }
 
-std::optional<QString> LinePage::store()
+std::optional<RecordReference> LinePage::store(Edit &edit)
 {
     if (isBlank(m_index.text()))
         m_index.setText("0");
-    const LineDraft entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
-    if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(entry)))
+    const LineDraft draft{configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
+    if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(draft)))
         return {};
-    m_state.model.lines.store(lineOf(entry));
-    m_state.onLinesChanged();
-    return RecordTree::lineKey(m_messageIndex.text());
+    const Line line = lineOf(draft);
+    edit.lines.store(line);
+    const RecordReference record{RecordKind::Line, {configuration(), trim(line.name), line.nameIndex}};
+    show(record.key.name, record.key.nameIndex);
+    settleEntries();
+    return record;
 }
 
 QString LinePage::lineChoice() const
 {
-    const std::optional<RecordName> line = namedRecord();
+    const std::optional<RecordKey> line = namedLine();
     return line ? nameOf(line->name, line->nameIndex) : QString();
 }
 
-std::optional<RecordName> LinePage::namedRecord() const
+std::optional<RecordKey> LinePage::namedLine() const
 {
-    return recordOf(RecordName::Kind::Line, m_name, m_index);
+    const std::optional<RecordReference> record = namedRecord();
+    return record ? std::optional(record->key) : std::nullopt;
 }
 
 Removal LinePage::remove()
@@ -120,17 +125,21 @@ Removal LinePage::remove()
                           "remove this line from this configuration?",
                       "Remove Line"))
         return Removal::Declined;
-    const bool removed = removeLine();
-    m_state.onLinesChanged(); // some of it may be done after a failure, too
+    bool removed = false;
+    m_document.edit({}, [&](Edit &edit) {
+        removed = removeLine(edit);
+        if (removed)
+            settleEntries();
+    });
     return removed ? Removal::Done : Removal::Failed;
 }
 
 /// Removes the line, renumbers the rest and lets the fields follow. Returns whether every step went well; the
 /// first that did not was shown.
-bool LinePage::removeLine()
+bool LinePage::removeLine(Edit &edit)
 {
-    const QString configuration = trim(m_state.configuration());
-    Model &model = m_state.model;
+    const QString &shown = configuration();
+    Model &model = edit.model();
     const auto refuse = [](const QStringList &lines, ui::Icon icon = ui::Icon::None) {
         ui::show({.text = lines.join(lineBreak), .icon = icon});
         return false;
@@ -141,8 +150,8 @@ bool LinePage::removeLine()
     int fields = 0;
     const auto remove = [&] {
         const int nameIndex = typedIndex(m_index.text());
-        fields = model.fields.countOfLine(configuration, m_name.text(), nameIndex);
-        const int line = fields > 0 ? -1 : model.lines.find(configuration, m_name.text(), nameIndex);
+        fields = model.fields.countOfLine(shown, m_name.text(), nameIndex);
+        const int line = fields > 0 ? -1 : model.lines.find(shown, m_name.text(), nameIndex);
         return line >= 0 && (model.lines.remove(line), true);
     };
     const bool removed = succeeds(remove);
@@ -154,7 +163,7 @@ bool LinePage::removeLine()
     if (!removed)
         return refuse({"An unexpected error occurred while removing this line.",
                        "The data for this line may not be removed."});
-    if (!succeeds([&] { return model.lines.renumber(configuration), true; }))
+    if (!succeeds([&] { return model.lines.renumber(shown), true; }))
         return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
                        "unexpected error occurred the prevented", "the updating of some or all of the",
                        "remaining line configurations."});

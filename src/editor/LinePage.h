@@ -9,13 +9,10 @@ namespace varnow {
 class LinePage : public EntryPage
 {
 public:
-    LinePage(ui::TabControl &tabs, EditorState &state);
+    LinePage(ui::TabControl &tabs, Document &document);
 
     /// Shows the configuration's first line. Without one the message that tells so is returned.
     std::optional<ui::MessageBox> showFirst();
-    /// Shows the line with this name, blanks around it ignored, and name index, any one below 1. Without such
-    /// a line the entries are emptied.
-    void show(const QString &name, int nameIndex);
 
     QString lineName() const { return m_name.text(); }
     /// The line as the field page lists it: its name, and its name index where that is above 0.
@@ -23,17 +20,23 @@ public:
 
     std::vector<ui::Control *> focusOrder() override { return {&m_name, &m_index, &m_messageIndex}; }
     void layOut() override;
+    /// A name index below 1 stands for the first line of the name.
+    void show(const QString &name, int nameIndex) override;
     void empty() override;
     void clear() override;
-    std::optional<QString> store() override;
-    std::optional<RecordName> namedRecord() const override;
+    std::optional<RecordReference> store(Edit &edit) override;
+    std::optional<RecordKey> namedLine() const override;
     Removal remove() override;
+
+protected:
+    const ui::TextBox &nameBox() const override { return m_name; }
+    const ui::TextBox &nameIndexBox() const override { return m_index; }
 
 private:
     using TextBox = ui::Labelled<ui::TextBox>;
 
     void show(const Line &line);
-    bool removeLine();
+    bool removeLine(Edit &edit);
 
     TextBox m_name{m_surface, "lineName", "Name", {0, 0, 420, 195}, {0, 0, 1245, 315}};
     TextBox m_index{m_surface, "lineIndex", "Index", {0, 0, 390, 195}, {0, 0, 500, 315}};

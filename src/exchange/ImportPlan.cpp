@@ -249,8 +249,6 @@ ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
 
 void apply(const ImportPlan &plan, Model &model)
 {
-    const int count = plan.count(RowOutcome::Added) + plan.count(RowOutcome::Changed);
-    const Editing editing(model, "import of " + counted(count, "record"));
     std::vector<Field> fields;
     QSet<RecordKey> unchanged;
     QHash<RecordKey, int> renumbered; // lines, with their message indexes

@@ -53,7 +53,7 @@ enum class ImportTarget {
 ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
                       const QString &currentConfiguration, ImportTarget target = ImportTarget::AsNamed);
 
-/// Stores the records of the rows added and changed, as one step of the model's history. Where a line gets
+/// Stores the records of the rows added and changed. To be called within an edit. Where a line gets
 /// another message index, those of its fields that the files do not hold move with it. The model must be as
 /// it was when the plan was made.
 void apply(const ImportPlan &plan, Model &model);

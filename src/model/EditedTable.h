@@ -36,25 +36,38 @@ template <class Record> bool sameKey(const Record &a, const Record &b)
     return true;
 }
 
-/// A record table that remembers what was done to it: which records differ from their rows, which rows wait
-/// for deletion, and, while someone records, every single change.
-template <class Record, class Order> class EditedTable : public RecordTable<Record, Order>
+/// A record table that remembers what was done to it: which records differ from their rows, which rows the
+/// next save deletes, and, while someone records, every single change. Nothing else can change its records.
+template <class Record, class Order> class EditedTable : private RecordTable<Record, Order>
 {
     using Base = RecordTable<Record, Order>;
 
 public:
-    /// The records removed since the last deletion run without errors, in the order of their removal.
-    std::vector<Record> removed;
+    using Base::begin;
+    using Base::end;
+    using Base::find;
+    using Base::indexOf;
+    using Base::isEmpty;
+    using Base::lookUp;
+    using Base::ofConfiguration;
+    using Base::size;
+    using Base::states;
+    using typename Base::Iterator;
+    using Base::operator[];
 
-    UnsavedChanges<Record> unsaved;
+    /// The records removed since the last deletion run without errors, in the order of their removal.
+    const std::vector<Record> &removed() const { return m_removed; }
+
+    /// The records that differ from their rows.
+    const UnsavedChanges<Record> &unsaved() const { return m_unsaved; }
 
     /// Whether the next save has a row to delete.
     bool hasRowsToDelete() const
     {
         const auto isToGo = [this](const Record &gone) {
-            return gone.id > 0 && std::ranges::find(*this, gone.id, &Record::id) == this->end();
+            return gone.id > 0 && std::ranges::find(*this, gone.id, &Record::id) == end();
         };
-        return std::ranges::any_of(removed, isToGo);
+        return std::ranges::any_of(m_removed, isToGo);
     }
 
     /// Changes are written down here from now on; null ends that.
@@ -66,23 +79,44 @@ public:
         Base::clear();
         for (Record &record : records)
             Base::append(std::move(record));
-        unsaved.clear();
+        m_unsaved.clear();
     }
+
+    /// Adds a row of the database behind all records.
+    void appendLoaded(Record row) { Base::append(std::move(row)); }
+
+    /// The row of a record holds what the record does: it was saved.
+    void markSaved(const Record &record) { m_unsaved.settle(record); }
+
+    /// A record has no row.
+    void markWithoutRow(const Record &record) { m_unsaved.noteWithoutRow(record); }
+
+    /// The row of the removed record with this number is deleted. Its identifier is forgotten at once, for
+    /// another row may get it next. `hadRow`: false where a record in memory has the row, which stays.
+    void markDeleted(std::size_t number, bool hadRow)
+    {
+        if (hadRow)
+            m_unsaved.settleDeleted(m_removed[number]);
+        m_removed[number].id = -1;
+    }
+
+    /// Drops the list of removed records: all of their rows are deleted.
+    void forgetRemoved() { m_removed.clear(); }
 
     /// Moves the record at an index to the removed ones. Raises errors::SubscriptOutOfRange outside the
     /// table.
     void remove(int index)
     {
         Record record = (*this)[index];
-        removed.push_back(record);
+        m_removed.push_back(record);
         Base::removeAt(index);
         note(index, std::move(record), {});
     }
 
-    /// Lets a row that no record here stands for wait for deletion.
+    /// Has the next save delete a row that no record here stands for.
     void removeRow(Record row)
     {
-        removed.push_back(row);
+        m_removed.push_back(row);
         if (m_changes != nullptr)
             m_changes->push_back({Change<Record>::noIndex, std::move(row), {}});
     }
@@ -114,7 +148,7 @@ public:
     {
         if (change.index == Change<Record>::noIndex) {
             if (change.parkedId > 0) // else its row is deleted, and another one may have its identifier
-                removed.push_back(*change.was);
+                m_removed.push_back(*change.was);
             return;
         }
         if (change.was && !change.is) {
@@ -145,6 +179,28 @@ public:
         replace(index, isSameRow ? withId(row, current.id) : row);
     }
 
+    /// Lets go of a row, so that the next save can delete it: the record that has its identifier gets that of
+    /// the row that stays. One whose key another record has, too, goes itself, with its row. Returns whether
+    /// it went.
+    bool releaseRow(const Record &row, int keptId)
+    {
+        const auto owner = std::ranges::find(*this, row.id, &Record::id);
+        if (owner == end())
+            return false;
+        const auto isTwin = [&](const Record &other) {
+            return &other != &*owner && keyOf(other) == keyOf(*owner);
+        };
+        const auto twin = std::ranges::find_if(*this, isTwin);
+        if (twin == end()) {
+            giveIds([&](const Record &record) { return record.id == row.id ? keptId : record.id; });
+            return false;
+        }
+        const Record remaining = *twin;
+        remove(indexOf(*owner));
+        m_unsaved.note({}, remaining); // the key is not gone
+        return true;
+    }
+
     /// Gives every record the identifier that `idOf` returns for it. No change: the row stays the same.
     template <class IdOf> void giveIds(IdOf idOf)
     {
@@ -156,15 +212,25 @@ public:
     }
 
 protected:
+    /// Takes a row of the database in: in place of the record at an index, or in order where that is -1.
+    void loadAt(int index, Record row)
+    {
+        m_unsaved.settle(row);
+        if (index < 0)
+            Base::insertOrdered(std::move(row));
+        else
+            Base::replace(index, std::move(row));
+    }
+
     void add(Record record)
     {
-        const int index = this->indexOf(Base::append(record));
+        const int index = indexOf(Base::append(record));
         note(index, {}, std::move(record));
     }
 
     void addOrdered(Record record)
     {
-        const int index = this->indexOf(Base::insertOrdered(record));
+        const int index = indexOf(Base::insertOrdered(record));
         note(index, {}, std::move(record));
     }
 
@@ -200,12 +266,12 @@ protected:
     {
         const auto isRow = [&](const Record &other) { return sameKey(record, other); };
         const auto isSame = [&](const Record &other) { return other.id == record.id && isRow(other); };
-        auto waiting = std::find_if(removed.rbegin(), removed.rend(), isSame);
-        if (waiting == removed.rend())
-            waiting = std::find_if(removed.rbegin(), removed.rend(), isRow);
-        if (waiting != removed.rend()) {
+        auto waiting = std::find_if(m_removed.rbegin(), m_removed.rend(), isSame);
+        if (waiting == m_removed.rend())
+            waiting = std::find_if(m_removed.rbegin(), m_removed.rend(), isRow);
+        if (waiting != m_removed.rend()) {
             record.id = waiting->id;
-            removed.erase(std::next(waiting).base());
+            m_removed.erase(std::next(waiting).base());
         } else if (record.id > 0) {
             record.id = -1; // its row is gone
         }
@@ -215,7 +281,7 @@ protected:
 private:
     void note(int index, std::optional<Record> was, std::optional<Record> is)
     {
-        unsaved.note(was, is);
+        m_unsaved.note(was, is);
         const bool isSame = sameContent(was, is) && was->id == is->id;
         if (m_changes != nullptr && !isSame)
             m_changes->push_back({index, std::move(was), std::move(is)});
@@ -231,7 +297,7 @@ private:
     int park(const Record &record)
     {
         if (record.id > 0)
-            removed.push_back(record);
+            m_removed.push_back(record);
         return std::max(record.id, 0);
     }
 
@@ -245,7 +311,7 @@ private:
     /// Takes a row from those that wait for deletion. Returns whether it waited.
     bool stopWaiting(int id)
     {
-        return std::erase_if(removed, [id](const Record &other) { return other.id == id; }) > 0;
+        return std::erase_if(m_removed, [id](const Record &other) { return other.id == id; }) > 0;
     }
 
     void takeOut(int index)
@@ -255,6 +321,8 @@ private:
         note(index, std::move(record), {});
     }
 
+    std::vector<Record> m_removed;
+    UnsavedChanges<Record> m_unsaved;
     Changes<Record> *m_changes = nullptr;
 };
 

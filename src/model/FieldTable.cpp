@@ -11,7 +11,7 @@ int FieldTable::find(const QString &configuration, const QString &name, int name
 {
     const QStringView wantedConfiguration = trimmedView(configuration);
     const QStringView wantedName = trimmedView(name);
-    return RecordTable::find(configuration, name, nameIndex, [&](const Field &field) {
+    return EditedTable::find(configuration, name, nameIndex, [&](const Field &field) {
         return field.nameIndex == nameIndex && field.name == wantedName &&
                field.configuration == wantedConfiguration;
     });
@@ -43,12 +43,7 @@ void FieldTable::storeAll(std::vector<Field> fields)
 
 void FieldTable::load(Field row)
 {
-    const int index = find(row.configuration, row.name, row.nameIndex);
-    unsaved.settle(row);
-    if (index < 0)
-        insertOrdered(std::move(row));
-    else
-        RecordTable::replace(index, std::move(row));
+    loadAt(find(row.configuration, row.name, row.nameIndex), std::move(row));
 }
 
 void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf,

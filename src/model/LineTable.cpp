@@ -9,7 +9,7 @@ namespace varnow {
 
 int LineTable::find(const QString &configuration, const QString &name, int nameIndex) const
 {
-    return RecordTable::find(configuration, name, nameIndex, [&](const Line &line) {
+    return EditedTable::find(configuration, name, nameIndex, [&](const Line &line) {
         return line.nameIndex == nameIndex && trimmedView(line.name) == name &&
                trimmedView(line.configuration) == configuration;
     });

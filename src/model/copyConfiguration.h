@@ -22,7 +22,7 @@ CopyCount countFieldsToCopy(const Model &model, const QString &source, const QSt
 
 /// Copies the lines and fields of a configuration into another one, in their order. The copied lines keep
 /// their message indexes or, where a line that stays has one of these, all come behind those that stay; the
-/// fields of the target follow their lines. To be called within an Editing. Nothing happens where source and
+/// fields of the target follow their lines. To be called within an edit. Nothing happens where source and
 /// target are one.
 void copyConfiguration(Model &model, const QString &source, const QString &target, EqualKeys equalKeys);
 

@@ -60,7 +60,7 @@ struct IssueContext
 std::vector<Issue> issuesIn(const Model &model, const IssueContext &context,
                             const std::optional<QString> &configuration = {});
 
-/// Gives the fields of a line its message index. To be called within an Editing.
+/// Gives the fields of a line its message index. To be called within an edit.
 void moveFieldsToLine(Model &model, const RecordKey &line);
 
 } // namespace varnow

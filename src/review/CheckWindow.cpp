@@ -41,7 +41,7 @@ FixTexts textsOf(Fix fix)
 
 } // namespace
 
-CheckWindow::CheckWindow(EditorState &state) : ui::Window("check", "Check", 9000, 4800), m_state(state)
+CheckWindow::CheckWindow(Document &document) : ui::Window("check", "Check", 9000, 4800), m_document(document)
 {
     m_list.setAccessibleName("Findings");
     setFocusOrder({&m_list, &m_all, &m_fix, &m_again, &m_close});
@@ -49,6 +49,8 @@ CheckWindow::CheckWindow(EditorState &state) : ui::Window("check", "Check", 9000
     m_all.setToolTip("Checks every configuration, not only the one that the editor shows.");
     m_again.setToolTip("Asks the database once more and checks everything anew.");
     m_close.setToolTip("Closes this window.");
+    QObject::connect(&document, &Document::changed, &document, [this] { followDocument(); });
+    QObject::connect(&document, &Document::configurationChanged, &document, [this] { followDocument(); });
     onLoad = [this] {
         askDatabase();
         addRows();
@@ -85,11 +87,11 @@ void CheckWindow::askDatabase()
     m_dataFieldNames.clear();
     const auto ask = [&] {
         ui::RunWindow window;
-        Run run(m_state.session.configurationDatabase, window);
+        Run run(m_document.session().configurationDatabase, window);
         m_tellsLetterCaseApart = tellsLetterCaseApart(run);
-        m_rows = findRowIssues(run, m_state.model);
+        m_rows = findRowIssues(run, m_document.model());
         m_dataFieldNames = loadAllDataFieldNames(run);
-        for (const QString &name : m_state.session.configurationNames)
+        for (const QString &name : m_document.session().configurationNames)
             m_dataFieldNames[name]; // one without data field names has no right lookup
         return QString();
     };
@@ -101,7 +103,8 @@ void CheckWindow::askDatabase()
         ui::show({failure, "Check", ui::Icon::Critical});
 }
 
-void CheckWindow::refill()
+/// Checks what is in memory anew, if the window is open.
+void CheckWindow::followDocument()
 {
     if (isLoaded())
         addRows();
@@ -109,12 +112,13 @@ void CheckWindow::refill()
 
 void CheckWindow::addRows()
 {
-    const QString shown = trim(m_state.configuration());
+    const QString &shown = m_document.configuration();
     const std::optional<QString> configuration = m_all.isTicked() ? std::nullopt : std::optional(shown);
     m_items.clear();
-    for (const Issue &issue : issuesIn(
-             m_state.model, {m_state.session.configurationNames, m_dataFieldNames, m_tellsLetterCaseApart},
-             configuration))
+    for (const Issue &issue :
+         issuesIn(m_document.model(),
+                  {m_document.session().configurationNames, m_dataFieldNames, m_tellsLetterCaseApart},
+                  configuration))
         m_items.push_back({issue, {}});
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         if (!configuration || m_rows[i].issue.record.key.configuration == *configuration)
@@ -143,18 +147,18 @@ void CheckWindow::followSelection()
 void CheckWindow::fix()
 {
     const Item item = m_items[static_cast<std::size_t>(m_list.selectedRows().front())];
-    const bool isRow = item.row.has_value();
-    {
-        const Editing editing(m_state.model, isRow ? QStringLiteral("removal of a row") : QString());
-        if (isRow)
-            removeAtNextSave(m_state.model, m_rows[*item.row]);
-        else
-            moveFieldsToLine(m_state.model, item.issue.line);
+    if (!item.row) {
+        const QString line = shownName(item.issue.line);
+        m_document.edit({"move of the fields of " + nameOf(item.issue.line),
+                         "The fields of line " + line + " have its message index now."},
+                        [&](Edit &edit) { moveFieldsToLine(edit.model(), item.issue.line); });
+        return;
     }
-    if (isRow)
-        m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(*item.row));
-    onEdited(isRow ? QStringLiteral("The row will be removed at the next save.")
-                   : "The fields of line " + shownName(item.issue.line) + " have its message index now.");
+    const RowIssue issue = m_rows[*item.row];
+    m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(*item.row));
+    m_document.edit(
+        {QStringLiteral("removal of a row"), QStringLiteral("The row will be removed at the next save.")},
+        [&](Edit &edit) { removeAtNextSave(edit.model(), issue); });
 }
 
 void CheckWindow::showRecordOf(int item)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "editor/EditorState.h"
-#include "editor/RecordTree.h"
+#include "document/Document.h"
 #include "storage/rowIssues.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
@@ -18,15 +17,11 @@ namespace varnow {
 class CheckWindow : public ui::Window
 {
 public:
-    explicit CheckWindow(EditorState &state);
+    /// The document must outlive the window.
+    explicit CheckWindow(Document &document);
 
     /// The user wants to see a record in the editor.
     std::function<void(const RecordReference &record)> onShow;
-    /// Records were changed; the sentence tells how.
-    std::function<void(const QString &sentence)> onEdited;
-
-    /// Checks what is in memory anew, if the window is open.
-    void refill();
 
 private:
     /// A row of the list; one of the database where `row` is set.
@@ -39,11 +34,12 @@ private:
     void layOut();
     void askDatabase();
     void addRows();
+    void followDocument();
     void showRecordOf(int item);
     void followSelection();
     void fix();
 
-    EditorState &m_state;
+    Document &m_document;
     std::vector<RowIssue> m_rows;
     bool m_tellsLetterCaseApart = true;
     QHash<QString, QStringList> m_dataFieldNames;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/RecordTree.h"
-#include "model/Model.h"
+#include "document/Document.h"
+#include "model/RecordReference.h"
 #include "model/lineLayout.h"
 #include "ui/BarChart.h"
 #include "ui/Button.h"
@@ -21,18 +21,22 @@ ui::Bar barOf(const LayoutBar &field);
 class LayoutWindow : public ui::Window
 {
 public:
-    explicit LayoutWindow(const Model &model);
+    /// The document must outlive the window.
+    explicit LayoutWindow(const Document &document);
 
     /// The user clicked a field.
     std::function<void(const RecordReference &record)> onShow;
 
-    /// Draws a line, or, without one, nothing. The field is marked.
-    void draw(const std::optional<Line> &line, const std::optional<RecordName> &field);
+    /// Draws a line, or, without one, nothing, and follows its changes. The field is marked.
+    void draw(const std::optional<RecordKey> &line, const std::optional<RecordReference> &field);
 
 private:
     void layOut();
+    void redraw();
 
-    const Model &m_model;
+    const Document &m_document;
+    std::optional<RecordKey> m_shownLine;
+    std::optional<RecordReference> m_shownField;
     std::vector<RecordReference> m_fields; // by bar
 
     ui::Label m_line{*this, "line", "", {120, 120, 8760, 195}};

@@ -13,9 +13,10 @@ constexpr float margin = 120;
 constexpr float minimumWidth = 4900;
 constexpr float minimumHeight = 2550;
 
-/// Fills the list with the rows of every record. A failure, an empty table among them, is shown.
+/// Fills the list with the rows of every record. A failure, an empty table among them, is shown where there
+/// is a text for it.
 template <class Record, class Order>
-void listRecords(ui::ListBox &list, const RecordTable<Record, Order> &table, const QString &failure)
+void listRecords(ui::ListBox &list, const EditedTable<Record, Order> &table, const QString &failure)
 {
     const auto fill = [&] {
         list.clear();
@@ -29,6 +30,8 @@ void listRecords(ui::ListBox &list, const RecordTable<Record, Order> &table, con
         return 0;
     };
     const auto report = [&](const RuntimeError &error) {
+        if (failure.isEmpty())
+            return error.number();
         ui::show(
             {QStringList{failure, QStringLiteral("Error: %1").arg(error.number()), error.description()}.join(
                 lineBreak)});
@@ -39,18 +42,40 @@ void listRecords(ui::ListBox &list, const RecordTable<Record, Order> &table, con
 
 } // namespace
 
-ListingWindow::ListingWindow(const Model &model) : ui::Window("listing", "Data Display", 5565, 4080)
+ListingWindow::ListingWindow(const Document &document)
+    : ui::Window("listing", "Data Display", 5565, 4080), m_document(document)
 {
     m_list.setAccessibleName("Records in memory");
     setFocusOrder({&m_list, &m_lines, &m_fields, &m_exit});
     m_lines.setToolTip("Lists the lines of all configurations as they are in memory.");
     m_fields.setToolTip("Lists the fields of all configurations as they are in memory.");
     m_exit.setToolTip("Closes this window.");
-    onLoad = [this] { m_list.clear(); };
+    const auto follow = [this] {
+        if (isLoaded() && m_listed)
+            list(*m_listed, false);
+    };
+    QObject::connect(&document, &Document::changed, &document, follow);
+    QObject::connect(&document, &Document::loaded, &document, follow);
+    onLoad = [this] {
+        m_list.clear();
+        m_listed.reset();
+    };
     onResize = [this] { layOut(); };
-    m_lines.onClick = [this, &model] { listRecords(m_list, model.lines, "Error loading lines."); };
-    m_fields.onClick = [this, &model] { listRecords(m_list, model.fields, "Error loading fields"); };
+    m_lines.onClick = [this] { list(RecordKind::Line, true); };
+    m_fields.onClick = [this] { list(RecordKind::Field, true); };
     m_exit.onClick = [this] { unload(); };
+}
+
+void ListingWindow::list(RecordKind kind, bool tellsFailure)
+{
+    m_listed = kind;
+    const Model &model = m_document.model();
+    switch (kind) {
+    case RecordKind::Line:
+        return listRecords(m_list, model.lines, tellsFailure ? "Error loading lines." : "");
+    case RecordKind::Field:
+        return listRecords(m_list, model.fields, tellsFailure ? "Error loading fields" : "");
+    }
 }
 
 void ListingWindow::layOut()

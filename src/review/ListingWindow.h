@@ -1,10 +1,13 @@
 #pragma once
 
-#include "model/Model.h"
+#include "document/Document.h"
+#include "model/RecordReference.h"
 #include "ui/Button.h"
 #include "ui/Frame.h"
 #include "ui/ListBox.h"
 #include "ui/Window.h"
+
+#include <optional>
 
 namespace varnow {
 
@@ -12,10 +15,15 @@ namespace varnow {
 class ListingWindow : public ui::Window
 {
 public:
-    explicit ListingWindow(const Model &model);
+    /// The document must outlive the window.
+    explicit ListingWindow(const Document &document);
 
 private:
     void layOut();
+    void list(RecordKind kind, bool tellsFailure);
+
+    const Document &m_document;
+    std::optional<RecordKind> m_listed;
 
     ui::Panel m_panel{*this, "panel", {120, 120, 4815, 2835}};
     ui::ListBox m_list{m_panel, "list", {120, 120, 4575, 2595}};

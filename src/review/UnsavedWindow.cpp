@@ -60,8 +60,8 @@ RecordReference referenceTo(const Field &field)
 
 } // namespace
 
-UnsavedWindow::UnsavedWindow(Model &model, LeftChanges &conflicts)
-    : ui::Window("unsaved", "Unsaved Changes", 9000, 4800), m_model(model), m_conflicts(conflicts)
+UnsavedWindow::UnsavedWindow(Document &document)
+    : ui::Window("unsaved", "Unsaved Changes", 9000, 4800), m_document(document)
 {
     m_list.setAccessibleName("Unsaved changes");
     setFocusOrder({&m_list, &m_revert, &m_reapply, &m_close});
@@ -69,6 +69,9 @@ UnsavedWindow::UnsavedWindow(Model &model, LeftChanges &conflicts)
     m_revert.setToolTip("Makes the selected records what the database holds of them again.");
     m_reapply.setToolTip("Makes the selected changes of an earlier run, whatever the records are now.");
     m_close.setToolTip("Closes this window.");
+    QObject::connect(&document, &Document::changed, &document, [this] { followDocument(); });
+    QObject::connect(&document, &Document::saved, &document, [this] { followDocument(); });
+    QObject::connect(&document, &Document::loaded, &document, [this] { followDocument(); });
     onLoad = [this] { addRows(); };
     onResize = [this] { layOut(); };
     m_list.onSelect = [this] { followSelection(); };
@@ -90,7 +93,8 @@ void UnsavedWindow::layOut()
     m_list.move({margin, margin, innerWidth() - 2 * margin, top - 2 * margin});
 }
 
-void UnsavedWindow::refill()
+/// Lists what is unsaved now, if the window is open.
+void UnsavedWindow::followDocument()
 {
     if (isLoaded())
         addRows();
@@ -99,13 +103,13 @@ void UnsavedWindow::refill()
 void UnsavedWindow::addRows()
 {
     m_rows.clear();
-    for (const auto &entry : m_model.lines.unsaved.entries())
+    for (const auto &entry : m_document.model().lines.unsaved().entries())
         m_rows.push_back({entry, false});
-    for (const auto &entry : m_model.fields.unsaved.entries())
+    for (const auto &entry : m_document.model().fields.unsaved().entries())
         m_rows.push_back({entry, false});
-    for (const auto &entry : m_conflicts.lines)
+    for (const auto &entry : m_document.conflicts().lines)
         m_rows.push_back({entry, true});
-    for (const auto &entry : m_conflicts.fields)
+    for (const auto &entry : m_document.conflicts().fields)
         m_rows.push_back({entry, true});
     const auto place = [](const Row &row) {
         return std::visit([](const auto &entry) { return placeOf(entry.record()); }, row.entry);
@@ -146,34 +150,25 @@ std::vector<UnsavedWindow::Row> UnsavedWindow::selected(bool conflicts) const
 void UnsavedWindow::revert()
 {
     const std::vector<Row> rows = selected(false);
-    {
-        const Editing editing(m_model, "taking back of " + counted(qint64(rows.size()), "change"));
+    const QString changes = counted(qint64(rows.size()), "change");
+    m_document.edit({"taking back of " + changes, "Taken back: " + changes + '.'}, [&](Edit &edit) {
         for (const Row &row : rows)
-            std::visit([this](const auto &entry) { m_model.revert(entry); }, row.entry);
-    }
-    onEdited("Taken back: " + counted(qint64(rows.size()), "change") + '.');
+            std::visit([&edit](const auto &change) { edit.revert(change); }, row.entry);
+    });
 }
 
 /// Puts conflicting changes into memory over what the database holds.
 void UnsavedWindow::reapply()
 {
-    const std::vector<Row> rows = selected(true);
-    {
-        const Editing editing(m_model, "taking over of " + counted(qint64(rows.size()), "change"));
-        for (const Row &row : rows)
-            std::visit([this](const auto &entry) { m_model.reapply(entry); }, row.entry);
+    LeftChanges conflicts;
+    for (const Row &row : selected(true)) {
+        if (const auto *line = std::get_if<UnsavedChange<Line>>(&row.entry))
+            conflicts.lines.push_back(*line);
+        else
+            conflicts.fields.push_back(std::get<UnsavedChange<Field>>(row.entry));
     }
-    const auto settle = [&rows]<class Entry>(std::vector<Entry> &conflicts) {
-        std::erase_if(conflicts, [&rows](const Entry &conflict) {
-            return std::ranges::any_of(rows, [&](const Row &row) {
-                const auto *entry = std::get_if<Entry>(&row.entry);
-                return entry != nullptr && keyOf(entry->record()) == keyOf(conflict.record());
-            });
-        });
-    };
-    settle(m_conflicts.lines);
-    settle(m_conflicts.fields);
-    onEdited("Taken over: " + counted(qint64(rows.size()), "change") + '.');
+    m_document.reapply(conflicts);
+    addRows(); // they are no conflicts any more, also where nothing had to be changed
 }
 
 void UnsavedWindow::showRecordOf(int row)

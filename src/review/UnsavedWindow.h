@@ -1,8 +1,7 @@
 #pragma once
 
-#include "editor/RecordTree.h"
-#include "model/Model.h"
-#include "storage/recovery.h"
+#include "document/Document.h"
+#include "model/RecordReference.h"
 #include "ui/Button.h"
 #include "ui/Table.h"
 #include "ui/Window.h"
@@ -17,16 +16,11 @@ namespace varnow {
 class UnsavedWindow : public ui::Window
 {
 public:
-    /// What is taken over goes from the conflicts. Both must outlive the window.
-    UnsavedWindow(Model &model, LeftChanges &conflicts);
+    /// The document must outlive the window.
+    explicit UnsavedWindow(Document &document);
 
     /// The user wants to see a record in the editor.
     std::function<void(const RecordReference &record)> onShow;
-    /// Records were changed; the sentence tells how.
-    std::function<void(const QString &sentence)> onEdited;
-
-    /// Lists what is unsaved now, if the window is open.
-    void refill();
 
 private:
     /// A row of the list.
@@ -38,14 +32,14 @@ private:
 
     void layOut();
     void addRows();
+    void followDocument();
     void revert();
     void reapply();
     void showRecordOf(int row);
     void followSelection();
     std::vector<Row> selected(bool conflicts) const;
 
-    Model &m_model;
-    LeftChanges &m_conflicts;
+    Document &m_document;
     std::vector<Row> m_rows;
 
     ui::Table m_list{

@@ -15,7 +15,7 @@ template <class Table> void noteMissing(Table &table, const QSet<RecordKey> &loa
 {
     for (const auto &record : table) {
         if (!loaded.contains(keyOf(record)))
-            table.unsaved.noteWithoutRow(record);
+            table.markWithoutRow(record);
     }
 }
 
@@ -26,7 +26,7 @@ void loadLines(Run &run, LineTable &lines)
         return noteMissing(lines, {});
     lines.assign({});
     for (const RecordReader<Line> reader(rows); !rows.atEnd(); rows.moveNext())
-        lines.append(reader.read()); // those read before an error stay
+        lines.appendLoaded(reader.read()); // those read before an error stay
 }
 
 void mergeFields(db::ResultSet &rows, FieldTable &fields, RunObserver &observer)
@@ -77,7 +77,6 @@ int loadAll(const db::ConnectionSettings &database, Model &model, RunObserver &o
 
 int loadAll(Run &run, Model &model)
 {
-    model.forgetHistory();
     const auto load = [&] {
         loadLines(run, model.lines);
         loadFields(run, model.fields);

@@ -154,8 +154,8 @@ bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
                                {"server", m_database.server},
                                {"database", m_database.database},
                                {"time", QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
-                               {"lines", toJson(model.lines.unsaved.entries(), conflicts.lines)},
-                               {"fields", toJson(model.fields.unsaved.entries(), conflicts.fields)}};
+                               {"lines", toJson(model.lines.unsaved().entries(), conflicts.lines)},
+                               {"fields", toJson(model.fields.unsaved().entries(), conflicts.fields)}};
     QSaveFile file(m_path);
     return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
            file.write(QJsonDocument(contents).toJson(QJsonDocument::Compact)) >= 0 && file.commit();

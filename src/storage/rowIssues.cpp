@@ -164,7 +164,7 @@ template <class Record> void addFindings(Run &run, const Model &model, std::vect
 {
     const auto &table = Names<Record>::tableOf(model);
     QSet<int> waiting;
-    for (const Record &record : table.removed)
+    for (const Record &record : table.removed())
         waiting.insert(record.id);
     for (const Rows<Record> &rows : readRows<Record>(run, waiting)) {
         const RecordKey key = keyOf(rows.front().record);
@@ -172,28 +172,6 @@ template <class Record> void addFindings(Run &run, const Model &model, std::vect
         if (index >= 0)
             checkRows(rows, table[index], issues);
     }
-}
-
-/// Takes from the record that has the row's identifier what would keep the row from deletion: it gets that of
-/// the row that stays. One whose key another record has, too, goes itself, with its row. Returns whether it
-/// went.
-template <class Table, class Record> bool letGo(Table &table, const Record &row, int keptId)
-{
-    const auto owner = std::ranges::find(table, row.id, &Record::id);
-    if (owner == table.end())
-        return false;
-    const auto isTwin = [&](const Record &other) {
-        return &other != &*owner && keyOf(other) == keyOf(*owner);
-    };
-    const auto twin = std::ranges::find_if(table, isTwin);
-    if (twin == table.end()) {
-        table.giveIds([&](const Record &record) { return record.id == row.id ? keptId : record.id; });
-        return false;
-    }
-    const Record remaining = *twin;
-    table.remove(table.indexOf(*owner));
-    table.unsaved.note({}, remaining); // the key is not gone
-    return true;
 }
 
 /// Whether the database tells the texts of a column apart by letter case: the empty result gives its
@@ -221,7 +199,7 @@ void removeAtNextSave(Model &model, const RowIssue &found)
 {
     const auto remove = [&]<class Record>(const Record &row) {
         auto &table = Names<Record>::tableOf(model);
-        if (!letGo(table, row, found.keptId))
+        if (!table.releaseRow(row, found.keptId))
             table.removeRow(row);
     };
     std::visit(remove, found.row);

@@ -26,7 +26,7 @@ struct RowIssue
 std::vector<RowIssue> findRowIssues(Run &run, const Model &model);
 
 /// Lets the row of a issue with the fix RemoveAtNextSave wait for deletion. To be called within an
-/// Editing.
+/// edit.
 void removeAtNextSave(Model &model, const RowIssue &found);
 
 /// Whether the database tells the names of records apart by letter case. Raises the provider's error code.

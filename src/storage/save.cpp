@@ -102,14 +102,14 @@ template <class Record> void saveRecord(Run &run, Record record)
 /// committed, and shows the summary. Records that come after the user stopped the run count as errors.
 /// Returns the number of errors.
 template <class Records, class Step, class Done>
-int runOver(Run &run, Records &records, const RunTexts &texts, Step step, Done done)
+int runOver(Run &run, const Records &records, const RunTexts &texts, Step step, Done done)
 {
     const auto count = static_cast<int>(records.size());
     int stopped = 0;
     RunSteps steps(run);
     {
         RunPart part(run.observer(), texts.what, count);
-        for (auto &record : records) {
+        for (const auto &record : records) {
             if (part.step())
                 steps.add([&step, &record] { step(record); }, [&done, &record] { done(record); });
             else
@@ -145,7 +145,7 @@ template <class Body> SaveResult reporting(Run &run, const RunTexts &texts, Body
 /// once, for another row may get it next.
 template <class Record, class Order> SaveResult deleteRemoved(Run &run, EditedTable<Record, Order> &table)
 {
-    if (table.removed.empty())
+    if (table.removed().empty())
         return {};
     const RunTexts &texts = SaveTexts<Record>::deletion;
     return reporting(run, texts, [&] {
@@ -157,14 +157,13 @@ template <class Record, class Order> SaveResult deleteRemoved(Run &run, EditedTa
             if (hasRow(record) && !isInUse(record))
                 run.change(deleteRow<Record>(record.id));
         };
-        const auto forget = [&](Record &record) {
-            if (!isInUse(record))
-                table.unsaved.settleDeleted(record);
-            record.id = -1;
+        const auto forget = [&](const Record &record) {
+            const auto number = static_cast<std::size_t>(&record - table.removed().data());
+            table.markDeleted(number, !isInUse(record));
         };
-        const int errorCount = runOver(run, table.removed, texts, deleteOne, forget);
+        const int errorCount = runOver(run, table.removed(), texts, deleteOne, forget);
         if (errorCount == 0)
-            table.removed.clear();
+            table.forgetRemoved();
         return errorCount;
     });
 }
@@ -176,7 +175,7 @@ template <class Record, class Order> SaveResult save(Run &run, EditedTable<Recor
         if (!table.isEmpty())
             return runOver(
                 run, table, texts, [&run](const Record &record) { saveRecord(run, record); },
-                [&table](const Record &record) { table.unsaved.settle(record); });
+                [&table](const Record &record) { table.markSaved(record); });
         run.showMessage(QStringLiteral("No records found to process."));
         return 0;
     });

@@ -66,8 +66,8 @@ template <class Record> QStringList detailsOf(const ImportRow &row, const Record
 
 } // namespace
 
-ImportWindow::ImportWindow(const EditorState &state)
-    : ui::Window("importing", "Import", 13500, 7000), m_state(state)
+ImportWindow::ImportWindow(const Document &document)
+    : ui::Window("importing", "Import", 13500, 7000), m_document(document)
 {
     m_list.setAccessibleName("Rows to import");
     setFocusOrder({&m_list, &m_current, &m_import, &m_add, &m_saveRefused, &m_cancel});
@@ -142,7 +142,7 @@ void ImportWindow::addFile(const QFileInfo &file)
 void ImportWindow::makePlan()
 {
     const ui::Hourglass hourglass;
-    m_plan = planImport(m_files, m_state.model, m_state.configuration(),
+    m_plan = planImport(m_files, m_document.model(), m_document.configuration(),
                         m_current.isTicked() ? ImportTarget::Current : ImportTarget::AsNamed);
     QStringList counts;
     for (const RowOutcome outcome :
@@ -169,7 +169,7 @@ void ImportWindow::listRows()
                 texts.push_back({outcomeText(row.outcome),
                                  m_files.size() == 1 ? number : m_files[row.file].name + ' ' + number,
                                  isolated(record.configuration), recordText(record),
-                                 detailsOf(row, record, m_state.model).join(", ")});
+                                 detailsOf(row, record, m_document.model()).join(", ")});
             },
             row.record);
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/EditorState.h"
+#include "document/Document.h"
 #include "exchange/ImportPlan.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
@@ -20,7 +20,7 @@ namespace varnow {
 class ImportWindow : public ui::Window
 {
 public:
-    explicit ImportWindow(const EditorState &state);
+    explicit ImportWindow(const Document &document);
 
     /// Shows the window with the rows of these files. Returns the import that the user wants, if he does.
     std::optional<ImportPlan> ask(const QStringList &paths);
@@ -34,7 +34,7 @@ private:
     void saveRefused();
     void accept();
 
-    const EditorState &m_state;
+    const Document &m_document;
     std::vector<ImportFile> m_files;
     QStringList m_paths;               // of these files
     QMap<QString, QString> m_problems; // of files that could not be read, by their paths

@@ -13,13 +13,13 @@ QString counts(int lines, int fields)
 
 } // namespace
 
-TargetWindow::TargetWindow(const EditorState &state, Purpose purpose)
+TargetWindow::TargetWindow(const Document &document, Purpose purpose)
     : ui::Window("target", purpose == Purpose::New ? "New Configuration" : "Copy Configuration", 5520, 1870,
                  Border::FixedDialog)
-    , m_state(state)
+    , m_document(document)
     , m_purpose(purpose)
 {
-    for (const QString &name : state.session.configurationNames)
+    for (const QString &name : document.session().configurationNames)
         m_name.addItem(name);
     const bool isCopy = purpose == Purpose::Copy;
     if (isCopy)
@@ -51,12 +51,12 @@ std::optional<TargetWindow::Target> TargetWindow::ask()
 void TargetWindow::followName()
 {
     const QString target = trim(m_name.text());
-    const QString source = trim(m_state.configuration());
+    const QString source = m_document.configuration();
     const bool isItself = m_purpose == Purpose::Copy && target == source;
     m_accept.setEnabled(!target.isEmpty() && !isItself);
     m_skip.setEnabled(m_purpose == Purpose::Copy && m_accept.isEnabled());
-    const CopyCount lines = countLinesToCopy(m_state.model, source, target);
-    const CopyCount fields = countFieldsToCopy(m_state.model, source, target);
+    const CopyCount lines = countLinesToCopy(m_document.model(), source, target);
+    const CopyCount fields = countFieldsToCopy(m_document.model(), source, target);
     m_holds.setCaption(target.isEmpty() ? QString()
                        : isItself       ? QStringLiteral("This is the configuration that is copied.")
                                         : "It holds " + counts(lines.target, fields.target) + '.');

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/EditorState.h"
+#include "document/Document.h"
 #include "model/copyConfiguration.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
@@ -24,7 +24,7 @@ public:
         EqualKeys equalKeys = EqualKeys::Replace; ///< when copying
     };
 
-    TargetWindow(const EditorState &state, Purpose purpose);
+    TargetWindow(const Document &document, Purpose purpose);
 
     /// Shows the window. Returns nothing when the user wants none.
     std::optional<Target> ask();
@@ -33,7 +33,7 @@ private:
     void followName();
     void accept(EqualKeys equalKeys);
 
-    const EditorState &m_state;
+    const Document &m_document;
     const Purpose m_purpose;
     std::optional<Target> m_target;
 

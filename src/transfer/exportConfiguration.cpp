@@ -1,23 +1,17 @@
-// The part of the editor that takes records from files and writes them to files.
-
-#include "editor/EditorWindow.h"
+#include "transfer/exportConfiguration.h"
 
 #include "base/names.h"
-#include "base/text.h"
 #include "exchange/description.h"
 #include "exchange/exportCsv.h"
 #include "exchange/files.h"
 #include "exchange/workbook.h"
 #include "review/LayoutWindow.h"
-#include "transfer/ImportWindow.h"
 #include "ui/Application.h"
 #include "ui/MessageBox.h"
 #include "ui/fileDialogs.h"
 #include "ui/pdf.h"
 
 #include <QDir>
-
-#include <algorithm>
 
 namespace varnow {
 
@@ -73,72 +67,22 @@ FileContents contentsOf(ExportFormat format, const Model &model, const QString &
     Q_UNREACHABLE();
 }
 
-QString configurationOf(const ImportRow &row)
-{
-    return std::visit([](const auto &record) { return record.configuration; }, row.record);
-}
-
-/// The configuration to show after an import: the one shown, unless all went into others.
-QString configurationAfter(const ImportPlan &plan, const QString &shown)
-{
-    QString first;
-    for (const ImportRow &row : plan.rows) {
-        if (row.outcome != RowOutcome::Added && row.outcome != RowOutcome::Changed)
-            continue;
-        if (configurationOf(row) == shown)
-            return shown;
-        if (first.isEmpty())
-            first = configurationOf(row);
-    }
-    return first;
-}
-
 } // namespace
 
-/// Shows what the files bring, and takes it where the user wants it.
-void EditorWindow::import(const QStringList &paths)
+std::optional<QString> exportConfiguration(const Model &model, const QString &configuration)
 {
-    if (paths.isEmpty())
-        return;
-    tellProblems();
-    const std::optional<ImportPlan> plan = ImportWindow(m_state).ask(paths);
-    if (!plan)
-        return;
-    const ui::Hourglass hourglass;
-    apply(*plan, m_state.model);
-    m_state.changesMade = true;
-    historyChanged();
-    const QString shown = configurationAfter(*plan, trim(m_state.configuration()));
-    const TypedEntries typed = replacing([&] { showConfigurationSilently(shown); });
-    const int refused = plan->count(RowOutcome::Refused);
-    tellDone(typed, QStringLiteral("Imported: %1 added, %2 changed; not saved yet.")
-                            .arg(plan->count(RowOutcome::Added))
-                            .arg(plan->count(RowOutcome::Changed)) +
-                        (refused == 0 ? QString()
-                                      : ' ' + counted(refused, "row") + (refused == 1 ? " was" : " were") +
-                                            " refused."));
-}
-
-/// Writes what is in memory of the shown configuration, saved or not.
-void EditorWindow::exportAs()
-{
-    tellProblems();
-    if (!hasConfiguration())
-        return;
-    const QString configuration = trim(m_state.configuration());
     const std::optional<ui::NewFile> file = ui::askForNewFile("Export", configuration, exportedKinds());
     if (!file)
-        return;
+        return {};
     const ui::Hourglass hourglass;
-    const FileContents contents =
-        contentsOf(static_cast<ExportFormat>(file->kind), m_state.model, configuration);
+    const FileContents contents = contentsOf(static_cast<ExportFormat>(file->kind), model, configuration);
     const QString problem =
         contents.problem.isEmpty() ? writeFile(file->path, contents.bytes) : contents.problem;
-    if (!problem.isEmpty())
-        ui::show({problem, "Export", ui::Icon::Critical});
-    else
-        tell({"Exported " + isolated(configuration) + " to " +
-              isolated(QDir::toNativeSeparators(file->path)) + '.'});
+    if (problem.isEmpty())
+        return "Exported " + isolated(configuration) + " to " +
+               isolated(QDir::toNativeSeparators(file->path)) + '.';
+    ui::show({problem, "Export", ui::Icon::Critical});
+    return {};
 }
 
 } // namespace varnow

@@ -1,0 +1,138 @@
+#include "editor/EntryPages.h"
+
+#include "ui/Application.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace varnow {
+
+EntryPages::EntryPages(ui::Container &window, Document &document)
+    : m_document(document), m_tabs(window, "pages", {120, 555, 9495, 2500})
+{
+    m_tabs.setAccessibleName("Entry pages");
+    m_tabs.onClick = [this] { turned(); };
+    for (EntryPage *page : m_pages)
+        page->onEntered = [this] { m_isChanged = true; };
+    QObject::connect(&document, &Document::changed, &document,
+                     [this](const EditStep &step) { follow(step); });
+}
+
+EntryPage &EntryPages::page(RecordKind kind)
+{
+    return **std::ranges::find(m_pages, kind, &EntryPage::kind);
+}
+
+EntryPage &EntryPages::turnTo(RecordKind kind)
+{
+    EntryPage &page = this->page(kind);
+    m_tabs.setCurrentPage(static_cast<int>(std::ranges::find(m_pages, &page) - m_pages.begin()));
+    return page;
+}
+
+void EntryPages::turned()
+{
+    const ui::Hourglass hourglass;
+    EntryPage &front = shown();
+    for (EntryPage *page : m_pages) {
+        if (page != &front)
+            page->turnedAway();
+    }
+    const bool wasTyped = front.hasTypedEntries();
+    front.turnedTo();
+    if (!wasTyped)
+        front.settleEntries(); // a proposal is nothing typed
+    if (&front == &m_fields)
+        m_isChanged = false;
+    if (onShown)
+        onShown();
+}
+
+void EntryPages::empty()
+{
+    for (EntryPage *page : m_pages) {
+        page->empty();
+        page->settleEntries();
+    }
+}
+
+void EntryPages::show(const RecordReference &record)
+{
+    const auto showOn = [](EntryPage &page, const QString &name, int nameIndex) {
+        page.show(name, nameIndex);
+        page.settleEntries();
+    };
+    showOn(turnTo(record.kind), record.key.name, record.key.nameIndex);
+    const FieldTable &fields = m_document.model().fields;
+    if (record.kind == RecordKind::Field) {
+        const int index = fields.find(record.key.configuration, record.key.name, record.key.nameIndex);
+        if (index >= 0)
+            showOn(m_lines, fields[index].line, fields[index].lineIndex);
+    }
+    if (onShown)
+        onShown();
+}
+
+TypedEntries EntryPages::typed() const
+{
+    TypedEntries typed;
+    for (EntryPage *page : m_pages) {
+        if (page->hasTypedEntries())
+            typed.push_back({page, page->entries(), page->namedRecord()});
+    }
+    return typed;
+}
+
+void EntryPages::replace(const std::function<void()> &show)
+{
+    if (m_isReplacing)
+        return show();
+    TypedEntries replaced = typed();
+    m_isReplacing = true;
+    show();
+    m_isReplacing = false;
+    std::erase_if(replaced, [](const TypedPage &page) { return page.page->entries() == page.texts; });
+    if (!replaced.empty())
+        onReplaced(replaced);
+}
+
+void EntryPages::bringBack(const TypedEntries &typed)
+{
+    turnTo(typed.front().page->kind());
+    replace([&typed] {
+        for (const TypedPage &entries : typed)
+            entries.page->setEntries(entries.texts);
+    });
+    typed.front().page->focusFirst();
+}
+
+void EntryPages::follow(const EditStep &step)
+{
+    if (!step.lines.empty())
+        m_fields.listLines();
+    bool isOther = false;
+    for (EntryPage *page : m_pages) {
+        const Following following = page->follow(step);
+        isOther = isOther || following == Following::Shown;
+        if (following == Following::Outdated && !m_isReplacing)
+            onOutdated(*page->namedRecord());
+    }
+    if (isOther && onShown)
+        onShown();
+}
+
+std::vector<ui::Control *> EntryPages::focusOrder(std::vector<ui::Control *> before,
+                                                  const std::vector<ui::Control *> &behind) const
+{
+    const auto add = [&before](const std::vector<ui::Control *> &controls) {
+        before.insert(before.end(), controls.begin(), controls.end());
+    };
+    for (EntryPage *page : m_pages)
+        add(page->focusOrder());
+    add(behind);
+    for (EntryPage *page : m_pages)
+        add(page->focusOrderBehindTree());
+    return before;
+}
+
+} // namespace varnow
