@@ -14,12 +14,13 @@
 
 namespace varnow {
 
-/// The records were changed by the user: everything that shows them follows.
-void EditorWindow::recordsChanged()
+/// A step, if there was one, has changed the records: everything that shows them follows.
+void EditorWindow::recordsChanged(const EditStep *step)
 {
     m_state.changesMade = true;
     historyChanged();
-    rebuildTree();
+    if (step != nullptr)
+        m_tree.follow(*step);
     drawLayout();
 }
 
@@ -44,30 +45,30 @@ void EditorWindow::showStep(const EditStep &step, const QString &verb)
 {
     const QString sentence = verb + textOf(step) + '.';
     m_fieldPage.listLines();
-    recordsChanged();
+    recordsChanged(&step);
     const TypedEntries typed = replacing([&] {
         if (!step.lines.empty())
-            showFirstOf(step.lines, RecordName::Kind::Line, m_state.model.lines);
+            showFirstOf(step.lines, RecordKind::Line, m_state.model.lines);
         else
-            showFirstOf(step.fields, RecordName::Kind::Field, m_state.model.fields);
+            showFirstOf(step.fields, RecordKind::Field, m_state.model.fields);
     });
     tellReplaced(typed, sentence);
 }
 
 /// Shows the first record that a step changed, where it still is there.
 template <class Record, class Table>
-void EditorWindow::showFirstOf(const Changes<Record> &changes, RecordName::Kind kind, const Table &table)
+void EditorWindow::showFirstOf(const Changes<Record> &changes, RecordKind kind, const Table &table)
 {
     const Change<Record> &change = changes.front();
     const Record &record = change.was ? *change.was : *change.is;
     if (trim(m_state.configuration()) != record.configuration)
         m_configuration.setText(record.configuration);
     if (table.find(record.configuration, record.name, record.nameIndex) >= 0)
-        showNode({kind, record.name, record.nameIndex});
+        showNode({kind, keyOf(record)});
 }
 
 /// Shows a record of the configuration, its node selected.
-void EditorWindow::showNode(const RecordName &record)
+void EditorWindow::showNode(const RecordReference &record)
 {
     m_tree.select(record);
     showRecord(record);
@@ -109,7 +110,7 @@ void EditorWindow::showRecordOf(const RecordReference &record)
     tellReplaced(replacing([&] {
         if (trim(m_state.configuration()) != record.key.configuration)
             m_configuration.setText(record.key.configuration);
-        showNode(nameWithinConfiguration(record));
+        showNode(record);
     }));
 }
 
@@ -117,7 +118,7 @@ void EditorWindow::showRecordOf(const RecordReference &record)
 void EditorWindow::tellEdited(const QString &sentence)
 {
     m_fieldPage.listLines();
-    recordsChanged();
+    recordsChanged(m_state.model.undoable());
     tell({sentence, {undoButton()}});
 }
 

@@ -100,8 +100,8 @@ void EditorWindow::moveFieldsOf(const Line &line)
         const Editing editing(m_state.model, "move of the fields of " + nameOf(line));
         moveFieldsToLine(m_state.model, keyOf(line));
     }
-    recordsChanged();
-    showNode({RecordName::Kind::Line, line.name, line.nameIndex});
+    recordsChanged(m_state.model.undoable());
+    showNode({RecordKind::Line, keyOf(line)});
     tell({"The fields of line " + shownName(line) +
               QStringLiteral(" have message index %1 now.").arg(line.messageIndex),
           {undoButton()}});
@@ -164,8 +164,8 @@ void EditorWindow::storeInstead(const Field &field)
         const Editing editing(m_state.model);
         m_state.model.fields.store(field);
     }
-    recordsChanged();
-    showNode({RecordName::Kind::Field, field.name, field.nameIndex});
+    recordsChanged(m_state.model.undoable());
+    showNode({RecordKind::Field, keyOf(field)});
     tellStored(m_state.model.stepCount() > steps);
 }
 
@@ -226,8 +226,8 @@ void EditorWindow::tellReplaced(const TypedEntries &typed, const QString &senten
 {
     if (typed.empty())
         return sentence.isEmpty() ? void() : tell({sentence});
-    const std::optional<RecordName> &name = typed.front().record;
-    const QString of = name && !name->name.isEmpty() ? " for " + shownName(*name) : QString();
+    const std::optional<RecordReference> &name = typed.front().record;
+    const QString of = name && !name->key.name.isEmpty() ? " for " + shownName(name->key) : QString();
     tell({(sentence.isEmpty() ? QString() : sentence + ' ') + "The entries typed" + of + " were not stored.",
           {{"Bring them back", "Puts what was typed into the entries again.",
             [this, typed] { bringBack(typed); }}}});

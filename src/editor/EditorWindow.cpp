@@ -47,7 +47,7 @@ void EditorWindow::connectControls()
     m_configuration.onChange = m_configuration.onClick = [this] { switchConfiguration(); };
     m_configuration.onTypingPaused = [this] { tellProblems(); };
     m_tabs.onClick = [this] { turnPage(); };
-    m_tree.onRecordClick = [this](const RecordName &record) {
+    m_tree.onRecordClick = [this](const RecordReference &record) {
         tellReplaced(replacing([&] { showRecord(record); }));
     };
     m_tree.onEdit = [this] { shownPage().focusFirst(); };
@@ -205,20 +205,20 @@ void EditorWindow::clear()
     }));
 }
 
-void EditorWindow::showRecord(const RecordName &record)
+void EditorWindow::showRecord(const RecordReference &record)
 {
     const auto showLine = [this](const QString &name, int nameIndex) {
         m_linePage.show(name, nameIndex);
         m_linePage.settleEntries();
     };
     switch (record.kind) {
-    case RecordName::Kind::Line:
+    case RecordKind::Line:
         m_tabs.setCurrentPage(0);
-        showLine(record.name, record.nameIndex);
+        showLine(record.key.name, record.key.nameIndex);
         break;
-    case RecordName::Kind::Field:
+    case RecordKind::Field:
         m_tabs.setCurrentPage(1);
-        if (const std::optional<Field> field = m_fieldPage.show(record.name, record.nameIndex))
+        if (const std::optional<Field> field = m_fieldPage.show(record.key.name, record.key.nameIndex))
             showLine(field->line, field->lineIndex);
         m_fieldPage.settleEntries();
         break;
@@ -247,18 +247,19 @@ bool EditorWindow::change()
     EntryPage &page = shownPage();
     page.trimEntries(); // the focus is still in one of them when the menu's key asks for the change
     const std::size_t steps = m_state.model.stepCount();
-    std::optional<QString> nodeKey;
+    std::optional<NodePlace> place;
     {
         const Editing editing(m_state.model);
-        nodeKey = page.store();
+        place = page.store();
     }
-    if (!nodeKey)
+    if (!place)
         return false;
     page.settleEntries();
-    recordsChanged();
-    bringIntoView(*nodeKey);
+    const bool hasChanged = m_state.model.stepCount() > steps;
+    recordsChanged(hasChanged ? m_state.model.undoable() : nullptr);
+    bringIntoView(*place);
     page.focusFirst();
-    tellStored(m_state.model.stepCount() > steps);
+    tellStored(hasChanged);
     return true;
 }
 
@@ -273,12 +274,10 @@ void EditorWindow::changeAndNext()
     drawLayout();
 }
 
-void EditorWindow::bringIntoView(const QString &nodeKey)
+void EditorWindow::bringIntoView(const NodePlace &place)
 {
-    if (const int node = m_tree.find(nodeKey); node != ui::TreeView::none) {
-        m_tree.select(node);
+    if (m_tree.selectPlace(place.messageIndex, place.position))
         return;
-    }
     ui::show({.text = QStringList{"An error occurred that prevented displaying the",
                                   "configuration correctly.  This is usually caused",
                                   "by an error in the configuration data.",
@@ -292,8 +291,8 @@ void EditorWindow::removeShown()
 {
     const ui::Hourglass hourglass;
     tellProblems();
-    const std::optional<RecordName> record = shownPage().namedRecord();
-    const std::optional<RecordName> neighbour = m_tree.neighbourOf(record);
+    const std::optional<RecordReference> record = shownPage().namedRecord();
+    const std::optional<RecordReference> neighbour = m_tree.neighbourOf(record);
     Removal removal;
     {
         const Editing editing(m_state.model);
@@ -308,7 +307,7 @@ void EditorWindow::removeShown()
         return;
     case Removal::Done:
         shownPage().settleEntries();
-        recordsChanged();
+        recordsChanged(m_state.model.undoable());
         m_tree.select(neighbour);
         tellRemoved(*m_state.model.undoable());
         return;
@@ -342,7 +341,8 @@ void EditorWindow::switchConfiguration()
     if (isBlank(m_state.configuration()))
         return;
     const bool isTyped = m_configuration.isBeingTyped(); // a box would take the next keys
-    m_treeHasBoxes = rebuildTree(isTyped ? RecordTree::Boxes::HeldBack : RecordTree::Boxes::Shown);
+    const auto boxes = isTyped ? RecordTree::Boxes::HeldBack : RecordTree::Boxes::Shown;
+    m_treeHasBoxes = rebuildTree(boxes) != RecordTree::Unshown() && isTyped;
     m_tree.showFirst();
     const auto take = [this](const std::optional<ui::MessageBox> &problem) {
         if (problem && !m_isSilent)

@@ -54,7 +54,7 @@ private:
     {
         EntryPage *page;
         QStringList texts;
-        std::optional<RecordName> record; ///< that the texts name
+        std::optional<RecordReference> record; ///< that the texts name
     };
     using TypedEntries = std::vector<TypedPage>;
 
@@ -73,14 +73,14 @@ private:
 
     EntryPage &shownPage() { return *m_state.pages[static_cast<std::size_t>(m_tabs.currentPage())]; }
     void turnPage();
-    bool rebuildTree(RecordTree::Boxes boxes = RecordTree::Boxes::Shown)
+    RecordTree::Unshown rebuildTree(RecordTree::Boxes boxes = RecordTree::Boxes::Shown)
     {
         return m_tree.rebuild(m_state.configuration(), boxes);
     }
-    void bringIntoView(const QString &nodeKey);
-    void showRecord(const RecordName &record);
+    void bringIntoView(const NodePlace &place);
+    void showRecord(const RecordReference &record);
 
-    void showNode(const RecordName &record);
+    void showNode(const RecordReference &record);
 
     void clear();
     bool change();
@@ -91,8 +91,8 @@ private:
     void redo();
     void showStep(const EditStep &step, const QString &verb);
     template <class Record, class Table>
-    void showFirstOf(const Changes<Record> &changes, RecordName::Kind kind, const Table &table);
-    void recordsChanged();
+    void showFirstOf(const Changes<Record> &changes, RecordKind kind, const Table &table);
+    void recordsChanged(const EditStep *step);
     void historyChanged();
     void showUnsaved();
     void showRecordOf(const RecordReference &record);

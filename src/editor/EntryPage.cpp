@@ -78,15 +78,15 @@ void EntryPage::setEntries(const QStringList &entries)
         m_entries[i].setText(entries[static_cast<qsizetype>(i)]);
 }
 
-std::optional<RecordName> EntryPage::recordOf(RecordName::Kind kind, const ui::TextBox &name,
-                                              const ui::TextBox &nameIndex)
+std::optional<RecordReference> EntryPage::recordOf(RecordKind kind, const ui::TextBox &name,
+                                              const ui::TextBox &nameIndex) const
 {
-    using Name = std::optional<RecordName>;
+    using Reference = std::optional<RecordReference>;
     return guarded(
         [&] {
-            return Name({kind, name.text(), typedIndex(nameIndex.text())});
+            return Reference({kind, {trim(m_state.configuration()), name.text(), typedIndex(nameIndex.text())}});
         },
-        [](const RuntimeError &) { return Name(); });
+        [](const RuntimeError &) { return Reference(); });
 }
 
 } // namespace varnow

@@ -16,6 +16,13 @@
 
 namespace varnow {
 
+/// Where the node of a record stands in the tree.
+struct NodePlace
+{
+    int messageIndex = 0;
+    std::optional<int> position = {}; ///< of a field
+};
+
 /// How a removal ended.
 enum class Removal { Declined, Failed, Done };
 
@@ -47,11 +54,11 @@ public:
     /// The same behind a record that was stored just now, which leaves what it most likely shares with the
     /// next.
     virtual void clearForNext() { clear(); }
-    /// Checks the entries and stores the record that they make. Returns the key of its node, or nothing after
-    /// telling the user which checks failed.
-    virtual std::optional<QString> store() = 0;
+    /// Checks the entries and stores the record that they make. Returns where its node stands, or nothing
+    /// after telling the user which checks failed.
+    virtual std::optional<NodePlace> store() = 0;
     /// The record that the entries name; nothing when they name none that the tree could show.
-    virtual std::optional<RecordName> namedRecord() const = 0;
+    virtual std::optional<RecordReference> namedRecord() const = 0;
     /// Asks, and removes the record that the entries name. A failure has been shown.
     virtual Removal remove() = 0;
     /// Lets the entries lose the blanks around their texts, also the one that has the focus.
@@ -75,8 +82,8 @@ protected:
     void connect(ui::CheckBox &box);
 
     /// The record that these texts of entries name.
-    static std::optional<RecordName> recordOf(RecordName::Kind kind, const ui::TextBox &name,
-                                              const ui::TextBox &nameIndex);
+    std::optional<RecordReference> recordOf(RecordKind kind, const ui::TextBox &name,
+                                              const ui::TextBox &nameIndex) const;
 
     /// The controls' height is centred on a line; `left` is the label's edge. Returns the right edge.
     template <class Box>

@@ -265,15 +265,16 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
     return {};
 }
 
-std::optional<QString> FieldPage::store()
+std::optional<NodePlace> FieldPage::store()
 {
     if (m_index.text().isEmpty())
         m_index.setText("0");
     const FieldDraft entry = entered();
     if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(entry)))
         return {};
-    m_state.model.fields.store(fieldOf(entry));
-    return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
+    const Field field = fieldOf(entry);
+    m_state.model.fields.store(field);
+    return NodePlace{field.messageIndex, field.position};
 }
 
 FieldDraft FieldPage::entered() const
@@ -294,17 +295,18 @@ FieldDraft FieldPage::entered() const
             .padDirection = m_alignRight.isChosen() ? 1 : -1};
 }
 
-std::optional<RecordName> FieldPage::namedRecord() const
+std::optional<RecordReference> FieldPage::namedRecord() const
 {
-    return recordOf(RecordName::Kind::Field, m_name, m_index);
+    return recordOf(RecordKind::Field, m_name, m_index);
 }
 
-std::optional<RecordName> FieldPage::chosenLine() const
+std::optional<RecordReference> FieldPage::chosenLine() const
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
     if (isBlank(line.name) || !isLong(line.index))
         return {};
-    return RecordName{RecordName::Kind::Line, trim(line.name), toLong(line.index)};
+    return RecordReference{RecordKind::Line,
+                           {trim(m_state.configuration()), trim(line.name), toLong(line.index)}};
 }
 
 Removal FieldPage::remove()

@@ -38,10 +38,10 @@ public:
     void empty() override;
     void clear() override;
     void clearForNext() override;
-    std::optional<QString> store() override;
-    std::optional<RecordName> namedRecord() const override;
+    std::optional<NodePlace> store() override;
+    std::optional<RecordReference> namedRecord() const override;
     /// The line that the entries name.
-    std::optional<RecordName> chosenLine() const;
+    std::optional<RecordReference> chosenLine() const;
     Removal remove() override;
 
 private:

@@ -91,27 +91,28 @@ void LinePage::clear()
     focusFirst();
 }
 
-std::optional<QString> LinePage::store()
+std::optional<NodePlace> LinePage::store()
 {
     if (isBlank(m_index.text()))
         m_index.setText("0");
     const LineDraft entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
     if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(entry)))
         return {};
-    m_state.model.lines.store(lineOf(entry));
+    const Line line = lineOf(entry);
+    m_state.model.lines.store(line);
     m_state.onLinesChanged();
-    return RecordTree::lineKey(m_messageIndex.text());
+    return NodePlace{line.messageIndex};
 }
 
 QString LinePage::lineChoice() const
 {
-    const std::optional<RecordName> line = namedRecord();
-    return line ? nameOf(line->name, line->nameIndex) : QString();
+    const std::optional<RecordReference> line = namedRecord();
+    return line ? nameOf(line->key) : QString();
 }
 
-std::optional<RecordName> LinePage::namedRecord() const
+std::optional<RecordReference> LinePage::namedRecord() const
 {
-    return recordOf(RecordName::Kind::Line, m_name, m_index);
+    return recordOf(RecordKind::Line, m_name, m_index);
 }
 
 Removal LinePage::remove()

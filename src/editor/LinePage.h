@@ -25,8 +25,8 @@ public:
     void layOut() override;
     void empty() override;
     void clear() override;
-    std::optional<QString> store() override;
-    std::optional<RecordName> namedRecord() const override;
+    std::optional<NodePlace> store() override;
+    std::optional<RecordReference> namedRecord() const override;
     Removal remove() override;
 
 private:

@@ -42,14 +42,14 @@ void LayoutWindow::layOut()
     m_bars.move({margin, m_bars.top(), innerWidth() - 2 * margin, top - margin - m_bars.top()});
 }
 
-void LayoutWindow::draw(const std::optional<Line> &line, const std::optional<RecordName> &field)
+void LayoutWindow::draw(const std::optional<Line> &line, const std::optional<RecordReference> &field)
 {
     m_fields.clear();
     std::vector<ui::Bar> bars;
     int current = ui::BarChart::none;
     for (const LayoutBar &bar : line ? layoutOf(m_model.fields, *line).bars : std::vector<LayoutBar>()) {
         m_fields.push_back({RecordKind::Field, keyOf(*bar.field)});
-        if (field == nameWithinConfiguration(m_fields.back()))
+        if (field == m_fields.back())
             current = static_cast<int>(bars.size());
         bars.push_back(barOf(bar));
     }

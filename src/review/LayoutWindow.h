@@ -27,7 +27,7 @@ public:
     std::function<void(const RecordReference &record)> onShow;
 
     /// Draws a line, or, without one, nothing. The field is marked.
-    void draw(const std::optional<Line> &line, const std::optional<RecordName> &field);
+    void draw(const std::optional<Line> &line, const std::optional<RecordReference> &field);
 
 private:
     void layOut();
