@@ -152,7 +152,8 @@ void EditorWindow::drawLayout()
     if (!m_layout || !m_layout->isLoaded())
         return;
     const bool isFieldShown = &shownPage() == &m_fieldPage;
-    const std::optional<RecordReference> name = isFieldShown ? m_fieldPage.chosenLine() : m_linePage.namedRecord();
+    const std::optional<RecordReference> name =
+        isFieldShown ? m_fieldPage.chosenLine() : m_linePage.namedRecord();
     const LineTable &lines = m_state.model.lines;
     const int index = name ? lines.find(name->key.configuration, name->key.name, name->key.nameIndex) : -1;
     m_layout->draw(index < 0 ? std::nullopt : std::optional(lines[index]), m_fieldPage.namedRecord());

@@ -79,12 +79,13 @@ void EntryPage::setEntries(const QStringList &entries)
 }
 
 std::optional<RecordReference> EntryPage::recordOf(RecordKind kind, const ui::TextBox &name,
-                                              const ui::TextBox &nameIndex) const
+                                                   const ui::TextBox &nameIndex) const
 {
     using Reference = std::optional<RecordReference>;
     return guarded(
         [&] {
-            return Reference({kind, {trim(m_state.configuration()), name.text(), typedIndex(nameIndex.text())}});
+            return Reference(
+                {kind, {trim(m_state.configuration()), name.text(), typedIndex(nameIndex.text())}});
         },
         [](const RuntimeError &) { return Reference(); });
 }

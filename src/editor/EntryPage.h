@@ -83,7 +83,7 @@ protected:
 
     /// The record that these texts of entries name.
     std::optional<RecordReference> recordOf(RecordKind kind, const ui::TextBox &name,
-                                              const ui::TextBox &nameIndex) const;
+                                            const ui::TextBox &nameIndex) const;
 
     /// The controls' height is centred on a line; `left` is the label's edge. Returns the right edge.
     template <class Box>

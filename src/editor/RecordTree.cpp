@@ -94,9 +94,9 @@ bool askToUpdate()
 /// What a step does to the nodes of a configuration.
 struct RecordTree::Touched
 {
-    bool records = false; ///< it changes records of the configuration at all
-    bool lines = false;   ///< it changes what line nodes show
-    int fields = 0;       ///< number of changes to what field nodes show
+    bool records = false;         ///< it changes records of the configuration at all
+    bool lines = false;           ///< it changes what line nodes show
+    int fields = 0;               ///< number of changes to what field nodes show
     std::set<int> messageIndexes; ///< of these fields
 };
 
@@ -279,8 +279,8 @@ RecordTree::Node RecordTree::nodeOf(const RecordReference &record) const
     const auto nodeIn = [&](const auto &table, auto place) {
         const int index = table.find(m_configuration, trim(key.name), key.nameIndex);
         const Node node = index < 0 ? none : place(table[index]);
-        const bool isShown = node != none && content(node).name == key.name &&
-                             content(node).nameIndex == key.nameIndex;
+        const bool isShown =
+            node != none && content(node).name == key.name && content(node).nameIndex == key.nameIndex;
         return isShown ? node : none;
     };
     switch (record.kind) {
@@ -302,8 +302,7 @@ RecordReference RecordTree::recordOf(Node node) const
     return {kind, {m_configuration, shown.name, shown.nameIndex}};
 }
 
-std::optional<RecordReference>
-RecordTree::neighbourOf(const std::optional<RecordReference> &record) const
+std::optional<RecordReference> RecordTree::neighbourOf(const std::optional<RecordReference> &record) const
 {
     const std::vector<Node> nodes = nearest(record ? nodeOf(*record) : none);
     return nodes.size() > 1 ? std::optional(recordOf(nodes[1])) : std::nullopt;
