@@ -4,98 +4,84 @@
 #include "model/RecordReference.h"
 #include "ui/TreeView.h"
 
-#include <QHash>
-#include <QSet>
 #include <QString>
-#include <QStringBuilder>
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace varnow {
 
-/// What names a record within its configuration.
-struct RecordName
-{
-    using Kind = RecordKind;
-
-    Kind kind;
-    QString name;
-    int nameIndex;
-
-    bool operator==(const RecordName &) const = default;
-};
-
-inline RecordName nameWithinConfiguration(const RecordReference &record)
-{
-    return {record.kind, record.key.name, record.key.nameIndex};
-}
-
-/// The tree of the lines and fields of one configuration. It holds no records: rebuild() makes it anew.
+/// The tree of the lines and fields of one configuration. A line's node has the line's message index as its
+/// number, a field's node the field's position; it stands under the line node with its message index. The
+/// tree holds no records: whoever changes them lets it follow or rebuilds it.
 class RecordTree : public ui::TreeView
 {
 public:
     RecordTree(ui::Container &parent, const QString &name, const ui::Rect &place, const Model &model);
 
     /// The user chose the node of a record.
-    std::function<void(const RecordName &record)> onRecordClick;
+    std::function<void(const RecordReference &record)> onRecordClick;
 
     /// Whether the boxes that a rebuild gives are shown.
     enum class Boxes { Shown, HeldBack };
 
-    /// Fills the tree anew. Where two lines have one message index, the user is asked which of them the node
-    /// shows; a field without a line in the whole tree gives a message. Returns whether a box was held back,
-    /// a question counting as answered with No.
-    bool rebuild(const QString &configuration, Boxes boxes = Boxes::Shown);
+    /// Records that the tree does not show and that no box was shown about.
+    struct Unshown
+    {
+        int lines = 0;  ///< with the message index of an earlier line
+        int fields = 0; ///< in a configuration without lines
+
+        bool operator==(const Unshown &) const = default;
+    };
+
+    /// Fills the tree anew, with nothing selected. The user is asked about the first line that has the
+    /// message index of an earlier one which of the two the node shows; of the others the earliest is shown.
+    /// Fields without any line give one message.
+    Unshown rebuild(const QString &configuration, Boxes boxes = Boxes::Shown);
+
+    /// Shows what a step made of the configuration that is shown, when it was done, undone or redone: the
+    /// tree is as a rebuild would leave it, but nodes that the step leaves as they are are not touched.
+    /// Rebuilds where lines share a message index or fields have no line, with the boxes of that. The
+    /// selection stays with its record, or goes to the record's neighbour; the tree does not scroll.
+    Unshown follow(const EditStep &step);
 
     /// The record of the node that is to be selected when that of a record goes: the next one of its kind,
     /// else the one before, else its line.
-    std::optional<RecordName> neighbourOf(const std::optional<RecordName> &record) const;
+    std::optional<RecordReference> neighbourOf(const std::optional<RecordReference> &record) const;
 
     /// The record whose node is selected.
-    std::optional<RecordName> selectedRecord() const;
+    std::optional<RecordReference> selectedRecord() const;
 
     /// Selects the node of a record, if there is one; no click.
-    void select(const std::optional<RecordName> &record);
-    using TreeView::select;
+    void select(const std::optional<RecordReference> &record);
+
+    /// Selects the node under which a line, or a field, stands, whichever record it shows; no click. Returns
+    /// whether there is one.
+    bool selectPlace(int messageIndex, std::optional<int> position = {});
 
     /// Scrolls to the first node, if there is one.
     void showFirst();
 
-    /// Keys of the nodes; the numbers as they are or as they were typed.
-    static QString lineKey(const QString &messageIndex) { return messageIndex % u" Line"; }
-    static QString fieldKey(const QString &messageIndex, const QString &position)
-    {
-        return messageIndex % u'.' % position % u" Field";
-    }
-
 private:
-    void fill(const QString &configuration);
-    void addLine(const Line &line);
-    void addField(const Field &field);
-    void offerToUpdate(int node, const QString &text, const Line &line);
-    bool mayShowBox();
+    struct Touched;
+    struct View;
+
+    std::vector<const Line *> lines() const;
+    int addLines(Boxes boxes);
+    int addFields(Boxes boxes);
+    Touched touchedBy(const EditStep &step) const;
+    bool patch(Touched touched);
+    View view() const;
+    void restore(const View &before);
+    Node nodeOf(const RecordReference &record) const;
+    RecordReference recordOf(Node node) const;
     void tellClick() const;
-    int nodeOf(const std::optional<RecordName> &record) const;
 
     const Model &m_model;
-
-    // By node; a node's text cannot tell its record when a name holds parentheses.
-    std::vector<RecordName> m_records;
-
-    /// The line nodes in the order of adding, each with the greatest message index so far.
-    struct LineNode
-    {
-        int node;
-        int greatestMessageIndex;
-    };
-    std::vector<LineNode> m_lineNodes;
-    QHash<int, int> m_lineNodeOf;                // by message index
-    QSet<std::pair<int, int>> m_fieldsWithNodes; // message index and position
-
-    Boxes m_boxes = Boxes::Shown; // of the rebuild that runs
-    bool m_hasHeldBack = false;
+    QString m_configuration;   // shown
+    bool m_isComplete = false; // every line has a node, and there is one
 };
 
 } // namespace varnow

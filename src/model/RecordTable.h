@@ -149,6 +149,23 @@ public:
         return Part(std::move(chunks));
     }
 
+    /// The records of a configuration whose place is in a group, in table order; blanks around its name
+    /// ignored. Valid until one is added or removed.
+    std::vector<const Record *> ofGroup(QStringView configuration, int group) const
+    {
+        std::vector<const Record *> found;
+        for (const auto &chunk : m_chunks) {
+            if (group < chunk->least.group || group > chunk->greatestGroup ||
+                trimmedView(configurationOf(*chunk)) != trimmedView(configuration))
+                continue;
+            for (const Entry &entry : chunk->entries) {
+                if (entry.place.group == group)
+                    found.push_back(&entry.node->record);
+            }
+        }
+        return found;
+    }
+
     /// The record at an index. Raises errors::SubscriptOutOfRange outside the table.
     const Record &operator[](int index) const
     {

@@ -37,6 +37,14 @@ int TreeOrder::rankOf(int messageIndex) const
     return node == m_nodes.end() ? static_cast<int>(m_nodes.size()) : node->rank;
 }
 
+std::vector<const Line *> TreeOrder::lines() const
+{
+    std::vector<const Line *> lines(static_cast<std::size_t>(m_nodes.size()));
+    for (const Node &node : m_nodes)
+        lines[static_cast<std::size_t>(node.rank)] = node.line;
+    return lines;
+}
+
 const Line *TreeOrder::lineAt(int messageIndex) const
 {
     const auto node = m_nodes.find(messageIndex);

@@ -21,6 +21,9 @@ public:
     /// message index stand; the number of nodes where there is none.
     int rankOf(int messageIndex) const;
 
+    /// The lines that have nodes, in the order of these.
+    std::vector<const Line *> lines() const;
+
     /// The line that the node with this message index shows, null where there is none.
     const Line *lineAt(int messageIndex) const;
 

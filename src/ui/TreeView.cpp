@@ -1,13 +1,13 @@
 #include "ui/TreeView.h"
 
-#include "base/RuntimeError.h"
-
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSet>
 #include <QTreeWidget>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace varnow::ui {
@@ -15,15 +15,37 @@ namespace varnow::ui {
 class TreeView::Item : public QTreeWidgetItem
 {
 public:
-    Item(const QString &key, const QString &text) : m_key(key) { setText(0, text); }
+    explicit Item(Content content) : m_content(std::move(content)) {}
 
-    const QString &key() const { return m_key; }
+    const Content &content() const { return m_content; }
 
-    int number = none;
+    void setContent(const Content &content)
+    {
+        if (content == m_content)
+            return;
+        const bool isTextNew = content.text != m_content.text;
+        m_content = content;
+        if (isTextNew)
+            emitDataChanged();
+    }
+
+    QVariant data(int column, int role) const override
+    {
+        return role == Qt::DisplayRole ? m_content.text : QTreeWidgetItem::data(column, role);
+    }
 
 private:
-    QString m_key;
+    Content m_content;
 };
+
+namespace {
+
+TreeView::Item *itemAt(const QTreeWidgetItem *owner, int place)
+{
+    return static_cast<TreeView::Item *>(owner->child(place)); // null beyond the last one
+}
+
+} // namespace
 
 class TreeView::Widget : public QTreeWidget
 {
@@ -95,164 +117,203 @@ TreeView::Widget *TreeView::tree() const
     return static_cast<Widget *>(widget());
 }
 
-TreeView::Item *TreeView::item(int node) const
+/// The item behind a node; for no node the one that all roots hang on.
+QTreeWidgetItem *TreeView::itemOf(Node node) const
 {
-    if (node < 0 || node >= nodeCount())
-        throw RuntimeError(errors::ElementNotFound);
-    return m_nodes[static_cast<std::size_t>(node)];
+    return node == none ? tree()->invisibleRootItem() : const_cast<Item *>(node);
 }
 
-int TreeView::nodeCount() const
+TreeView::Node TreeView::find(Node parent, int number) const
 {
-    return static_cast<int>(m_nodes.size());
+    if (parent == none)
+        return m_roots.value(number);
+    for (int i = 0; i < parent->childCount(); ++i) {
+        if (itemAt(parent, i)->content().number == number)
+            return itemAt(parent, i);
+    }
+    return none;
 }
 
-int TreeView::find(const QString &key) const
+TreeView::Node TreeView::parent(Node node)
 {
-    const auto found = std::ranges::find(m_nodes, key, &Item::key);
-    return found == m_nodes.end() ? none : (*found)->number;
+    return static_cast<Node>(node->parent());
 }
 
-int TreeView::node(const QString &key) const
+const TreeView::Content &TreeView::content(Node node)
 {
-    const int found = find(key);
-    if (found == none)
-        throw RuntimeError(errors::ElementNotFound);
-    return found;
+    return node->content();
 }
 
-int TreeView::selectedNode() const
+int TreeView::rootCount() const
+{
+    return tree()->topLevelItemCount();
+}
+
+TreeView::Node TreeView::firstRoot() const
+{
+    return static_cast<Node>(tree()->topLevelItem(0));
+}
+
+TreeView::Node TreeView::selectedNode() const
 {
     const QTreeWidgetItem *current = tree()->currentItem();
-    return current != nullptr && current->isSelected() ? numberOf(current) : none;
+    return current != nullptr && current->isSelected() ? static_cast<Node>(current) : none;
 }
 
-int TreeView::keep(Item *item)
+TreeView::Node TreeView::topNode() const
 {
-    item->number = nodeCount();
-    m_nodes.push_back(item);
-    return item->number;
+    return static_cast<Node>(tree()->itemAt(0, 0));
 }
 
-int TreeView::insertRoot(qsizetype place, const QString &key, const QString &text)
+std::vector<TreeView::Node> TreeView::nearest(Node node) const
 {
-    auto *added = new Item(key, text);
-    if (m_filling)
-        m_waitingRoots.insert(place, added);
+    std::vector<Node> nodes;
+    for (; node != none; node = parent(node)) {
+        const QTreeWidgetItem *owner = itemOf(parent(node));
+        const int place = owner->indexOfChild(itemOf(node));
+        for (int i = place; i < owner->childCount(); ++i)
+            nodes.push_back(itemAt(owner, i));
+        for (int i = place - 1; i >= 0; --i)
+            nodes.push_back(itemAt(owner, i));
+    }
+    return nodes;
+}
+
+void TreeView::arrange(Node parent, const std::vector<Content> &contents)
+{
+    QTreeWidgetItem *owner = itemOf(parent);
+    if (owner->childCount() == 0)
+        fill(owner, contents);
     else
-        tree()->insertTopLevelItem(static_cast<int>(place), added);
-    return keep(added);
+        rearrange(owner, contents);
+    if (parent != none) {
+        expandLater(const_cast<Item *>(parent));
+        return;
+    }
+    m_roots.clear();
+    for (int i = 0; i < owner->childCount(); ++i)
+        m_roots.insert(itemAt(owner, i)->content().number, itemAt(owner, i));
 }
 
-int TreeView::addRoot(const QString &key, const QString &text)
+void TreeView::fill(QTreeWidgetItem *owner, const std::vector<Content> &contents)
 {
-    return insertRoot(m_filling ? m_waitingRoots.size() : tree()->topLevelItemCount(), key, text);
+    QList<QTreeWidgetItem *> items;
+    for (const Content &content : contents)
+        items += new Item(content);
+    owner->addChildren(items);
 }
 
-int TreeView::addAfter(int root, const QString &key, const QString &text)
+/// Moves, changes, adds and removes no more nodes than it takes.
+void TreeView::rearrange(QTreeWidgetItem *owner, const std::vector<Content> &contents)
 {
-    const qsizetype place =
-        m_filling ? m_waitingRoots.lastIndexOf(item(root)) : tree()->indexOfTopLevelItem(item(root));
-    return insertRoot(place + 1, key, text);
+    QHash<int, Item *> present; // by number
+    for (int i = 0; i < owner->childCount(); ++i)
+        present.insert(itemAt(owner, i)->content().number, itemAt(owner, i));
+    QSet<int> wanted;
+    for (const Content &content : contents)
+        wanted.insert(content.number);
+    const auto isStale = [&](const Item *item) {
+        return item != nullptr && !wanted.contains(item->content().number);
+    };
+    int place = 0;
+    for (const Content &content : contents) {
+        Item *item = present.value(content.number);
+        while (item != nullptr && isStale(itemAt(owner, place)))
+            removeFrom(owner, place);
+        Item *there = itemAt(owner, place);
+        if (item == nullptr)
+            item = isStale(there) ? there : new Item(content);
+        item->setContent(content);
+        if (item != there)
+            put(owner, place, item);
+        ++place;
+    }
+    while (owner->childCount() > place)
+        removeFrom(owner, owner->childCount() - 1);
 }
 
-int TreeView::addChild(int parent, const QString &key, const QString &text)
+void TreeView::put(QTreeWidgetItem *owner, int place, Item *item)
 {
-    Item *owner = item(parent);
-    auto *added = new Item(key, text);
-    owner->addChild(added);
-    return keep(added);
+    if (item->treeWidget() != nullptr)
+        owner->removeChild(item);
+    owner->insertChild(place, item);
+    expandLater(item); // one that moves comes back collapsed
 }
 
-int TreeView::parent(int node) const
+void TreeView::removeFrom(QTreeWidgetItem *owner, int place)
 {
-    return numberOf(item(node)->parent());
+    const std::unique_ptr<QTreeWidgetItem> removed(owner->takeChild(place));
+    std::erase(m_arranged, removed.get());
 }
 
-int TreeView::numberOf(const QTreeWidgetItem *item)
+void TreeView::expandLater(Item *item)
 {
-    return item == nullptr ? none : static_cast<const Item *>(item)->number;
+    m_arranged.push_back(item);
+    if (!m_isUpdating)
+        expandArranged();
 }
 
-int TreeView::sibling(int node, int offset) const
+void TreeView::expandArranged()
 {
-    QTreeWidgetItem *child = item(node);
-    const QTreeWidgetItem *owner = child->parent() ? child->parent() : tree()->invisibleRootItem();
-    return numberOf(owner->child(owner->indexOfChild(child) + offset));
-}
-
-void TreeView::select(int node)
-{
-    ensureVisible(node);
-    tree()->setCurrentItem(item(node));
-}
-
-const QString &TreeView::key(int node) const
-{
-    return item(node)->key();
-}
-
-QString TreeView::text(int node) const
-{
-    return item(node)->text(0);
-}
-
-void TreeView::setText(int node, const QString &text)
-{
-    item(node)->setText(0, text);
+    for (Item *item : std::exchange(m_arranged, {})) {
+        const bool isToExpand = item->childCount() > 0;
+        if (item->isExpanded() != isToExpand)
+            item->setExpanded(isToExpand);
+    }
 }
 
 void TreeView::clear()
 {
-    m_nodes.clear();
-    m_scrollTo = none;
+    m_roots.clear();
+    m_arranged.clear();
     tree()->clear();
 }
 
-/// Expands the item and what it hangs on; null expands nothing.
-void TreeView::expand(QTreeWidgetItem *item)
+void TreeView::select(Node node)
 {
-    for (; item != nullptr; item = item->parent()) {
-        if (!item->isExpanded())
-            item->setExpanded(true);
-    }
+    ensureVisible(node);
+    tree()->setCurrentItem(itemOf(node));
 }
 
-void TreeView::ensureVisible(int node)
+void TreeView::selectWithoutScrolling(Node node)
 {
-    auto *owner = static_cast<Item *>(item(node)->parent());
-    if (!m_filling) {
-        expand(owner);
-        tree()->scrollToItem(item(node));
-        return;
-    }
-    m_scrollTo = node;
-    if (m_waitingToExpand.empty() || m_waitingToExpand.back() != owner)
-        m_waitingToExpand.push_back(owner);
+    tree()->setAutoScroll(false);
+    tree()->setCurrentItem(itemOf(node));
+    tree()->setAutoScroll(true);
 }
 
-TreeView::Filling::Filling(TreeView &tree) : m_tree(tree)
+void TreeView::clearSelection()
 {
-    m_tree.m_filling = true;
-    m_tree.m_scrollTo = none;
+    tree()->clearSelection();
+}
+
+void TreeView::ensureVisible(Node node)
+{
+    for (QTreeWidgetItem *owner = itemOf(node)->parent(); owner != nullptr; owner = owner->parent()) {
+        if (!owner->isExpanded())
+            owner->setExpanded(true);
+    }
+    tree()->scrollToItem(itemOf(node));
+}
+
+void TreeView::scrollToTop(Node node)
+{
+    tree()->scrollToItem(itemOf(node), QAbstractItemView::PositionAtTop);
+}
+
+TreeView::Update::Update(TreeView &tree) : m_tree(tree)
+{
+    m_tree.m_isUpdating = true;
     m_tree.tree()->setUpdatesEnabled(false);
+    m_tree.tree()->setAutoScroll(false); // a selection that moves when its node goes is not followed
 }
 
-TreeView::Filling::~Filling()
+TreeView::Update::~Update()
 {
-    m_tree.finishFilling();
-}
-
-void TreeView::finishFilling()
-{
-    if (!std::exchange(m_filling, false))
-        return;
-    tree()->addTopLevelItems(std::exchange(m_waitingRoots, {}));
-    for (Item *owner : std::exchange(m_waitingToExpand, {}))
-        expand(owner);
-    if (m_scrollTo != none)
-        tree()->scrollToItem(item(m_scrollTo));
-    tree()->setUpdatesEnabled(true);
+    m_tree.m_isUpdating = false;
+    m_tree.expandArranged();
+    m_tree.tree()->setAutoScroll(true);
+    m_tree.tree()->setUpdatesEnabled(true);
 }
 
 } // namespace varnow::ui

@@ -2,7 +2,8 @@
 
 #include "ui/Control.h"
 
-#include <QList>
+#include <QHash>
+#include <QString>
 
 #include <functional>
 #include <vector>
@@ -11,11 +12,26 @@ class QTreeWidgetItem;
 
 namespace varnow::ui {
 
-/// A tree of nodes with unique keys. A node is named by its number: 0, 1, 2 … in the order of adding.
+/// A tree of nodes. A number tells a node from the others of the same parent.
 class TreeView : public Control
 {
 public:
-    static constexpr int none = -1;
+    /// What a node shows, and what it stands for.
+    struct Content
+    {
+        int number = 0; ///< unique among the nodes of one parent
+        QString text;
+        QString name;      ///< of what the node stands for; not shown
+        int nameIndex = 0; ///< of the same
+
+        bool operator==(const Content &) const = default;
+    };
+
+    class Item;
+    /// Leads to a node while it is in the tree.
+    using Node = const Item *;
+    /// No node; as a parent, that of the root nodes.
+    static constexpr Node none = nullptr;
 
     TreeView(Container &parent, const QString &name, const Rect &place);
 
@@ -24,69 +40,67 @@ public:
     std::function<void()> onEdit;   ///< F2 on a node, behind a click on it
     std::function<void()> onDelete; ///< the Delete key on a node, behind a click on it
 
-    int nodeCount() const;
-    /// The node with this key, or `none`.
-    int find(const QString &key) const;
-    /// The node with this key. Raises errors::ElementNotFound when there is none.
-    int node(const QString &key) const;
-    int selectedNode() const;
+    /// The node with this number under a parent, or `none`.
+    Node find(Node parent, int number) const;
+    /// `none` for a root.
+    static Node parent(Node node);
+    static const Content &content(Node node);
 
-    /// Adds a node as the last root, directly after a root, or as the last child of a node; returns it.
-    int addRoot(const QString &key, const QString &text);
-    int addAfter(int root, const QString &key, const QString &text);
-    int addChild(int parent, const QString &key, const QString &text);
+    int rootCount() const;
+    Node firstRoot() const;
+    Node selectedNode() const;
+    /// The node shown at the top of the tree's visible part, or `none`.
+    Node topNode() const;
 
-    /// The node's parent, or `none` for a root. These raise errors::ElementNotFound for a
-    /// node that does not exist.
-    int parent(int node) const;
-    const QString &key(int node) const;
-    QString text(int node) const;
-    void setText(int node, const QString &text);
+    /// The node itself, then those behind it and those before it under the same parent, the nearest first,
+    /// then the same of its parent.
+    std::vector<Node> nearest(Node node) const;
+
+    /// Makes the nodes under a parent show these, in this order. Nodes that do so already are not touched.
+    /// The parent is expanded, or collapsed when there are none.
+    void arrange(Node parent, const std::vector<Content> &contents);
 
     void clear();
 
-    /// The node so many places behind (or, negative, before) it under the same parent, or `none`.
-    int sibling(int node, int offset) const;
-
     /// Selects the node and scrolls until it is seen; no click.
-    void select(int node);
+    void select(Node node);
+    /// The same without scrolling.
+    void selectWithoutScrolling(Node node);
+    void clearSelection();
 
-    /// Expands what hides the node and scrolls until it is seen. While the tree is being filled that waits
-    /// for the end.
-    void ensureVisible(int node);
+    /// Expands what hides the node and scrolls until it is seen.
+    void ensureVisible(Node node);
+    /// Scrolls until the node is the first one seen, as far as the tree scrolls.
+    void scrollToTop(Node node);
 
-    /// While such an object lives an empty tree is filled out of sight, which is quicker than one node at a
-    /// time; its end shows all nodes, paints and scrolls once. One that has roots may get children so.
-    class Filling
+    /// While such an object lives the tree is arranged out of sight, which is quicker than one node at a
+    /// time. Its end expands and paints once.
+    class Update
     {
     public:
-        explicit Filling(TreeView &tree);
-        ~Filling();
-        Filling(const Filling &) = delete;
-        Filling &operator=(const Filling &) = delete;
+        explicit Update(TreeView &tree);
+        ~Update();
+        Update(const Update &) = delete;
+        Update &operator=(const Update &) = delete;
 
     private:
         TreeView &m_tree;
     };
 
-    /// Shows what has been filled in so far. What follows is added one node at a time.
-    void finishFilling();
-
 private:
-    class Item;
     class Widget;
     Widget *tree() const;
-    static int numberOf(const QTreeWidgetItem *item);
-    Item *item(int node) const;
-    int insertRoot(qsizetype place, const QString &key, const QString &text);
-    int keep(Item *item);
-    static void expand(QTreeWidgetItem *item);
+    QTreeWidgetItem *itemOf(Node node) const;
+    void fill(QTreeWidgetItem *owner, const std::vector<Content> &contents);
+    void rearrange(QTreeWidgetItem *owner, const std::vector<Content> &contents);
+    void put(QTreeWidgetItem *owner, int place, Item *item);
+    void removeFrom(QTreeWidgetItem *owner, int place);
+    void expandLater(Item *item);
+    void expandArranged();
 
-    std::vector<Item *> m_nodes;
-    QList<QTreeWidgetItem *> m_waitingRoots; // while filling
-    std::vector<Item *> m_waitingToExpand;
-    int m_scrollTo = none;
-    bool m_filling = false;
+    QHash<int, Item *> m_roots;     // by number
+    std::vector<Item *> m_arranged; // still to be expanded or collapsed
+    bool m_isUpdating = false;
 };
 
 } // namespace varnow::ui
