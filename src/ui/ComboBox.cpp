@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -21,6 +22,16 @@ namespace varnow::ui {
 namespace {
 
 constexpr int typingPause = 700; // milliseconds
+constexpr int untilRetry = 20;   // milliseconds
+
+/// Whether a message box would come in the way of what the user does at the moment: it would take the click
+/// that has begun, close a menu, or cover another box.
+bool wouldDisturb(const QWidget &window)
+{
+    const QWidget *modal = QApplication::activeModalWidget();
+    return QGuiApplication::mouseButtons() != Qt::NoButton || QApplication::activePopupWidget() != nullptr ||
+           (modal != nullptr && modal != &window);
+}
 
 /// What assistive tools see of a combo box. The toolkit's own gives its text for its name on some platforms.
 class AccessibleComboBox : public QAccessibleWidget
@@ -124,8 +135,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override
     {
         QComboBox::focusOutEvent(event);
-        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-            endTyping(); // but not under the mouse: a box between press and release would eat the click
+        endTyping();
     }
 
     // Scrolling past a box must not change it.
@@ -169,7 +179,9 @@ ComboBox::ComboBox(Container &parent, const QString &name, const Rect &place)
 {
     box()->typingPause.setSingleShot(true);
     box()->typingPause.callOnTimeout([this] {
-        if (onTypingPaused)
+        if (wouldDisturb(*box()->window()))
+            box()->typingPause.start(untilRetry);
+        else if (onTypingPaused)
             onTypingPaused();
     });
     QObject::connect(box()->lineEdit(), &QLineEdit::textEdited, box(), [this] {

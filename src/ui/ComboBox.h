@@ -14,7 +14,8 @@ public:
 
     std::function<void()> onChange; ///< the text was typed or set; not for a chosen item
     std::function<void()> onClick;  ///< an item was chosen, by the user or by index in code
-    /// Typing has paused for 700 ms, or ended with Enter or Tab.
+    /// Typing has paused for 700 ms, or ended with Enter or because the box was left. Never while a mouse
+    /// button is down or a menu or message box is open, so that the handler may show a box.
     std::function<void()> onTypingPaused;
 
     /// From a typed key until typing pauses.

@@ -7,10 +7,12 @@
 #include "ui/toolTip.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
 #include <QStylePainter>
@@ -64,13 +66,19 @@ public:
         for (std::size_t i = 0; i < m_buttons.size(); ++i) {
             QPushButton *button = m_buttons[i] = makePushButton({}, this);
             button->setObjectName(QStringLiteral("noticeButton%1").arg(i + 1));
+            button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is
             button->hide();
             row->addWidget(button);
             QObject::connect(button, &QPushButton::clicked, this, [this, i] {
                 const Notice shown = m_notice; // the click may show another one
+                giveFocusBack();
                 shown.buttons[i].onClick();
             });
         }
+        QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget *before, QWidget *now) {
+            if (before != nullptr && isAncestorOf(now) && !isAncestorOf(before))
+                m_focusBefore = before;
+        });
         fitHeight();
     }
 
@@ -87,6 +95,8 @@ public:
             const Notice::Button button = isUsed ? notice.buttons[i] : Notice::Button();
             m_buttons[i]->setText(button.caption);
             explain(*m_buttons[i], button.toolTip);
+            if (!isUsed && m_buttons[i] == window()->focusWidget())
+                giveFocusBack();
             m_buttons[i]->setVisible(isUsed);
         }
         QAccessibleEvent changed(m_sentence, QAccessible::NameChanged);
@@ -104,6 +114,14 @@ protected:
     }
 
 private:
+    /// Where a button of the bar has the focus, moves it back to where it was before. A button that is hidden
+    /// with the focus would leave it to any control.
+    void giveFocusBack()
+    {
+        if (m_focusBefore && isAncestorOf(window()->focusWidget()))
+            m_focusBefore->setFocus(Qt::OtherFocusReason);
+    }
+
     /// Buttons of a line's height, for the bar takes it from the pages and the tree.
     void fitHeight()
     {
@@ -113,6 +131,7 @@ private:
     }
 
     Notice m_notice;
+    QPointer<QWidget> m_focusBefore; // outside the bar
     QLabel *m_sentence;
     std::array<QPushButton *, 2> m_buttons{};
     int m_lineHeight = 0;

@@ -25,7 +25,7 @@ struct Notice
 };
 
 /// The line at the foot of a window that tells what was done. Names too long for it are shortened in the
-/// middle; the whole sentence is its tooltip.
+/// middle; the whole sentence is its tooltip. Its buttons leave the focus where the user was.
 class NoticeBar
 {
 public:

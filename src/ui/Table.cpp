@@ -1,6 +1,8 @@
 #include "ui/Table.h"
 
 #include "base/names.h"
+#include "ui/Application.h"
+#include "ui/lineBreaks.h"
 #include "ui/toolTip.h"
 
 #include <QAbstractTableModel>
@@ -16,6 +18,15 @@ namespace varnow::ui {
 namespace {
 
 constexpr int longestName = 100; // characters
+
+/// A cell's text as other programs take it: the row must stay one line, and the cell one column.
+QString copied(const QString &text)
+{
+    QString cell = withoutIsolation(text).replace(QLatin1String("\r\n"), QLatin1String(" "));
+    const auto tearsRow = [](QChar character) { return character == u'\t' || isLineBreak(character); };
+    std::replace_if(cell.begin(), cell.end(), tearsRow, u' ');
+    return cell;
+}
 
 } // namespace
 
@@ -42,6 +53,8 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
+        if (!index.isValid())
+            return {};
         const QString &text = m_rows[static_cast<std::size_t>(index.row())][index.column()];
         switch (role) {
         case Qt::DisplayRole:
@@ -53,6 +66,15 @@ public:
         default:
             return {};
         }
+    }
+
+    /// The row as text, its cells separated by tabs.
+    QString line(int row) const
+    {
+        QStringList cells;
+        for (const QString &cell : m_rows[static_cast<std::size_t>(row)])
+            cells += copied(cell);
+        return cells.join(u'\t');
     }
 
     void set(std::vector<QStringList> rows)
@@ -73,6 +95,7 @@ public:
     using QTreeView::QTreeView;
 
     std::function<void(const QModelIndex &)> onEnter;
+    std::function<void()> onCopy;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override
@@ -80,6 +103,8 @@ protected:
         const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (isEnter && currentIndex().isValid())
             onEnter(currentIndex());
+        else if (event->matches(QKeySequence::Copy))
+            onCopy(); // the toolkit's own copies one cell
         else
             QTreeView::keyPressEvent(event);
     }
@@ -100,6 +125,7 @@ Table::Table(Container &parent, const QString &name, const QStringList &headings
             onActivate(index.row());
     };
     view()->onEnter = activate;
+    view()->onCopy = [this] { copySelection(); };
     QObject::connect(view(), &QTreeView::doubleClicked, widget(), activate);
     QObject::connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, widget(), [this] {
         if (onSelect)
@@ -114,15 +140,26 @@ Table::View *Table::view() const
 
 void Table::setRows(std::vector<QStringList> rows)
 {
-    const int current = view()->currentIndex().row();
+    const int current = std::max(view()->currentIndex().row(), 0);
     m_rows->set(std::move(rows));
-    const int last = m_rows->rowCount() - 1;
-    view()->selectionModel()->setCurrentIndex(m_rows->index(std::min(current, last), 0),
-                                              QItemSelectionModel::NoUpdate);
     for (int column = 0; column + 1 < m_rows->columnCount(); ++column)
         view()->resizeColumnToContents(column);
-    if (onSelect)
+    const int last = m_rows->rowCount() - 1;
+    if (last >= 0)
+        view()->selectionModel()->setCurrentIndex(m_rows->index(std::min(current, last), 0),
+                                                  QItemSelectionModel::ClearAndSelect |
+                                                      QItemSelectionModel::Rows); // which tells
+    else if (onSelect)
         onSelect();
+}
+
+void Table::copySelection()
+{
+    QStringList lines;
+    for (const int row : selectedRows())
+        lines += m_rows->line(row);
+    if (!lines.isEmpty())
+        copyToClipboard(lines.join(u'\n'));
 }
 
 std::vector<int> Table::selectedRows() const

@@ -19,7 +19,7 @@ public:
     std::function<void(int row)> onActivate; ///< double-click, or Enter on the current row
     std::function<void()> onSelect;          ///< other rows are selected
 
-    /// Shows these rows, none of them selected. The current row stays where it was.
+    /// Shows these rows. The row where the current one was is current and selected; at first it is row 0.
     void setRows(std::vector<QStringList> rows);
 
     /// In ascending order.
@@ -29,6 +29,7 @@ private:
     class Rows;
     class View;
     View *view() const;
+    void copySelection();
 
     Rows *m_rows;
 };

@@ -140,6 +140,41 @@ TEST_F(ComboBoxTest, TellsOnceOfAChosenItem)
     EXPECT_EQ(form.combo.text(), "one");
 }
 
+// Faults: a box that comes when the pause is over and takes the keys of another control, one that comes
+// between press and release and takes the click, one that closes a menu.
+TEST_F(ComboBoxTest, EndsTypingWhenItIsLeft)
+{
+    int ends = 0;
+    form.combo.onTypingPaused = [&] {
+        EXPECT_FALSE(form.combo.isBeingTyped());
+        ++ends;
+    };
+    const auto endsSoonAfter = [&](const std::function<void()> &leave) {
+        user.type("combo", "x");
+        EXPECT_TRUE(form.combo.isBeingTyped());
+        const int before = ends;
+        leave();
+        return QTest::qWaitFor([&] { return ends > before; }, 300);
+    };
+    EXPECT_TRUE(endsSoonAfter([&] { user.press(Qt::Key_B, Qt::AltModifier); }));
+    EXPECT_TRUE(endsSoonAfter([&] { user.press(Qt::Key_Tab); }));
+    EXPECT_TRUE(endsSoonAfter([&] { form.text.setFocus(); }));
+
+    QWindow *window = form.surface()->window()->windowHandle();
+    const QWidget *button = user.control("button");
+    const QPoint point = button->mapTo(button->window(), button->rect().center());
+    form.takeLog();
+    EXPECT_FALSE(endsSoonAfter([&] { QTest::mousePress(window, Qt::LeftButton, {}, point); }));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, point);
+    EXPECT_EQ(form.takeLog().last(), "button, focus on button");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ends == 4; }, 300));
+
+    QMenu menu;
+    EXPECT_FALSE(endsSoonAfter([&] { menu.popup({}); }));
+    menu.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ends == 5; }, 1000));
+}
+
 // An item cut off, or a list that ends beyond the edge of the screen.
 TEST_F(ComboBoxTest, DropsAListAsWideAsItsWidestItem)
 {
