@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/Document.h"
+#include "model/RecordReference.h"
 
 #include <QString>
 

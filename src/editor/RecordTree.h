@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Model.h"
+#include "model/Edit.h"
 #include "model/RecordReference.h"
 #include "ui/TreeView.h"
 

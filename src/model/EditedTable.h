@@ -50,6 +50,7 @@ public:
     using Base::isEmpty;
     using Base::lookUp;
     using Base::ofConfiguration;
+    using Base::ofGroup;
     using Base::size;
     using Base::states;
     using typename Base::Iterator;

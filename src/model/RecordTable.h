@@ -188,7 +188,7 @@ public:
     {
         const Record *found = nullptr;
         m_nodes.visitAll(keyHash(configuration, name, nameIndex), [&](const Node &node) {
-            if (matches(node.record) && (!found || indexOf(node) < indexOf(*found)))
+            if (matches(node.record) && (!found || indexOfNode(node) < indexOf(*found)))
                 found = &node.record;
         });
         return found;
@@ -204,7 +204,7 @@ public:
         });
         if (found == nullptr)
             throw RuntimeError(errors::SubscriptOutOfRange);
-        return indexOf(*found);
+        return indexOfNode(*found);
     }
 
     /// For each configuration, without blanks around its name, a number that is another one after every
@@ -375,7 +375,7 @@ private:
         m_numbered = true;
     }
 
-    int indexOf(const Node &node) const
+    int indexOfNode(const Node &node) const
     {
         numberChunks();
         return node.chunk->start + static_cast<int>(&node.chunk->entryOf(node) - node.chunk->entries.data());
