@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/History.h"
+#include "model/History.h"
 #include "storage/Session.h"
 #include "storage/recovery.h"
 #include "storage/save.h"

@@ -43,7 +43,8 @@ void FieldTable::storeAll(std::vector<Field> fields)
 
 void FieldTable::load(Field row)
 {
-    loadAt(find(row.configuration, row.name, row.nameIndex), std::move(row));
+    const int index = find(row.configuration, row.name, row.nameIndex);
+    loadAt(index, std::move(row));
 }
 
 void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf,

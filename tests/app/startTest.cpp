@@ -27,8 +27,7 @@ struct StartTest : StartFixture
     void expectStart(const QString &words, const Actions &actions, int exitCode, const Boxes &boxes)
     {
         session = {};
-        Model model;
-        expectBoxesOf([&] { EXPECT_EQ(start(words, session, model), exitCode); }, actions, boxes);
+        expectBoxesOf([&] { EXPECT_EQ(start(words, session), exitCode); }, actions, boxes);
     }
 
     /// The settings that the program holds, those of both databases.

@@ -14,7 +14,7 @@
 namespace varnow::test {
 
 /// A test of the whole editor on a database, on either engine.
-struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
+struct EditorTest : testing::TestWithParam<Engine>
 {
     /// Adds a line to the database, before the editor opens; texts as within quotes of SQL.
     void addLine(const QString &name, int nameIndex, int messageIndex,
@@ -47,16 +47,23 @@ struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
         session.configurationNames = configurations;
         session.defaultConfiguration = defaultName;
         ui::RunWindow run;
-        ASSERT_EQ(loadAll(database.settings(), model, run), 0);
-        editor.emplace(session, model);
+        user.reset();
+        editor.reset();
+        document.emplace(session);
+        ASSERT_EQ(document->reload(run), 0);
+        editor.emplace(*document);
         user.emplace(*editor);
     }
+
+    const Model &model() const { return document->model(); }
+    const LineTable &lines() const { return model().lines; }
+    const FieldTable &fields() const { return model().fields; }
 
     /// All lines as "name(nameIndex)=messageIndex", in table order.
     QStringList lineTexts() const
     {
         QStringList found;
-        for (const Line &line : lines)
+        for (const Line &line : lines())
             found += QStringLiteral("%1(%2)=%3").arg(line.name).arg(line.nameIndex).arg(line.messageIndex);
         return found;
     }
@@ -65,7 +72,7 @@ struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
     QStringList fieldTexts() const
     {
         QStringList found;
-        for (const Field &field : fields)
+        for (const Field &field : fields())
             found += QStringLiteral("%1.%2 %3").arg(field.messageIndex).arg(field.position).arg(field.name);
         return found;
     }
@@ -85,6 +92,7 @@ struct EditorTest : testing::TestWithParam<Engine>, ModelFixture
     TestDatabase database{GetParam()};
     Session session{database.settings(), database.settings(), {}, {}};
     MessageLog messages;
+    std::optional<Document> document;
     std::optional<EditorWindow> editor;
     std::optional<Driver> user;
     int lastId = 0;

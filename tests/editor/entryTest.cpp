@@ -140,7 +140,7 @@ TEST_P(EntryTest, CollectsWhatIsWrongWithAField)
     user->click("fixedLength");
     user->click("change"); // what is too large in the disabled box is no length
     expectBoxes({});
-    EXPECT_EQ(columnOf(fields, &Field::length), QList<int>({0, 0}));
+    EXPECT_EQ(columnOf(fields(), &Field::length), QList<int>({0, 0}));
 }
 
 TEST_P(EntryTest, StoresAFieldWithItsSettings)
@@ -152,7 +152,7 @@ TEST_P(EntryTest, StoresAFieldWithItsSettings)
     EXPECT_EQ(user->focused(), "fieldName");
     expectBoxes({});
     const auto expectLayout = [this](int length, int fixedLength, int padDirection, auto pad, int position) {
-        const Field &f = fields[1];
+        const Field &f = fields()[1];
         EXPECT_EQ(std::tie(f.name, f.nameIndex, f.line, f.lineIndex, f.id, f.dataType, f.lookup),
                   std::tuple("Sex", 0, "PID", 2, -1, "String", "sex"));
         EXPECT_EQ(std::tie(f.length, f.fixedLength, f.padDirection, f.padCharacter, f.characterPosition),
@@ -193,16 +193,16 @@ TEST_P(EntryTest, StoresFieldsOneAfterTheOtherByKey)
     user->click("padZeros");
     user->fill({{"fieldName", "First"}, {"length", "11"}, {"characterPosition", "1"}, {"position", " 7 "}});
     user->press(Qt::Key_Return, Qt::ControlModifier);
-    expectNext("PID|3|8|17");
+    expectNext("PID(0)|3|8|17");
     user->fill({{"fieldName", "Second"}, {"constant", "x"}, {"length", "3"}});
     user->press(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
-    expectNext("PID|3|9|20");
-    for (const Field &field : {fields[2], fields[3]})
+    expectNext("PID(0)|3|9|20");
+    for (const Field &field : {fields()[2], fields()[3]})
         EXPECT_EQ(std::tuple(field.padDirection, field.padCharacter), std::tuple(-1, QString("0")));
     user->click("fixedLength");
     user->fill({{"fieldName", "Third"}, {"constant", "x"}});
     user->press(Qt::Key_Return, Qt::ControlModifier);
-    expectNext("PID|3|10|");
+    expectNext("PID(0)|3|10|");
     EXPECT_FALSE(user->control("length")->isEnabled());
     EXPECT_EQ(fieldTexts(),
               QStringList({"3.1 Set ID", "3.4 In the way", "3.7 First", "3.8 Second", "3.9 Third"}));

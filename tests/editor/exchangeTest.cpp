@@ -104,13 +104,13 @@ TEST_P(ExchangeTest, ImportsWhatIsDropped)
     });
     EXPECT_TRUE(read("left.csv").contains(",x,3,"));
     EXPECT_EQ(lineTexts(), QStringList({"PID(1)=1", "OBR(0)=2"}));
-    EXPECT_EQ(fields[0].constant, "y");
+    EXPECT_EQ(fields()[0].constant, "y");
     EXPECT_EQ(user->tree().join('|'), "1 PID(1)|  1.1 Set ID|2 OBR");
     EXPECT_EQ(notice(), "Imported: 1 added, 1 changed; not saved yet. 1 row was refused.");
     user->click("noticeButton1");
     EXPECT_EQ(lineTexts(), QStringList("PID(1)=1"));
-    EXPECT_EQ(fields[0].constant, "x");
-    EXPECT_EQ(model.countUnsaved().total(), 0);
+    EXPECT_EQ(fields()[0].constant, "x");
+    EXPECT_EQ(model().countUnsaved().total(), 0);
 }
 
 TEST_P(ExchangeTest, ImportsIntoAnotherConfigurationOrNothingAtAll)
@@ -161,11 +161,11 @@ TEST_P(ExchangeTest, ReadsACorrectedFileAgainIntoANewConfiguration)
         importing.click("import");
     });
     EXPECT_EQ(user->tree().join('|'), "1 PID|  1.1 A");
-    const Field &field = fields[fields.find("New", "A", 0)];
+    const Field &field = fields()[fields().find("New", "A", 0)];
     EXPECT_EQ(field.padCharacter + QString::number(field.padDirection) + field.dataType, " 1String");
     ui::Window *layout = ui::Window::loadedWindows().back();
     EXPECT_EQ(withoutIsolation(Driver(*layout).text("line")), "Line PID");
-    EXPECT_EQ(textOf(*model.undoable()), "import of 2 records");
+    EXPECT_EQ(document->undoable()->text(), "import of 2 records");
 }
 
 // Faults: a format other than the name's, an older file replaced without a word.

@@ -51,8 +51,8 @@ struct NoticeTest : EditorTest
 
     QString lineOf(const QString &field, int nameIndex = 0) const
     {
-        const int index = fields.find("Standard", field, nameIndex);
-        return index < 0 ? "none" : nameOf(fields[index].line, fields[index].lineIndex);
+        const int index = fields().find("Standard", field, nameIndex);
+        return index < 0 ? "none" : nameOf(fields()[index].line, fields()[index].lineIndex);
     }
 };
 
@@ -187,7 +187,7 @@ TEST_P(NoticeTest, TakesBackWhatIsSelected)
     EXPECT_EQ(lineTexts(), linesBefore);
     EXPECT_EQ(fieldTexts(), fieldsBefore);
     EXPECT_EQ(list->model()->rowCount(), 0);
-    EXPECT_TRUE(fields.removed.empty());
+    EXPECT_TRUE(fields().removed().empty());
     EXPECT_EQ(notice(), "Taken back: 5 changes.");
     user->click("noticeButton1");
     EXPECT_EQ(list->model()->rowCount(), 5);
@@ -206,7 +206,7 @@ TEST_P(NoticeTest, TellsOnceThatNothingCanBeKept)
         "written.";
     EXPECT_TRUE(QTest::qWaitFor([&] { return notice() == told; }, 1000)) << notice().toStdString();
     change({{"lineMessageIndex", "5"}});
-    EXPECT_FALSE(editor->keepUnsavedChanges());
+    EXPECT_FALSE(document->keepUnsavedChanges());
     EXPECT_EQ(notice(), "Line NTE(1) changed: message index 4 → 5.");
     qputenv("XDG_STATE_HOME", before);
 }

@@ -40,8 +40,10 @@ struct ProgressTest : EditorTest
 
 TEST_P(ProgressTest, StopsASaveAndKeepsTheRest)
 {
-    for (int i = 1; i <= 40; ++i)
-        storeLine(0, "Standard", QStringLiteral("L%1").arg(i), 0, -i);
+    document->edit({}, [](Edit &edit) {
+        for (int i = 1; i <= 40; ++i)
+            edit.lines.store(line(0, "Standard", QStringLiteral("L%1").arg(i), 0, -i));
+    });
     whenShown = [this](QWidget *window) {
         EXPECT_EQ(window->findChild<QLabel *>("what")->text(), "Saving the lines");
         EXPECT_TRUE(window->findChild<QLabel *>("count")->text().endsWith(" of 40"));
@@ -76,8 +78,8 @@ TEST_P(ProgressTest, LeavesTheRecordsAsTheyAreWhenALoadIsStopped)
         window->close();
     };
     ui::RunWindow run;
-    EXPECT_EQ(loadAll(database.settings(), model, run), errors::UserInterrupt);
-    EXPECT_EQ(lines[0].name, "L1");
+    EXPECT_EQ(document->reload(run), errors::UserInterrupt);
+    EXPECT_EQ(lines()[0].name, "L1");
 }
 
 ON_ENGINES(ProgressTest, Engine::SqlServer);

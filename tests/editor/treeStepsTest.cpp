@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "editor/RecordTree.h"
+#include "model/History.h"
 #include "ui/MessageBox.h"
 #include "ui/Window.h"
 
@@ -67,17 +68,6 @@ struct TreeStepsTest : testing::Test, ModelFixture
     }
     ~TreeStepsTest() override { ui::setMessageBoxHandler(m_before); }
     Q_DISABLE_COPY(TreeStepsTest)
-
-    /// Does something as one step. Returns the step, null when it changed nothing.
-    template <class Work> const EditStep *edit(Work work)
-    {
-        const std::size_t steps = model.stepCount();
-        {
-            const Editing editing(model);
-            work();
-        }
-        return model.stepCount() > steps ? model.undoable() : nullptr;
-    }
 
     void follow(const EditStep *step)
     {
@@ -186,7 +176,7 @@ class Actions
 public:
     Actions(unsigned seed, Model &model) : m_random(seed), m_model(model) {}
 
-    void act()
+    void act(Edit &edit)
     {
         LineTable &lines = m_model.lines;
         FieldTable &fields = m_model.fields;
@@ -204,10 +194,10 @@ public:
                 fields.remove(pick(0, fields.size() - 1));
             break;
         case 5:
-            revertOneOf(m_model.lines.unsaved);
+            revertOneOf(edit, m_model.lines.unsaved());
             break;
         case 6:
-            revertOneOf(m_model.fields.unsaved);
+            revertOneOf(edit, m_model.fields.unsaved());
             break;
         case 7:
             import();
@@ -243,10 +233,10 @@ private:
         m_model.copyMessageIndexesToFields();
     }
 
-    template <class Record> void revertOneOf(const UnsavedChanges<Record> &unsaved)
+    template <class Record> void revertOneOf(Edit &edit, const UnsavedChanges<Record> &unsaved)
     {
         if (!unsaved.isEmpty())
-            m_model.revert(UnsavedChange<Record>(*unsaved.entries().begin()));
+            edit.revert(UnsavedChange<Record>(*unsaved.entries().begin()));
     }
 
     QString configuration() { return pick(0, 3) > 0 ? "A" : "B"; }
@@ -284,10 +274,11 @@ TEST_F(TreeStepsTest, EqualsATreeFilledAnewAfterEveryStep)
     for (unsigned seed = 0; seed < histories && !HasFailure(); ++seed) {
         SCOPED_TRACE(seed);
         model = Model();
+        history.clear();
         Actions actions(seed, model);
         answer = seed % 2 > 0 ? ui::Answer::Yes : ui::Answer::No;
         for (int i = 0; i < 5; ++i)
-            edit([&] { actions.act(); });
+            edit([&](Edit &edit) { actions.act(edit); });
         window.followed.rebuild(" A ");
         for (int i = 0; i < 20; ++i) {
             const QList<ShownNode> before = followedNodes();
@@ -299,13 +290,13 @@ TEST_F(TreeStepsTest, EqualsATreeFilledAnewAfterEveryStep)
                 selected >= 0 && window.followed.selectedRecord() == before[selected].record;
             switch (actions.pick(0, 5)) {
             case 0:
-                follow(model.undoable() ? &model.undo() : nullptr);
+                follow(history.undo(model));
                 break;
             case 1:
-                follow(model.redoable() ? &model.redo() : nullptr);
+                follow(history.redo(model));
                 break;
             default:
-                follow(edit([&] { actions.act(); }));
+                follow(edit([&](Edit &edit) { actions.act(edit); }));
             }
             ASSERT_NO_FATAL_FAILURE(expectAsRebuilt());
             if (!isSelected)
@@ -332,7 +323,7 @@ TEST_F(TreeStepsTest, TouchesOnlyWhatAStepChanges)
     window.followed.rebuild("A");
     Touches touches(widget("followed"));
     const auto touchedBy = [&](const auto &work) {
-        follow(edit(work));
+        follow(edit([&](Edit &) { work(); }));
         return touches.take();
     };
     Field changed = fields[fields.find("A", "F5.2", 0)];
@@ -346,7 +337,7 @@ TEST_F(TreeStepsTest, TouchesOnlyWhatAStepChanges)
     EXPECT_EQ(touchedBy([&] { fields.store(changed); }), "0 changed, 1 added, 0 removed");
     EXPECT_EQ(touchedBy([&] { fields.remove(fields.find("A", "F3.1", 0)); }),
               "0 changed, 0 added, 1 removed");
-    follow(&model.undo());
+    follow(history.undo(model));
     EXPECT_EQ(touches.take(), "0 changed, 1 added, 0 removed");
     EXPECT_EQ(touchedBy([&] { storeLine(-1, "A", "New", 0, 10); }), "0 changed, 1 added, 0 removed");
     const auto removeAndRenumber = [&] {
@@ -370,21 +361,21 @@ TEST_F(TreeStepsTest, KeepsWhatIsSeenInItsPlace)
     shown.scrollToItem(shown.topLevelItem(49), QAbstractItemView::PositionAtTop);
     window.followed.selectPlace(52);
     ASSERT_EQ(top(), "50 L50");
-    follow(edit([&] { // far above
+    follow(edit([&](Edit &) { // far above
         for (int i = 0; i < 5; ++i)
             fields.store(field("A", "F" + QString::number(i), i));
     }));
     EXPECT_EQ(top(), "50 L50");
-    follow(edit([&] {
+    follow(edit([&](Edit &) {
         lines.remove(9);
         lines.renumber("A");
     }));
     EXPECT_EQ(top(), "49 L50");
     EXPECT_EQ(window.followed.selectedRecord()->key.name, "L52");
-    follow(edit([&] { lines.remove(lines.find("A", "L52", 0)); }));
+    follow(edit([&](Edit &) { lines.remove(lines.find("A", "L52", 0)); }));
     EXPECT_EQ(window.followed.selectedRecord()->key.name, "L53");
     EXPECT_EQ(top(), "49 L50");
-    follow(&model.undo());
+    follow(history.undo(model));
     EXPECT_EQ(window.followed.selectedRecord()->key.name, "L53");
 }
 
@@ -400,7 +391,7 @@ TEST_F(TreeStepsTest, ShowsOneBoxOfEachKindAndCountsTheRest)
     EXPECT_EQ(window.followed.rebuild("A"), (Unshown{2, 0}));
     EXPECT_EQ(std::exchange(boxes, {}), asked);
     EXPECT_EQ(followedNodes().first().text, "1 L1"); // the first two are asked about, the others not shown
-    const EditStep *step = edit([&] { storeLine(-1, "A", "L4", 0, 1); });
+    const EditStep *step = edit([&](Edit &) { storeLine(-1, "A", "L4", 0, 1); });
     EXPECT_EQ(window.followed.follow(*step), (Unshown{3, 0}));
     EXPECT_EQ(std::exchange(boxes, {}), asked);
 

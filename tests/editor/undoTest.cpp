@@ -73,7 +73,7 @@ TEST_P(UndoTest, TakesBackAndMakesAgain)
     user->clickNode("1.1 Sep");
     remove();
     press(Qt::Key_Y);
-    EXPECT_EQ(fields.size(), 1) << "what was undone before another change is gone";
+    EXPECT_EQ(fields().size(), 1) << "what was undone before another change is gone";
     expectBoxes({});
 }
 

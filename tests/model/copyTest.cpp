@@ -20,14 +20,13 @@ struct CopyTest : testing::Test, ModelFixture
             Field made = field("S", name, name == "a" ? 1 : 2, 7);
             made.line = name == "c" ? "OBX" : "PID";
             made.messageIndex = name == "c" ? 2 : 1;
-            fields.RecordTable::append(made);
+            fields.appendLoaded(made);
         }
     }
 
     void copy(EqualKeys equalKeys)
     {
-        const Editing editing(model);
-        copyConfiguration(model, "S", " T ", equalKeys);
+        edit([&](Edit &edit) { copyConfiguration(edit.model(), "S", " T ", equalKeys); });
     }
 
     QStringList target() const
@@ -54,9 +53,9 @@ TEST_F(CopyTest, KeepsTheOrderInOneStep)
     copy(EqualKeys::Skip);
     EXPECT_EQ(target(),
               QStringList({"-1 PID 1", "-1 OBX 2", "-1 a 1.1", "-1 b 1.2", "-1 twin of b 1.2", "-1 c 2.2"}));
-    model.undo();
+    history.undo(model);
     EXPECT_EQ(target(), QStringList());
-    EXPECT_EQ(model.undoable(), nullptr);
+    EXPECT_EQ(history.undoable(), nullptr);
     copyConfiguration(model, "S ", "S", EqualKeys::Replace);
     EXPECT_EQ(lines.size(), 2);
 }
@@ -76,7 +75,7 @@ TEST_F(CopyTest, ReplacesOrSkipsEqualKeys)
     copy(EqualKeys::Skip);
     EXPECT_EQ(target(), QStringList({"8 MSH 1", "9 OBX 2", "-1 PID 3", "3 c 2.5", "-1 a 3.1", "-1 b 3.2",
                                      "-1 twin of b 3.2"}));
-    model.undo();
+    history.undo(model);
     copy(EqualKeys::Replace);
     EXPECT_EQ(target(), QStringList({"8 MSH 1", "9 OBX 3", "-1 PID 2", "-1 a 2.1", "-1 b 2.2",
                                      "-1 twin of b 2.2", "3 c 3.2"}));

@@ -56,7 +56,7 @@ TEST_F(FieldTableTest, KeepsWhatItRemoves)
     fields.remove(1);
     fields.remove(0);
     EXPECT_TRUE(fields.isEmpty());
-    EXPECT_EQ(columnOf(fields.removed, &Field::id), (QList{2, 3, 1}));
+    EXPECT_EQ(columnOf(fields.removed(), &Field::id), (QList{2, 3, 1}));
 }
 
 TEST_F(FieldTableTest, GivesTheNextPositionOfALine)

@@ -3,6 +3,8 @@
 
 #include "support/ModelFixture.h"
 
+#include "model/History.h"
+
 #include <map>
 #include <random>
 
@@ -32,7 +34,7 @@ QStringList stateOf(const Model &model)
     QStringList state;
     const auto add = [&state](const auto &table) {
         QStringList waiting; // for deletion, in whatever order
-        for (const auto &record : table.removed) {
+        for (const auto &record : table.removed()) {
             if (record.id > 0)
                 waiting += textOf(record, true);
         }
@@ -73,9 +75,33 @@ public:
         m_loadedFields = rowsOf(fields);
     }
 
+    /// Does something, as one step of the history.
     void act()
     {
-        const Editing editing(model);
+        edit([this](Edit &edit) { act(edit); });
+    }
+
+    /// The unsaved changes are exactly the records that differ from what was loaded.
+    void expectTrueLedger() const
+    {
+        const auto expectTrue = [](const auto &loaded, const auto &table) {
+            const auto now = rowsOf(table);
+            int differences = 0;
+            for (const auto &[key, row] : loaded)
+                differences += !now.contains(key) || now.at(key) != row;
+            for (const auto &[key, row] : now)
+                differences += !loaded.contains(key);
+            ASSERT_EQ(table.unsaved().entries().size(), differences);
+        };
+        expectTrue(m_loadedLines, lines);
+        expectTrue(m_loadedFields, fields);
+    }
+
+    int pick(int least, int greatest) { return std::uniform_int_distribution(least, greatest)(m_random); }
+
+private:
+    void act(Edit &edit)
+    {
         switch (pick(0, 7)) {
         case 0:
             lines.store(randomLine());
@@ -89,10 +115,10 @@ public:
                 fields.remove(pick(0, fields.size() - 1));
             break;
         case 4:
-            takeBackOneOf(lines.unsaved);
+            revertOneOf(edit, lines.unsaved());
             break;
         case 5:
-            takeBackOneOf(fields.unsaved);
+            revertOneOf(edit, fields.unsaved());
             break;
         default:
             if (!lines.isEmpty()) {
@@ -105,31 +131,12 @@ public:
         }
     }
 
-    /// The unsaved names exactly the records that differ from what was loaded.
-    void expectTrueLedger() const
-    {
-        const auto expectTrue = [](const auto &loaded, const auto &table) {
-            const auto now = rowsOf(table);
-            int differences = 0;
-            for (const auto &[key, row] : loaded)
-                differences += !now.contains(key) || now.at(key) != row;
-            for (const auto &[key, row] : now)
-                differences += !loaded.contains(key);
-            ASSERT_EQ(table.unsaved.entries().size(), differences);
-        };
-        expectTrue(m_loadedLines, lines);
-        expectTrue(m_loadedFields, fields);
-    }
-
-    int pick(int least, int greatest) { return std::uniform_int_distribution(least, greatest)(m_random); }
-
-private:
-    template <class Record> void takeBackOneOf(const UnsavedChanges<Record> &unsaved)
+    template <class Record> void revertOneOf(Edit &edit, const UnsavedChanges<Record> &unsaved)
     {
         if (unsaved.isEmpty())
             return;
         const UnsavedChange<Record> entry = *unsaved.entries().begin();
-        model.revert(entry);
+        edit.revert(entry);
         EXPECT_FALSE(unsaved.entries().contains(keyOf(entry.record())));
     }
 
@@ -170,21 +177,21 @@ TEST(History, IsTakenBackAndMadeAgainStepByStep)
                     states += stateOf(model);
                 }
             } else if (done > 0 && actions.pick(0, 2) > 0) {
-                actions.model.undo();
+                actions.history.undo(actions.model);
                 --done;
             } else if (done < steps()) {
-                actions.model.redo();
+                actions.history.redo(actions.model);
                 ++done;
             }
             ASSERT_EQ(stateOf(model), states[done]);
             actions.expectTrueLedger();
         }
-        while (model.undoable())
-            actions.model.undo();
+        while (actions.history.undoable())
+            actions.history.undo(actions.model);
         ASSERT_EQ(stateOf(model), states.first());
         EXPECT_FALSE(model.hasUnsavedChanges());
-        while (model.redoable())
-            actions.model.redo();
+        while (actions.history.redoable())
+            actions.history.redo(actions.model);
         ASSERT_EQ(stateOf(model), states.last());
     }
 }

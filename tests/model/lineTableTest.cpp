@@ -12,7 +12,7 @@ struct LineTableTest : testing::Test, ModelFixture
     void append(const std::vector<Line> &all)
     {
         for (const Line &each : all)
-            lines.append(each);
+            lines.appendLoaded(each);
     }
 };
 
@@ -73,9 +73,8 @@ TEST_F(LineTableTest, RemovesAndRenumbers)
     EXPECT_EQ(columnOf(lines, &Line::messageIndex), (QList{1, 1, 2}));
     const auto expectNothingOutside = [this] {
         for (const int outside : {-1, lines.size()}) {
-            const std::function<void()> uses[] = {
-                [&] { lines[outside]; }, [&] { lines.remove(outside); }, [&] { lines.removeAt(outside); },
-                [&] { lines.RecordTable::replace(outside, line(9, "S", "A", 1, 1)); }};
+            const std::function<void()> uses[] = {[&] { lines[outside]; }, [&] { lines.remove(outside); },
+                                                  [&] { lines.restore(outside, line(9, "S", "A", 1, 1)); }};
             for (const auto &use : uses)
                 EXPECT_EQ(errorOf(use), errors::SubscriptOutOfRange) << outside;
         }
@@ -85,7 +84,7 @@ TEST_F(LineTableTest, RemovesAndRenumbers)
     while (!lines.isEmpty())
         lines.remove(0);
     expectNothingOutside();
-    EXPECT_EQ(columnOf(lines.removed, &Line::id), (QList{3, 1, 2, 4}));
+    EXPECT_EQ(columnOf(lines.removed(), &Line::id), (QList{3, 1, 2, 4}));
 }
 
 TEST_F(LineTableTest, GivesTheNextMessageIndexOfAConfiguration)
@@ -93,11 +92,11 @@ TEST_F(LineTableTest, GivesTheNextMessageIndexOfAConfiguration)
     constexpr int greatest = std::numeric_limits<int>::max();
     EXPECT_EQ(lines.nextMessageIndex("S"), 1);
     for (const auto &[messageIndex, next] : {std::pair{-5, 1}, {7, 8}, {3, 8}}) {
-        lines.append(line(0, "S", "A", 1, messageIndex));
-        lines.append(line(0, "T", "A", 1, 90));
+        lines.appendLoaded(line(0, "S", "A", 1, messageIndex));
+        lines.appendLoaded(line(0, "T", "A", 1, 90));
         EXPECT_EQ(lines.nextMessageIndex("S"), next);
     }
-    lines.append(line(0, "S", "A", 1, greatest));
+    lines.appendLoaded(line(0, "S", "A", 1, greatest));
     EXPECT_EQ(lines.nextMessageIndex("S"), greatest);
 }
 

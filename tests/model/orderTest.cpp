@@ -116,7 +116,7 @@ private:
         if (index < 0)
             return;
         fields.remove(index);
-        ASSERT_TRUE(values(fields.removed.back()) == values(m_walk[index]));
+        ASSERT_TRUE(values(fields.removed().back()) == values(m_walk[index]));
         m_walk.removeAt(index);
     }
 
@@ -130,12 +130,12 @@ private:
     {
         switch (pick(0, 4)) {
         case 0:
-            lines.clear();
+            lines.assign({});
             for (int count = pick(0, 20); count > 0; --count)
-                lines.append(randomLine());
+                lines.appendLoaded(randomLine());
             return;
         case 1:
-            lines.append(randomLine());
+            lines.appendLoaded(randomLine());
             return;
         case 2:
             if (!lines.isEmpty())

@@ -11,7 +11,7 @@ namespace varnow::test {
 
 namespace {
 
-struct ListingTest : testing::Test, ModelFixture
+struct ListingTest : testing::Test
 {
     QStringList rows() const
     {
@@ -24,7 +24,9 @@ struct ListingTest : testing::Test, ModelFixture
     }
 
     MessageLog messages;
-    ListingWindow window{model};
+    Session session;
+    Document document{session};
+    ListingWindow window{document};
     Driver user{window};
 };
 
@@ -32,9 +34,12 @@ struct ListingTest : testing::Test, ModelFixture
 
 TEST_F(ListingTest, ListsTheTablesAsTheyAre)
 {
-    storeLine(12, "B", "OBX", 2, 5);
-    storeLine(-1, "A", "NTE", 2, 5);
-    fields.store({7, "A", "Value", 0, "OBX", 2, 3, 12, 10, "String", "look", "fmt", "const", 30, 1, " ", -1});
+    document.edit({}, [](Edit &edit) {
+        edit.lines.store(line(12, "B", "OBX", 2, 5));
+        edit.lines.store(line(-1, "A", "NTE", 2, 5));
+        edit.fields.store(
+            {7, "A", "Value", 0, "OBX", 2, 3, 12, 10, "String", "look", "fmt", "const", 30, 1, " ", -1});
+    });
     user.click("fields");
     EXPECT_EQ(rows(),
               QStringList({"7  Value(0)", "\tLine: OBX(2)", "\tMsgIndex.Position: 3.12", "\tLookup: look",
@@ -42,10 +47,9 @@ TEST_F(ListingTest, ListsTheTablesAsTheyAre)
                            "\t\tAlignment: -1", "\t\tPad Character:  "}));
     const QStringList lineRows{"12  OBX(2)", "\tMsgIndex: 5", "-1  NTE(2)", "\tMsgIndex: 5"};
     user.press(Qt::Key_L, Qt::AltModifier);
-    lines.removeAt(0);
-    EXPECT_EQ(rows(), lineRows) << "the listing is a snapshot";
-    user.click("lines");
-    EXPECT_EQ(rows(), lineRows.mid(2));
+    EXPECT_EQ(rows(), lineRows);
+    document.edit({}, [](Edit &edit) { edit.lines.remove(0); });
+    EXPECT_EQ(rows(), lineRows.mid(2)) << "the listing follows the document";
     window.unload();
     window.show();
     EXPECT_TRUE(rows().isEmpty());

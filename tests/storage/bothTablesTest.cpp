@@ -63,8 +63,12 @@ TEST_P(BothTables, CountRefusedRowsAndGoOn)
     for (const char *name : {"A", "BAD", "C"})
         storeBoth(0, name, 1);
     for (const int id : {-1, 1, 2}) {
-        lines.removed.emplace_back().id = id;
-        fields.removed.emplace_back().id = id;
+        Line line;
+        line.id = id;
+        lines.removeRow(line);
+        Field field;
+        field.id = id;
+        fields.removeRow(field);
     }
     const auto expectSummaries = [this](int errors, int correct) {
         EXPECT_EQ(save(), 0);
@@ -78,7 +82,7 @@ TEST_P(BothTables, CountRefusedRowsAndGoOn)
         database.run(QStringLiteral("DROP TRIGGER %1Insert; DROP TRIGGER %1Delete").arg(table));
     expectSummaries(0, 3);
     expectRows({"-1", "2", "3", "4"}, {"2", "3", "4"});
-    EXPECT_TRUE(lines.removed.empty() && fields.removed.empty());
+    EXPECT_TRUE(lines.removed().empty() && fields.removed().empty());
 }
 
 // Faults: a removed record left in the database because its identifier was never learnt, a known identifier
@@ -129,8 +133,8 @@ TEST_P(BothTables, LeaveTheRowsThatAReloadBroughtBack)
 TEST_P(BothTables, ReportUnexpectedFailures)
 {
     storeBoth(0, "A", 1);
-    lines.removed.resize(1);
-    fields.removed.resize(1);
+    lines.removeRow({});
+    fields.removeRow({});
     const auto failAt = [this](const QStringList &titles) {
         run.onMessage = [=](const QString &text) {
             if (titles.contains(text.section("\r\n", 0, 0)))
@@ -150,7 +154,7 @@ TEST_P(BothTables, ReportUnexpectedFailures)
     EXPECT_EQ(save(), errors::Overflow);
     expectMessages({summary(linesDeleted, 0, 1), summary(linesSaved, 0, 1), summary(fieldsDeleted, 0, 1),
                     summary(fieldsSaved, 0, 1), fieldSave});
-    EXPECT_EQ(fields.removed.size(), 1U);
+    EXPECT_EQ(fields.removed().size(), 1U);
 }
 
 // Faults: fields loaded although the lines could not be, lines of an earlier load doubled, fields lost.
@@ -198,12 +202,12 @@ TEST_P(BothTables, StopWhereTheUserSaysSo)
     EXPECT_EQ(columnOf(lines, &Line::id), (QList{1, 2}));
     EXPECT_EQ(columnOf(fields, &Field::id), QList{1});
 
-    fields.removed.push_back(fields[0]);
+    fields.removeRow(fields[0]);
     database.run("UPDATE LabLineConfig SET MsgIndex = 0");
     stopAt("Saving the lines", 1);
     EXPECT_EQ(save(), errors::UserInterrupt);
     expectMessages({summary(linesSaved, 1, 1), summary(fieldsDeleted, 1, 0), summary(fieldsSaved, 1, 0)});
-    EXPECT_EQ(fields.removed.size(), 1U);
+    EXPECT_EQ(fields.removed().size(), 1U);
     EXPECT_EQ(database.run("SELECT MsgIndex FROM LabLineConfig"), (QStringList{"1", "0"}));
     expectRows({"1", "2"}, {"1", "2"});
 }

@@ -31,9 +31,8 @@ struct RowFindingsTest : StorageTest
     void removeAll()
     {
         for (const RowIssue &found : find()) {
-            const Editing editing(model);
             if (found.issue.fix == Fix::RemoveAtNextSave)
-                removeAtNextSave(model, found);
+                edit([&](Edit &edit) { removeAtNextSave(edit.model(), found); });
         }
         EXPECT_TRUE(model.hasRowsToDelete()) << "else leaving would lose the fix without a question";
     }
@@ -66,21 +65,21 @@ TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
     EXPECT_EQ(found(), expected);
     removeAll();
     EXPECT_EQ(found(), expected.mid(1, 1));
-    while (model.undoable())
-        model.undo();
+    while (history.undoable())
+        history.undo(model);
     EXPECT_EQ(found(), expected);
-    while (model.redoable())
-        model.redo();
+    while (history.redoable())
+        history.redo(model);
     ASSERT_EQ(save(), 0);
     EXPECT_EQ(ids("LabLineConfig"), QStringList({"1", "3", "4"})); // the new one has a name index
     EXPECT_EQ(ids("LabLineFieldConfig"), QStringList({"2", "4", "5"}));
     EXPECT_FALSE(model.hasUnsavedChanges());
 
-    while (model.undoable())
-        model.undo();
-    while (model.redoable())
-        model.redo();
-    EXPECT_TRUE(fields.removed.empty()); // another row may have such an identifier by now
+    while (history.undoable())
+        history.undo(model);
+    while (history.redoable())
+        history.redo(model);
+    EXPECT_TRUE(fields.removed().empty()); // another row may have such an identifier by now
 }
 
 TEST_P(RowFindingsTest, AsksHowTheColumnsTellLetterCase)

@@ -79,7 +79,7 @@ struct TwentyRecords : Storage
         server.start();
         EXPECT_EQ(errorsOfSave(), 0);
         EXPECT_EQ(rows(), expectedRows);
-        EXPECT_TRUE(lines.removed.empty());
+        EXPECT_TRUE(lines.removed().empty());
     }
 
     TdsServer &server = *database.server();
@@ -102,7 +102,8 @@ TEST_P(SaveOverWire, KeepsOneConnectionForEachRun)
     expectLogins(1, [this] { load(); });
     storeLines(3);
     fields.store(field(standard, "A", 1));
-    lines.removed.resize(2);
+    lines.removeRow({});
+    lines.removeRow({});
     expectLogins(3, [this] { save(); });
     expectLogins(1, [this] { adoptIds(); });
     database.run("DROP TABLE LabLineFieldConfig");

@@ -152,7 +152,8 @@ TEST(SaveToFile, EndsAGroupThatTheDatabaseOrAnErrorHasEnded)
     EXPECT_EQ(written, QStringList("F1|1"));
 
     SaveToFile interrupted(2);
-    interrupted.fields.removed.resize(2);
+    interrupted.fields.removeRow({});
+    interrupted.fields.removeRow({});
     interrupted.run.goesOn = [](const QString &part, int record) {
         if (part == "Deleting the removed fields" && record == 1)
             throw RuntimeError(errors::OutOfMemory);

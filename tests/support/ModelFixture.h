@@ -2,7 +2,7 @@
 
 #include "support/printing.h"
 
-#include "model/Model.h"
+#include "model/History.h"
 
 #include <QList>
 
@@ -59,7 +59,17 @@ struct ModelFixture
 
     void emptyModel() { model = Model(); }
 
+    /// Does something as one step. Returns the step, null when it changed nothing.
+    template <class Work> const EditStep *edit(Work work)
+    {
+        Edit edit(model);
+        work(edit);
+        EditStep step = edit.finish();
+        return step.isEmpty() ? nullptr : &history.add(std::move(step));
+    }
+
     Model model;
+    History history;
     LineTable &lines = model.lines;
     FieldTable &fields = model.fields;
 };

@@ -1,4 +1,4 @@
-#include "document/History.h"
+#include "model/History.h"
 
 #include <algorithm>
 #include <iterator>
