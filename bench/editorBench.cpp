@@ -22,6 +22,7 @@ namespace varnow::bench {
 namespace {
 
 constexpr Size oneConfiguration{1, 1000, 20};
+constexpr Size largeConfiguration{1, 1000, 100};
 constexpr Size tenThousandRecords{1, 500, 19};
 constexpr Size manyConfigurations{20, 500, 10};
 
@@ -92,6 +93,36 @@ public:
         m_user.showPage(1);
         m_user.fill({{"fieldName", "Comment"}, {"fieldIndex", "1"}, {"fieldLine", "Segment 300(0)"}});
         m_user.fill({{"fieldMessageIndex", "300"}, {"constant", "constant"}, {"position", "99"}});
+    }
+
+    /// Takes the fields of the line behind which this many others stand, so that it can be removed, and shows
+    /// it on its page.
+    void emptyLineBefore(int linesBehind)
+    {
+        const Line line = m_model.lines[m_model.lines.size() - linesBehind - 1];
+        {
+            const Editing editing(m_model);
+            for (const Field *field : m_model.fields.ofGroup(line.configuration, line.messageIndex))
+                m_model.fields.remove(m_model.fields.indexOf(*field));
+        }
+        rebuild();
+        clickNode(QString::number(line.messageIndex) + ' ' + line.name);
+    }
+
+    /// Shows a field in the middle on its page.
+    void showField() { clickNode(QStringLiteral("500.7 Observation Value 500-7")); }
+
+    /// Types into an entry and stores the record; the typing is not counted.
+    double change(const QString &entry, const QString &text)
+    {
+        m_user.type(entry, text);
+        return click("change");
+    }
+
+    void undo()
+    {
+        m_user.press(Qt::Key_Z, Qt::ControlModifier);
+        QApplication::processEvents();
     }
 
     const QTreeWidget &treeWidget() const { return *m_user.treeWidget(); }
@@ -181,6 +212,33 @@ void entryBesideRebuild(benchmark::State &state, Size size, void (OpenEditor::*t
     sideBySide(state, atMost, addAndRemove, [&] { return editor.rebuild(); });
 }
 
+/// Changes an entry of a field to one value and the other.
+void entryChangeBesideRebuild(benchmark::State &state, const char *entry, double atMost)
+{
+    OpenEditor editor(largeConfiguration);
+    editor.showField();
+    bool isSecond = false;
+    sideBySide(
+        state, atMost,
+        [&] { return editor.change(QString::fromLatin1(entry), (isSecond = !isSecond) ? "107" : "108"); },
+        [&] { return editor.rebuild(); });
+}
+
+/// Removes a line behind which ten others with their fields are renumbered.
+void renumberingBesideRebuild(benchmark::State &state, double atMost)
+{
+    OpenEditor editor(largeConfiguration);
+    editor.emptyLineBefore(10);
+    sideBySide(
+        state, atMost,
+        [&] {
+            const double removal = editor.click("delete");
+            editor.undo();
+            return removal;
+        },
+        [&] { return editor.rebuild(); });
+}
+
 /// Clicks a field's node while the lines page is shown.
 void nodeBesideRebuild(benchmark::State &state, Size size, double atMost)
 {
@@ -255,6 +313,14 @@ void addEditorRows()
                 &OpenEditor::typeNewLine, false, 2);
     addEntryRow("Delete of a field, 100,000 fields in memory | rebuild", manyConfigurations,
                 &OpenEditor::typeNewField, false, 2);
+    addRow("Change of a constant, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { entryChangeBesideRebuild(state, "constant", 0.05); });
+    addRow("Change of a position, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { entryChangeBesideRebuild(state, "position", 0.3); });
+    addEntryRow("addition of a field, 100,000 fields shown | rebuild", largeConfiguration,
+                &OpenEditor::typeNewField, true, 0.3);
+    addRow("removal of a line, 10 renumbered, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { renumberingBesideRebuild(state, 0.3); });
     addRow("Change of a field until it is on disk, 100,000 fields | Change alone", "s", 9,
            keptChangeBesideChange);
     addRow("import 10,000 rows | ten rebuilds", "s", 9, importBesideRebuilds);
