@@ -22,6 +22,7 @@ namespace varnow::bench {
 namespace {
 
 constexpr Size oneConfiguration{1, 1000, 20};
+constexpr Size largeConfiguration{1, 1000, 100};
 constexpr Size tenThousandRecords{1, 500, 19};
 constexpr Size manyConfigurations{20, 500, 10};
 
@@ -94,6 +95,36 @@ public:
         m_user.fill({{"fieldMessageIndex", "300"}, {"constant", "constant"}, {"position", "99"}});
     }
 
+    /// Takes the fields of the line behind which this many others stand, so that it can be removed, and shows
+    /// it on its page.
+    void emptyLineBefore(int linesBehind)
+    {
+        const Line line = m_model.lines[m_model.lines.size() - linesBehind - 1];
+        {
+            const Editing editing(m_model);
+            for (const Field *field : m_model.fields.ofGroup(line.configuration, line.messageIndex))
+                m_model.fields.remove(m_model.fields.indexOf(*field));
+        }
+        rebuild();
+        clickNode(QString::number(line.messageIndex) + ' ' + line.name);
+    }
+
+    /// Shows a field in the middle on its page.
+    void showField() { clickNode(QStringLiteral("500.7 Observation Value 500-7")); }
+
+    /// Types into an entry and stores the record; the typing is not counted.
+    double change(const QString &entry, const QString &text)
+    {
+        m_user.type(entry, text);
+        return click("change");
+    }
+
+    void undo()
+    {
+        m_user.press(Qt::Key_Z, Qt::ControlModifier);
+        QApplication::processEvents();
+    }
+
     const QTreeWidget &treeWidget() const { return *m_user.treeWidget(); }
 
 private:
@@ -149,7 +180,7 @@ void rebuildBesideBareTree(benchmark::State &state)
     bare.resize(editor.treeWidget().size());
     bare.show();
     sideBySide(
-        state, 1.5, [&] { return editor.rebuild(); },
+        state, 1.2, [&] { return editor.rebuild(); },
         [&] { return secondsUntilShown([&] { fill(bare, branches); }); });
 }
 
@@ -179,6 +210,33 @@ void entryBesideRebuild(benchmark::State &state, Size size, void (OpenEditor::*t
         return measuresChange ? change : remove;
     };
     sideBySide(state, atMost, addAndRemove, [&] { return editor.rebuild(); });
+}
+
+/// Changes an entry of a field to one value and the other.
+void entryChangeBesideRebuild(benchmark::State &state, const char *entry, double atMost)
+{
+    OpenEditor editor(largeConfiguration);
+    editor.showField();
+    bool isSecond = false;
+    sideBySide(
+        state, atMost,
+        [&] { return editor.change(QString::fromLatin1(entry), (isSecond = !isSecond) ? "107" : "108"); },
+        [&] { return editor.rebuild(); });
+}
+
+/// Removes a line behind which ten others with their fields are renumbered.
+void renumberingBesideRebuild(benchmark::State &state, double atMost)
+{
+    OpenEditor editor(largeConfiguration);
+    editor.emptyLineBefore(10);
+    sideBySide(
+        state, atMost,
+        [&] {
+            const double removal = editor.click("delete");
+            editor.undo();
+            return removal;
+        },
+        [&] { return editor.rebuild(); });
 }
 
 /// Clicks a field's node while the lines page is shown.
@@ -222,7 +280,7 @@ void importBesideRebuilds(benchmark::State &state)
             std::abort();
     };
     sideBySide(
-        state, 1, [&] { return seconds(importFile); },
+        state, 1.2, [&] { return seconds(importFile); },
         [&] {
             double time = 0;
             for (int i = 0; i < rebuilds; ++i)
@@ -243,18 +301,26 @@ void addEditorRows()
 {
     addRow("rebuild the tree, 1,000 lines, 20,000 fields | bare QTreeWidget", "s", 15, rebuildBesideBareTree);
     addRow("configuration switch | rebuild and query", "s", 9, switchBesideRebuildAndQuery);
-    addEntryRow("Change of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, true, 1.3);
-    addEntryRow("Change of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, true, 1.3);
-    addEntryRow("Delete of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, false, 1.3);
-    addEntryRow("Delete of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, false, 1.3);
+    addEntryRow("Change of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, true, 0.5);
+    addEntryRow("Change of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, true, 0.5);
+    addEntryRow("Delete of a line | rebuild", oneConfiguration, &OpenEditor::typeNewLine, false, 0.5);
+    addEntryRow("Delete of a field | rebuild", oneConfiguration, &OpenEditor::typeNewField, false, 0.5);
     addEntryRow("Change of a line, 100,000 fields in memory | rebuild", manyConfigurations,
-                &OpenEditor::typeNewLine, true, 2);
+                &OpenEditor::typeNewLine, true, 1);
     addEntryRow("Change of a field, 100,000 fields in memory | rebuild", manyConfigurations,
-                &OpenEditor::typeNewField, true, 2);
+                &OpenEditor::typeNewField, true, 1);
     addEntryRow("Delete of a line, 100,000 fields in memory | rebuild", manyConfigurations,
-                &OpenEditor::typeNewLine, false, 2);
+                &OpenEditor::typeNewLine, false, 1);
     addEntryRow("Delete of a field, 100,000 fields in memory | rebuild", manyConfigurations,
-                &OpenEditor::typeNewField, false, 2);
+                &OpenEditor::typeNewField, false, 1);
+    addRow("Change of a constant, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { entryChangeBesideRebuild(state, "constant", 0.05); });
+    addRow("Change of a position, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { entryChangeBesideRebuild(state, "position", 0.3); });
+    addEntryRow("addition of a field, 100,000 fields shown | rebuild", largeConfiguration,
+                &OpenEditor::typeNewField, true, 0.3);
+    addRow("removal of a line, 10 renumbered, 100,000 fields shown | rebuild", "s", 9,
+           [](benchmark::State &state) { renumberingBesideRebuild(state, 0.3); });
     addRow("Change of a field until it is on disk, 100,000 fields | Change alone", "s", 9,
            keptChangeBesideChange);
     addRow("import 10,000 rows | ten rebuilds", "s", 9, importBesideRebuilds);
