@@ -2,7 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "editor/DataCheck.h"
+#include "model/drafts.h"
 
 namespace varnow {
 
@@ -84,7 +84,7 @@ std::optional<RecordName> EntryPage::recordOf(RecordName::Kind kind, const ui::T
     using Name = std::optional<RecordName>;
     return guarded(
         [&] {
-            return Name({kind, name.text(), typedIndex(nameIndex.text())});
+            return Name({kind, name.text(), parseIndex(nameIndex.text())});
         },
         [](const RuntimeError &) { return Name(); });
 }

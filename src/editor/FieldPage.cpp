@@ -6,6 +6,7 @@
 #include "editor/DataCheck.h"
 #include "editor/LinePage.h"
 #include "model/RecordReference.h"
+#include "model/drafts.h"
 #include "model/lineLayout.h"
 #include "storage/catalogue.h"
 
@@ -204,7 +205,7 @@ void FieldPage::proposePosition()
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
     const auto propose = [&] {
-        const int lineIndex = leadingNumber(line.index);
+        const int lineIndex = leadingNumber(line.index.value_or(QString()));
         if (lineIndex < 0 || line.name.isEmpty())
             return false;
         const FieldTable &fields = m_state.model.fields;
@@ -267,31 +268,34 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
 
 std::optional<QString> FieldPage::store()
 {
-    if (m_index.text().isEmpty())
-        m_index.setText("0");
-    const FieldDraft entry = entered();
-    if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(entry)))
+    m_index.setText(zeroIfBlank(m_index.text()));
+    const Parsed<Field> parsed = parse(entered());
+    if (!dataCheckPassed("There is a problem with the data for the line field entry.", parsed.problems))
         return {};
-    m_state.model.fields.store(fieldOf(entry));
+    m_state.model.fields.store(parsed.record);
     return RecordTree::fieldKey(m_messageIndex.text(), m_position.text());
 }
 
 FieldDraft FieldPage::entered() const
 {
-    return {.configuration = m_state.configuration(),
-            .name = m_name.text(),
-            .nameIndex = m_index.text(),
-            .line = parseLineChoice(m_line.text()),
-            .messageIndex = m_messageIndex.text(),
-            .lookup = m_lookup.text(),
-            .format = m_format.text(),
-            .constant = m_constant.text(),
-            .position = m_position.text(),
-            .isFixedLength = m_fixedLength.isTicked(),
-            .length = m_length.text(),
-            .characterPosition = m_characterPosition.text(),
-            .padCharacter = m_padSpaces.isChosen() ? " " : "0",
-            .padDirection = m_alignRight.isChosen() ? 1 : -1};
+    FieldDraft draft;
+    draft.set(&Field::configuration, m_state.configuration());
+    draft.set(&Field::name, m_name.text());
+    draft.set(&Field::nameIndex, m_index.text());
+    draft.setLine(parseLineChoice(m_line.text()));
+    draft.set(&Field::messageIndex, m_messageIndex.text());
+    draft.set(&Field::lookup, m_lookup.text());
+    draft.set(&Field::format, m_format.text());
+    draft.set(&Field::constant, m_constant.text());
+    draft.set(&Field::position, m_position.text());
+    draft.set(&Field::length, m_length.text());
+    if (!m_fixedLength.isTicked())
+        return draft;
+    draft.set(&Field::fixedLength, "1");
+    draft.set(&Field::characterPosition, m_characterPosition.text());
+    draft.set(&Field::padCharacter, m_padSpaces.isChosen() ? " " : "0");
+    draft.set(&Field::padDirection, m_alignRight.isChosen() ? "1" : "-1");
+    return draft;
 }
 
 std::optional<RecordName> FieldPage::namedRecord() const
@@ -302,9 +306,9 @@ std::optional<RecordName> FieldPage::namedRecord() const
 std::optional<RecordName> FieldPage::chosenLine() const
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
-    if (isBlank(line.name) || !isLong(line.index))
+    if (isBlank(line.name) || (line.index && !isLong(*line.index)))
         return {};
-    return RecordName{RecordName::Kind::Line, trim(line.name), toLong(line.index)};
+    return RecordName{RecordName::Kind::Line, trim(line.name), parseIndex(line.index.value_or(QString()))};
 }
 
 Removal FieldPage::remove()
@@ -326,7 +330,7 @@ bool FieldPage::removeField()
     if (isBlank(m_state.configuration()) || isBlank(m_name.text()))
         return false;
     FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), typedIndex(m_index.text()));
+    const int index = fields.find(m_state.configuration(), m_name.text(), parseIndex(m_index.text()));
     if (index < 0)
         return false;
     fields.remove(index);

@@ -93,12 +93,16 @@ void LinePage::clear()
 
 std::optional<QString> LinePage::store()
 {
-    if (isBlank(m_index.text()))
-        m_index.setText("0");
-    const LineDraft entry{m_state.configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
-    if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(entry)))
+    m_index.setText(zeroIfBlank(m_index.text()));
+    LineDraft draft;
+    draft.set(&Line::configuration, m_state.configuration());
+    draft.set(&Line::name, m_name.text());
+    draft.set(&Line::nameIndex, m_index.text());
+    draft.set(&Line::messageIndex, m_messageIndex.text());
+    const Parsed<Line> parsed = parse(draft);
+    if (!dataCheckPassed("There is a problem with the data for the line entry.", parsed.problems))
         return {};
-    m_state.model.lines.store(lineOf(entry));
+    m_state.model.lines.store(parsed.record);
     m_state.onLinesChanged();
     return RecordTree::lineKey(m_messageIndex.text());
 }
@@ -140,7 +144,7 @@ bool LinePage::removeLine()
     };
     int fields = 0;
     const auto remove = [&] {
-        const int nameIndex = typedIndex(m_index.text());
+        const int nameIndex = parseIndex(m_index.text());
         fields = model.fields.countOfLine(configuration, m_name.text(), nameIndex);
         const int line = fields > 0 ? -1 : model.lines.find(configuration, m_name.text(), nameIndex);
         return line >= 0 && (model.lines.remove(line), true);

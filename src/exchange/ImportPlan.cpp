@@ -162,9 +162,9 @@ private:
         const bool isField =
             kind.isEmpty() ? reader.hasColumn("Line") : kind.compare(kindOf<Field>, Qt::CaseInsensitive) == 0;
         if (isField)
-            read(row, Field());
+            take(row, reader.readField(row.cells));
         else
-            read(row, Line());
+            take(row, reader.readLine(row.cells));
         if (!kind.isEmpty() && !isField && kind.compare(kindOf<Line>, Qt::CaseInsensitive) != 0)
             row.problems = {QStringLiteral("The column Record must say Line or Field.")};
         const qsizetype columns = m_plan.headers.back().size();
@@ -175,9 +175,10 @@ private:
         m_plan.rows.push_back(std::move(row));
     }
 
-    template <class Record> void read(ImportRow &row, Record record)
+    template <class Record> void take(ImportRow &row, Parsed<Record> parsed)
     {
-        row.problems = m_readers.back().read(row.cells, record);
+        row.problems = std::move(parsed.problems);
+        Record &record = parsed.record;
         record.id = -1;
         if (m_target == ImportTarget::Current || record.configuration.isEmpty())
             record.configuration = m_configuration;

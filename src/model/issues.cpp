@@ -288,12 +288,8 @@ template <class Record> QString rowKey(const Record &record)
 {
     QStringList values;
     for (const Column<Record> &column : Record::columns()) {
-        if (column.use != ColumnUse::Key)
-            continue;
-        if (const auto *text = std::get_if<QString Record::*>(&column.member))
-            values += record.**text;
-        else
-            values += QString::number(record.*std::get<int Record::*>(column.member));
+        if (column.use == ColumnUse::Key)
+            values += textIn(column, record);
     }
     return values.join(QChar(0));
 }
