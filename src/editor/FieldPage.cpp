@@ -8,6 +8,7 @@
 #include "model/RecordReference.h"
 #include "model/drafts.h"
 #include "model/lineLayout.h"
+#include "model/removal.h"
 #include "storage/catalogue.h"
 
 #include <algorithm>
@@ -131,7 +132,7 @@ void FieldPage::followFixedLength()
 std::optional<Field> FieldPage::show(const QString &name, int nameIndex)
 {
     const FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), name, nameIndex);
+    const int index = fields.find(trim(m_state.configuration()), trim(name), nameIndex);
     if (index < 0) {
         empty();
         return {};
@@ -183,7 +184,8 @@ void FieldPage::clear()
 void FieldPage::clearForNext()
 {
     const FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), leadingNumber(m_index.text()));
+    const int index =
+        fields.find(trim(m_state.configuration()), trim(m_name.text()), parseIndex(m_index.text()));
     const Field stored = fields[index];
     clear();
     if (stored.fixedLength == 0)
@@ -210,7 +212,7 @@ void FieldPage::proposePosition()
             return false;
         const FieldTable &fields = m_state.model.fields;
         m_position.setText(
-            QString::number(fields.nextPosition(m_state.configuration(), line.name, lineIndex)));
+            QString::number(fields.nextPosition(trim(m_state.configuration()), line.name, lineIndex)));
         return true;
     };
     guarded(propose, [](const RuntimeError &) { return false; });
@@ -231,8 +233,8 @@ void FieldPage::takeOverMessageIndex()
 void FieldPage::listLines()
 {
     m_line.clear();
-    for (const Line &line : m_state.model.lines.ofConfiguration(m_state.configuration()))
-        m_line.setItemData(m_line.addItem(nameOf(trim(line.name), line.nameIndex)), line.messageIndex);
+    for (const Line &line : m_state.model.lines.ofConfiguration(trim(m_state.configuration())))
+        m_line.setItemData(m_line.addItem(nameOf(line)), line.messageIndex);
 }
 
 void FieldPage::clearChoices()
@@ -327,14 +329,8 @@ Removal FieldPage::remove()
 /// Removes the field that the entries name. Returns whether there was one.
 bool FieldPage::removeField()
 {
-    if (isBlank(m_state.configuration()) || isBlank(m_name.text()))
-        return false;
-    FieldTable &fields = m_state.model.fields;
-    const int index = fields.find(m_state.configuration(), m_name.text(), parseIndex(m_index.text()));
-    if (index < 0)
-        return false;
-    fields.remove(index);
-    return true;
+    return varnow::removeField(
+        m_state.model, {trim(m_state.configuration()), trim(m_name.text()), parseIndex(m_index.text())});
 }
 
 } // namespace varnow

@@ -6,6 +6,7 @@
 #include "editor/DataCheck.h"
 #include "model/RecordReference.h"
 #include "model/drafts.h"
+#include "model/removal.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +65,7 @@ std::optional<ui::MessageBox> LinePage::showFirst()
 void LinePage::show(const QString &name, int nameIndex)
 {
     const LineTable &lines = m_state.model.lines;
-    const int index = lines.findNamed(m_state.configuration(), trim(name), nameIndex);
+    const int index = lines.findNamed(trim(m_state.configuration()), trim(name), nameIndex);
     if (index < 0)
         empty();
     else
@@ -87,7 +88,8 @@ void LinePage::empty()
 void LinePage::clear()
 {
     empty();
-    m_messageIndex.setText(QString::number(m_state.model.lines.nextMessageIndex(m_state.configuration())));
+    m_messageIndex.setText(
+        QString::number(m_state.model.lines.nextMessageIndex(trim(m_state.configuration()))));
     focusFirst();
 }
 
@@ -133,40 +135,35 @@ Removal LinePage::remove()
 /// first that did not was shown.
 bool LinePage::removeLine()
 {
-    const QString configuration = trim(m_state.configuration());
-    Model &model = m_state.model;
+    const auto key = [this] {
+        return RecordKey{trim(m_state.configuration()), trim(m_name.text()), parseIndex(m_index.text())};
+    };
+    const auto remove = [&] { return varnow::removeLine(m_state.model, key()); };
     const auto refuse = [](const QStringList &lines, ui::Icon icon = ui::Icon::None) {
         ui::show({.text = lines.join(lineBreak), .icon = icon});
         return false;
     };
-    const auto succeeds = [](const auto &step) {
-        return guarded(step, [](const RuntimeError &) { return false; });
-    };
-    int fields = 0;
-    const auto remove = [&] {
-        const int nameIndex = parseIndex(m_index.text());
-        fields = model.fields.countOfLine(configuration, m_name.text(), nameIndex);
-        const int line = fields > 0 ? -1 : model.lines.find(configuration, m_name.text(), nameIndex);
-        return line >= 0 && (model.lines.remove(line), true);
-    };
-    const bool removed = succeeds(remove);
-    if (fields > 0)
+    switch (guarded(remove, [](const RuntimeError &) { return LineRemoval::NotFound; })) {
+    case LineRemoval::Done:
+        return true;
+    case LineRemoval::HasFields:
         return refuse({"Can not remove line.", "There are existing fields for this line.",
                        "If you want to remove this line, first", "remove any existing fields and then",
                        "remove the line."},
                       ui::Icon::Information);
-    if (!removed)
+    case LineRemoval::NotFound:
         return refuse({"An unexpected error occurred while removing this line.",
                        "The data for this line may not be removed."});
-    if (!succeeds([&] { return model.lines.renumber(configuration), true; }))
+    case LineRemoval::RenumberingFailed:
         return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
                        "unexpected error occurred the prevented", "the updating of some or all of the",
                        "remaining line configurations."});
-    if (!succeeds([&] { return model.copyMessageIndexesToFields(), true; }))
+    case LineRemoval::CopyingMessageIndexesFailed:
         return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
                        "unexpected error occurred the prevented", "the re-syncronization of the Line Fields",
                        "Message Indices with those for the Lines."});
-    return true;
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace varnow

@@ -29,11 +29,12 @@ bool RecordTree::rebuild(const QString &configuration, Boxes boxes)
 
 void RecordTree::fill(const QString &configuration)
 {
+    const QString name = trim(configuration);
     const Filling fillingLines(*this);
-    for (const Line &line : m_model.lines.ofConfiguration(configuration))
+    for (const Line &line : m_model.lines.ofConfiguration(name))
         addLine(line);
     const Filling fillingFields(*this); // anew, for a question over the lines has ended the first
-    for (const Field &field : m_model.fields.ofConfiguration(configuration))
+    for (const Field &field : m_model.fields.ofConfiguration(name))
         addField(field);
 }
 
@@ -41,7 +42,7 @@ void RecordTree::addLine(const Line &line)
 {
     const QString messageIndex = QString::number(line.messageIndex);
     const QString key = lineKey(messageIndex);
-    QString text = messageIndex % u' ' % trim(line.name);
+    QString text = messageIndex % u' ' % line.name;
     if (line.nameIndex != 0)
         text += QStringLiteral("(%1)").arg(line.nameIndex);
 
@@ -100,7 +101,7 @@ void RecordTree::addField(const Field &field)
 
     const QString messageIndex = QString::number(field.messageIndex);
     const QString position = QString::number(field.position);
-    QString text = messageIndex % u'.' % position % u' ' % trim(field.name);
+    QString text = messageIndex % u'.' % position % u' ' % field.name;
     if (field.nameIndex > 0)
         text += QStringLiteral("(%1)").arg(field.nameIndex);
     ensureVisible(addChild(line, fieldKey(messageIndex, position), text));

@@ -5,6 +5,7 @@
 #include "exchange/csv.h"
 #include "exchange/exportCsv.h"
 #include "model/RecordReference.h"
+#include "model/ownership.h"
 
 #include <QSet>
 
@@ -221,8 +222,8 @@ private:
         const auto imported = m_lineRows.constFind(lineKeyOf(field));
         if (imported != m_lineRows.cend())
             return std::get<Line>((*imported)->record).messageIndex;
-        const int index = m_model.lines.find(field.configuration, field.line, field.lineIndex);
-        return index < 0 ? 0 : m_model.lines[index].messageIndex;
+        const Line *line = m_model.lines.lookUp(field.configuration, field.line, field.lineIndex);
+        return line == nullptr ? 0 : line->messageIndex;
     }
 
     const Model &m_model;
@@ -254,7 +255,7 @@ void apply(const ImportPlan &plan, Model &model)
     const Editing editing(model, "import of " + counted(count, "record"));
     std::vector<Field> fields;
     QSet<RecordKey> unchanged;
-    QHash<RecordKey, int> renumbered; // lines, with their message indexes
+    QSet<RecordKey> renumbered; // lines
     for (const ImportRow &row : plan.rows) {
         const bool isTaken = row.outcome == RowOutcome::Added || row.outcome == RowOutcome::Changed;
         const auto *field = std::get_if<Field>(&row.record);
@@ -265,15 +266,14 @@ void apply(const ImportPlan &plan, Model &model)
         else if (isTaken) {
             const Line &line = std::get<Line>(row.record);
             if (row.outcome == RowOutcome::Changed)
-                renumbered.insert(keyOf(line), line.messageIndex);
+                renumbered.insert(keyOf(line));
             model.lines.store(line);
         }
     }
-    model.fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
-        const auto line = renumbered.constFind(lineKeyOf(field));
-        return line == renumbered.cend() || unchanged.contains(keyOf(field)) ? std::nullopt
-                                                                             : std::optional(*line);
-    });
+    const auto follows = [&](const Field &field) {
+        return renumbered.contains(lineKeyOf(field)) && !unchanged.contains(keyOf(field));
+    };
+    model.fields.copyMessageIndexes(model.lines, {.hasConfiguration = {}, .hasField = follows});
     model.fields.storeAll(std::move(fields));
 }
 

@@ -1,5 +1,6 @@
 #include "storage/rowIssues.h"
 
+#include "model/ownership.h"
 #include "storage/statements.h"
 
 #include <QSet>
@@ -129,7 +130,7 @@ QString standsElsewhere(const Line &, const Line &)
 
 QString standsElsewhere(const Field &row, const Field &field)
 {
-    if (row.line == field.line && row.lineIndex == field.lineIndex)
+    if (belongsTo(row, lineKeyOf(field)))
         return {};
     return QStringLiteral(
                "keeps field %1 under line %2, while it stands under line %3 here. A save leaves it behind.")

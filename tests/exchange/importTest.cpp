@@ -55,7 +55,7 @@ TEST_F(ImportTest, MakesEqualRecordsOfHostileTexts)
         fields.store(made);
     }
     Model other;
-    apply(planImport({{"a.csv", exportCsv(model, " LAB")}}, other, "OTHER"), other);
+    apply(planImport({{"a.csv", exportCsv(model, "LAB")}}, other, "OTHER"), other);
     const auto expectEqual = [](const auto &expected, const auto &actual) {
         ASSERT_EQ(actual.size(), expected.size());
         for (int i = 0; i < expected.size(); ++i)

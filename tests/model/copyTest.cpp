@@ -27,7 +27,7 @@ struct CopyTest : testing::Test, ModelFixture
     void copy(EqualKeys equalKeys)
     {
         const Editing editing(model);
-        copyConfiguration(model, "S", " T ", equalKeys);
+        copyConfiguration(model, "S", "T", equalKeys);
     }
 
     QStringList target() const
@@ -57,7 +57,7 @@ TEST_F(CopyTest, KeepsTheOrderInOneStep)
     model.undo();
     EXPECT_EQ(target(), QStringList());
     EXPECT_EQ(model.undoable(), nullptr);
-    copyConfiguration(model, "S ", "S", EqualKeys::Replace);
+    copyConfiguration(model, "S", "S", EqualKeys::Replace);
     EXPECT_EQ(lines.size(), 2);
 }
 
@@ -69,7 +69,7 @@ TEST_F(CopyTest, ReplacesOrSkipsEqualKeys)
     kept.line = "OBX";
     kept.messageIndex = 2;
     fields.store(kept);
-    const CopyCount lineCount = countLinesToCopy(model, "S", "T ");
+    const CopyCount lineCount = countLinesToCopy(model, "S", "T");
     const CopyCount fieldCount = countFieldsToCopy(model, "S", "T");
     EXPECT_EQ(QList<int>({lineCount.source, lineCount.target, lineCount.equal}), QList<int>({2, 2, 1}));
     EXPECT_EQ(QList<int>({fieldCount.source, fieldCount.target, fieldCount.equal}), QList<int>({4, 1, 1}));
