@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "model/differences.h"
 #include "model/issues.h"
+#include "model/ownership.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ DocumentNotice noticeForLine(const Change<Line> &change, const Model &model)
     const int oldIndex = change.was->messageIndex;
     const QString sentence = "Line " + name + " changed: " + changesOf(*change.was, line) + '.';
     const auto stays = [&](const Field &field) {
-        return field.messageIndex == oldIndex && lineKeyOf(field) == keyOf(line);
+        return field.messageIndex == oldIndex && belongsTo(field, line);
     };
     const auto ofConfiguration = model.fields.ofConfiguration(line.configuration);
     const auto fields = static_cast<int>(std::ranges::count_if(ofConfiguration, stays));

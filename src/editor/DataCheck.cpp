@@ -1,6 +1,5 @@
 #include "editor/DataCheck.h"
 
-#include "base/numbers.h"
 #include "base/text.h"
 #include "ui/MessageBox.h"
 
@@ -12,11 +11,6 @@ bool dataCheckPassed(const QString &header, const QStringList &problems)
         return true;
     ui::show({(QStringList(header) + problems).join(lineBreak + "\t"), "Data Checking", ui::Icon::Critical});
     return false;
-}
-
-int typedIndex(const QString &text)
-{
-    return isBlank(text) ? 0 : toLong(text);
 }
 
 } // namespace varnow

@@ -8,8 +8,4 @@ namespace varnow {
 /// show.
 bool dataCheckPassed(const QString &header, const QStringList &problems);
 
-/// The name index of a record to remove as it was typed; a blank one is 0. Raises errors::TypeMismatch and
-/// errors::Overflow for what is no 32-bit number.
-int typedIndex(const QString &text);
-
 } // namespace varnow

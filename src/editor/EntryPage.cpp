@@ -2,7 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
-#include "editor/DataCheck.h"
+#include "model/drafts.h"
 
 #include <algorithm>
 
@@ -128,8 +128,8 @@ std::optional<RecordReference> EntryPage::namedRecord() const
     using Record = std::optional<RecordReference>;
     return guarded(
         [&]() -> Record {
-            return RecordReference{m_kind,
-                                   {configuration(), nameBox().text(), typedIndex(nameIndexBox().text())}};
+            return RecordReference{
+                m_kind, {configuration(), trim(nameBox().text()), parseIndex(nameIndexBox().text())}};
         },
         [](const RuntimeError &) -> Record { return {}; });
 }

@@ -6,7 +6,9 @@
 #include "editor/DataCheck.h"
 #include "editor/LinePage.h"
 #include "model/RecordReference.h"
+#include "model/drafts.h"
 #include "model/lineLayout.h"
+#include "model/removal.h"
 #include "storage/catalogue.h"
 
 #include <algorithm>
@@ -129,7 +131,7 @@ void FieldPage::followFixedLength()
 void FieldPage::show(const QString &name, int nameIndex)
 {
     const FieldTable &fields = model().fields;
-    const int index = fields.find(configuration(), name, nameIndex);
+    const int index = fields.find(configuration(), trim(name), nameIndex);
     if (index < 0)
         empty();
     else
@@ -183,7 +185,7 @@ void FieldPage::clear()
 void FieldPage::clearForNext()
 {
     const FieldTable &fields = model().fields;
-    const int index = fields.find(configuration(), m_name.text(), leadingNumber(m_index.text()));
+    const int index = fields.find(configuration(), trim(m_name.text()), parseIndex(m_index.text()));
     const Field stored = fields[index];
     clear();
     if (stored.fixedLength == 0)
@@ -205,7 +207,7 @@ void FieldPage::proposePosition()
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
     const auto propose = [&] {
-        const int lineIndex = leadingNumber(line.index);
+        const int lineIndex = leadingNumber(line.index.value_or(QString()));
         if (lineIndex < 0 || line.name.isEmpty())
             return false;
         const FieldTable &fields = model().fields;
@@ -231,7 +233,7 @@ void FieldPage::listLines()
 {
     m_line.clear();
     for (const Line &line : model().lines.ofConfiguration(configuration()))
-        m_line.setItemData(m_line.addItem(nameOf(trim(line.name), line.nameIndex)), line.messageIndex);
+        m_line.setItemData(m_line.addItem(nameOf(line)), line.messageIndex);
 }
 
 void FieldPage::clearChoices()
@@ -267,14 +269,12 @@ std::optional<ui::MessageBox> FieldPage::listDataFields()
 
 std::optional<RecordReference> FieldPage::store(Edit &edit)
 {
-    if (m_index.text().isEmpty())
-        m_index.setText("0");
-    const FieldDraft draft = entered();
-    if (!dataCheckPassed("There is a problem with the data for the line field entry.", validate(draft)))
+    m_index.setText(zeroIfBlank(m_index.text()));
+    const Parsed<Field> parsed = parse(entered());
+    if (!dataCheckPassed("There is a problem with the data for the line field entry.", parsed.problems))
         return {};
-    const Field field = fieldOf(draft);
-    edit.fields.store(field);
-    const RecordReference record{RecordKind::Field, {configuration(), trim(field.name), field.nameIndex}};
+    edit.fields.store(parsed.record);
+    const RecordReference record{RecordKind::Field, keyOf(parsed.record)};
     show(record.key.name, record.key.nameIndex);
     settleEntries();
     return record;
@@ -282,28 +282,32 @@ std::optional<RecordReference> FieldPage::store(Edit &edit)
 
 FieldDraft FieldPage::entered() const
 {
-    return {.configuration = configuration(),
-            .name = m_name.text(),
-            .nameIndex = m_index.text(),
-            .line = parseLineChoice(m_line.text()),
-            .messageIndex = m_messageIndex.text(),
-            .lookup = m_lookup.text(),
-            .format = m_format.text(),
-            .constant = m_constant.text(),
-            .position = m_position.text(),
-            .isFixedLength = m_fixedLength.isTicked(),
-            .length = m_length.text(),
-            .characterPosition = m_characterPosition.text(),
-            .padCharacter = m_padSpaces.isChosen() ? " " : "0",
-            .padDirection = m_alignRight.isChosen() ? 1 : -1};
+    FieldDraft draft;
+    draft.set(&Field::configuration, configuration());
+    draft.set(&Field::name, m_name.text());
+    draft.set(&Field::nameIndex, m_index.text());
+    draft.setLine(parseLineChoice(m_line.text()));
+    draft.set(&Field::messageIndex, m_messageIndex.text());
+    draft.set(&Field::lookup, m_lookup.text());
+    draft.set(&Field::format, m_format.text());
+    draft.set(&Field::constant, m_constant.text());
+    draft.set(&Field::position, m_position.text());
+    draft.set(&Field::length, m_length.text());
+    if (!m_fixedLength.isTicked())
+        return draft;
+    draft.set(&Field::fixedLength, "1");
+    draft.set(&Field::characterPosition, m_characterPosition.text());
+    draft.set(&Field::padCharacter, m_padSpaces.isChosen() ? " " : "0");
+    draft.set(&Field::padDirection, m_alignRight.isChosen() ? "1" : "-1");
+    return draft;
 }
 
 std::optional<RecordKey> FieldPage::namedLine() const
 {
     const LineChoice line = parseLineChoice(trim(m_line.text()));
-    if (isBlank(line.name) || !isLong(line.index))
+    if (isBlank(line.name) || (line.index && !isLong(*line.index)))
         return {};
-    return RecordKey{configuration(), trim(line.name), toLong(line.index)};
+    return RecordKey{configuration(), trim(line.name), parseIndex(line.index.value_or(QString()))};
 }
 
 Removal FieldPage::remove()
@@ -328,14 +332,8 @@ Removal FieldPage::remove()
 /// Removes the field that the entries name. Returns whether there was one.
 bool FieldPage::removeField(Edit &edit)
 {
-    if (isBlank(configuration()) || isBlank(m_name.text()))
-        return false;
-    FieldTable &fields = edit.fields;
-    const int index = fields.find(configuration(), m_name.text(), typedIndex(m_index.text()));
-    if (index < 0)
-        return false;
-    fields.remove(index);
-    return true;
+    return varnow::removeField(edit.model(),
+                               {configuration(), trim(m_name.text()), parseIndex(m_index.text())});
 }
 
 } // namespace varnow

@@ -6,6 +6,7 @@
 #include "editor/DataCheck.h"
 #include "model/RecordReference.h"
 #include "model/drafts.h"
+#include "model/removal.h"
 
 #include <algorithm>
 #include <array>
@@ -94,14 +95,17 @@ void LinePage::clear()
 
 std::optional<RecordReference> LinePage::store(Edit &edit)
 {
-    if (isBlank(m_index.text()))
-        m_index.setText("0");
-    const LineDraft draft{configuration(), m_name.text(), m_index.text(), m_messageIndex.text()};
-    if (!dataCheckPassed("There is a problem with the data for the line entry.", validate(draft)))
+    m_index.setText(zeroIfBlank(m_index.text()));
+    LineDraft draft;
+    draft.set(&Line::configuration, configuration());
+    draft.set(&Line::name, m_name.text());
+    draft.set(&Line::nameIndex, m_index.text());
+    draft.set(&Line::messageIndex, m_messageIndex.text());
+    const Parsed<Line> parsed = parse(draft);
+    if (!dataCheckPassed("There is a problem with the data for the line entry.", parsed.problems))
         return {};
-    const Line line = lineOf(draft);
-    edit.lines.store(line);
-    const RecordReference record{RecordKind::Line, {configuration(), trim(line.name), line.nameIndex}};
+    edit.lines.store(parsed.record);
+    const RecordReference record{RecordKind::Line, keyOf(parsed.record)};
     show(record.key.name, record.key.nameIndex);
     settleEntries();
     return record;
@@ -138,40 +142,35 @@ Removal LinePage::remove()
 /// first that did not was shown.
 bool LinePage::removeLine(Edit &edit)
 {
-    const QString &shown = configuration();
-    Model &model = edit.model();
+    const auto key = [this] {
+        return RecordKey{configuration(), trim(m_name.text()), parseIndex(m_index.text())};
+    };
+    const auto remove = [&] { return varnow::removeLine(edit.model(), key()); };
     const auto refuse = [](const QStringList &lines, ui::Icon icon = ui::Icon::None) {
         ui::show({.text = lines.join(lineBreak), .icon = icon});
         return false;
     };
-    const auto succeeds = [](const auto &step) {
-        return guarded(step, [](const RuntimeError &) { return false; });
-    };
-    int fields = 0;
-    const auto remove = [&] {
-        const int nameIndex = typedIndex(m_index.text());
-        fields = model.fields.countOfLine(shown, m_name.text(), nameIndex);
-        const int line = fields > 0 ? -1 : model.lines.find(shown, m_name.text(), nameIndex);
-        return line >= 0 && (model.lines.remove(line), true);
-    };
-    const bool removed = succeeds(remove);
-    if (fields > 0)
+    switch (guarded(remove, [](const RuntimeError &) { return LineRemoval::NotFound; })) {
+    case LineRemoval::Done:
+        return true;
+    case LineRemoval::HasFields:
         return refuse({"Can not remove line.", "There are existing fields for this line.",
                        "If you want to remove this line, first", "remove any existing fields and then",
                        "remove the line."},
                       ui::Icon::Information);
-    if (!removed)
+    case LineRemoval::NotFound:
         return refuse({"An unexpected error occurred while removing this line.",
                        "The data for this line may not be removed."});
-    if (!succeeds([&] { return model.lines.renumber(shown), true; }))
+    case LineRemoval::RenumberingFailed:
         return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
                        "unexpected error occurred the prevented", "the updating of some or all of the",
                        "remaining line configurations."});
-    if (!succeeds([&] { return model.copyMessageIndexesToFields(), true; }))
+    case LineRemoval::CopyingMessageIndexesFailed:
         return refuse({"The Message Index values were changed", "due to the removal of the line.  An",
                        "unexpected error occurred the prevented", "the re-syncronization of the Line Fields",
                        "Message Indices with those for the Lines."});
-    return true;
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace varnow

@@ -5,6 +5,7 @@
 #include "exchange/csv.h"
 #include "exchange/exportCsv.h"
 #include "model/RecordReference.h"
+#include "model/ownership.h"
 
 #include <QSet>
 
@@ -162,9 +163,9 @@ private:
         const bool isField =
             kind.isEmpty() ? reader.hasColumn("Line") : kind.compare(kindOf<Field>, Qt::CaseInsensitive) == 0;
         if (isField)
-            read(row, Field());
+            take(row, reader.readField(row.cells));
         else
-            read(row, Line());
+            take(row, reader.readLine(row.cells));
         if (!kind.isEmpty() && !isField && kind.compare(kindOf<Line>, Qt::CaseInsensitive) != 0)
             row.problems = {QStringLiteral("The column Record must say Line or Field.")};
         const qsizetype columns = m_plan.headers.back().size();
@@ -175,9 +176,10 @@ private:
         m_plan.rows.push_back(std::move(row));
     }
 
-    template <class Record> void read(ImportRow &row, Record record)
+    template <class Record> void take(ImportRow &row, Parsed<Record> parsed)
     {
-        row.problems = m_readers.back().read(row.cells, record);
+        row.problems = std::move(parsed.problems);
+        Record &record = parsed.record;
         record.id = -1;
         if (m_target == ImportTarget::Current || record.configuration.isEmpty())
             record.configuration = m_configuration;
@@ -220,8 +222,8 @@ private:
         const auto imported = m_lineRows.constFind(lineKeyOf(field));
         if (imported != m_lineRows.cend())
             return std::get<Line>((*imported)->record).messageIndex;
-        const int index = m_model.lines.find(field.configuration, field.line, field.lineIndex);
-        return index < 0 ? 0 : m_model.lines[index].messageIndex;
+        const Line *line = m_model.lines.lookUp(field.configuration, field.line, field.lineIndex);
+        return line == nullptr ? 0 : line->messageIndex;
     }
 
     const Model &m_model;
@@ -251,7 +253,7 @@ void apply(const ImportPlan &plan, Model &model)
 {
     std::vector<Field> fields;
     QSet<RecordKey> unchanged;
-    QHash<RecordKey, int> renumbered; // lines, with their message indexes
+    QSet<RecordKey> renumbered; // lines
     for (const ImportRow &row : plan.rows) {
         const bool isTaken = row.outcome == RowOutcome::Added || row.outcome == RowOutcome::Changed;
         const auto *field = std::get_if<Field>(&row.record);
@@ -262,15 +264,14 @@ void apply(const ImportPlan &plan, Model &model)
         else if (isTaken) {
             const Line &line = std::get<Line>(row.record);
             if (row.outcome == RowOutcome::Changed)
-                renumbered.insert(keyOf(line), line.messageIndex);
+                renumbered.insert(keyOf(line));
             model.lines.store(line);
         }
     }
-    model.fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
-        const auto line = renumbered.constFind(lineKeyOf(field));
-        return line == renumbered.cend() || unchanged.contains(keyOf(field)) ? std::nullopt
-                                                                             : std::optional(*line);
-    });
+    const auto follows = [&](const Field &field) {
+        return renumbered.contains(lineKeyOf(field)) && !unchanged.contains(keyOf(field));
+    };
+    model.fields.copyMessageIndexes(model.lines, {.hasConfiguration = {}, .hasField = follows});
     model.fields.storeAll(std::move(fields));
 }
 

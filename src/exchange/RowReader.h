@@ -15,32 +15,29 @@ class RowReader
 public:
     explicit RowReader(const QStringList &header);
 
-    bool hasColumn(const char *name) const { return m_places.contains(QLatin1String(name)); }
+    bool hasColumn(const char *name) const { return m_cells.contains(QLatin1String(name)); }
 
     /// The cell of a row in a column, empty where the file or the row has none.
-    QString cell(const QStringList &row, const char *name) const
+    QString cell(const QStringList &cells, const char *name) const
     {
-        return row.value(m_places.value(QLatin1String(name), -1));
+        return cells.value(m_cells.value(QLatin1String(name), -1));
     }
 
-    /// Reads the row's record into `record`, which has the values for columns that the file has not. Returns
-    /// what is wrong, by the checks that the entry pages make.
-    QStringList read(const QStringList &row, Line &record) const;
-    QStringList read(const QStringList &row, Field &record) const;
+    /// Reads the record of a row. What a page refuses is a problem, and so is a cell without the number that
+    /// its column must hold.
+    Parsed<Line> readLine(const QStringList &cells) const;
+    Parsed<Field> readField(const QStringList &cells) const;
 
-    /// Whether the row tells the record's message index.
-    bool hasMessageIndex(const QStringList &row) const;
+    /// Whether the row of a field tells its message index.
+    bool hasMessageIndex(const QStringList &cells) const;
 
 private:
-    LineDraft lineEntry(const QStringList &row) const;
-    FieldDraft fieldEntry(const QStringList &row) const;
-    template <class Record> QStringList readCells(const QStringList &row, Record &record) const;
-    template <class Record, class Value> QString cell(const QStringList &row, Value Record::*member) const;
-    template <class Record> const std::vector<int> &places() const;
+    template <class Record>
+    static QStringList fill(Draft<Record> &draft, const QStringList &cells, const std::vector<int> &cellOf);
 
-    QHash<QLatin1String, int> m_places; // by name, of the columns that the file has
-    std::vector<int> m_linePlaces;      // by exchanged column; -1 for one that the file has not
-    std::vector<int> m_fieldPlaces;
+    QHash<QLatin1String, int> m_cells; // number of the cell by the name of its column, of those in the file
+    std::vector<int> m_lineCells;      // the same by the number of the record's column; -1 for none
+    std::vector<int> m_fieldCells;
 };
 
 } // namespace varnow

@@ -19,25 +19,22 @@ template <class Record> inline constexpr QLatin1String kindOf{};
 template <> inline constexpr QLatin1String kindOf<Line>{"Line"};
 template <> inline constexpr QLatin1String kindOf<Field>{"Field"};
 
+template <class Record> bool isExchanged(const Column<Record> &column)
+{
+    return column.use == ColumnUse::Key || column.use == ColumnUse::Value;
+}
+
 template <class Record> const std::vector<Column<Record>> &exchangedColumns()
 {
     static const std::vector<Column<Record>> columns = [] {
         std::vector<Column<Record>> exchanged;
         for (const Column<Record> &column : Record::columns()) {
-            if (column.use == ColumnUse::Key || column.use == ColumnUse::Value)
+            if (isExchanged(column))
                 exchanged.push_back(column);
         }
         return exchanged;
     }();
     return columns;
-}
-
-/// The value of a record in a column, as text.
-template <class Record> QString textIn(const Column<Record> &column, const Record &record)
-{
-    if (const auto *text = std::get_if<QString Record::*>(&column.member))
-        return record.**text;
-    return QString::number(record.*std::get<int Record::*>(column.member));
 }
 
 } // namespace varnow

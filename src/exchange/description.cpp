@@ -107,16 +107,16 @@ QString descriptionHtml(const Model &model, const QString &configuration, QDate 
     std::size_t fieldCount = 0;
     for (const Field &field : model.fields.ofConfiguration(configuration)) {
         ++fieldCount;
-        fieldsOfLine[{{}, trim(field.line), field.lineIndex}].push_back(field);
+        fieldsOfLine[{{}, field.line, field.lineIndex}].push_back(field);
     }
     for (auto &fields : fieldsOfLine)
         std::ranges::stable_sort(fields, {}, &Field::position);
 
     QString html = QString(beginning).arg(
-        escaped(trim(configuration)), escaped(QLocale::c().toString(date, "d MMMM yyyy")),
+        escaped(configuration), escaped(QLocale::c().toString(date, "d MMMM yyyy")),
         counted(qint64(lines.size()), "line") + ", " + counted(qint64(fieldCount), "field") + u'.');
     for (const Line &line : lines)
-        html += sectionOf(line, fieldsOfLine.take({{}, trim(line.name), line.nameIndex}), pictureOf);
+        html += sectionOf(line, fieldsOfLine.take({{}, line.name, line.nameIndex}), pictureOf);
     if (!fieldsOfLine.isEmpty()) {
         std::vector<Field> others;
         for (const auto &fields : std::as_const(fieldsOfLine))

@@ -100,6 +100,8 @@ public:
         m_outcome.note(m_library.writeNumber(m_sheet, row, column, number, nullptr));
     }
 
+    void write(lxw_row_t row, lxw_col_t column, const QDateTime &time) { write(row, column, toText(time)); }
+
     void setWidth(lxw_col_t column, qsizetype characters)
     {
         const double width = std::min(static_cast<double>(characters) + 2, widestColumn);
@@ -123,12 +125,7 @@ void fill(Sheet &sheet, const auto &table, const QString &configuration, lxw_for
         lxw_row_t row = 0;
         for (const Record &record : table.ofConfiguration(configuration)) {
             ++row;
-            std::visit(
-                [&](auto member) {
-                    if constexpr (!std::is_same_v<decltype(member), QDateTime Record::*>)
-                        sheet.write(row, place, record.*member);
-                },
-                column.member);
+            visit(column, record, [&](const auto &value) { sheet.write(row, place, value); });
             widest = std::max(widest, textIn(column, record).size());
         }
         sheet.setWidth(place++, widest);

@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <cstddef>
+#include <type_traits>
 #include <variant>
 
 namespace varnow {
@@ -41,5 +43,51 @@ template <class Record> struct Column
     ColumnReading reading = ColumnReading::NullIsEmpty;
     ColumnListing listing = {};
 };
+
+/// Hands the record's value in a column, an int, a QString or a QDateTime, to a function and returns what
+/// that returns.
+template <class Record, class Function>
+decltype(auto) visit(const Column<std::remove_const_t<Record>> &column, Record &record, Function &&function)
+{
+    return std::visit([&](auto member) -> decltype(auto) { return function(record.*member); }, column.member);
+}
+
+/// Whether two records have the same value in a column.
+template <class Record> bool isEqualIn(const Column<Record> &column, const Record &a, const Record &b)
+{
+    return std::visit([&](auto member) { return a.*member == b.*member; }, column.member);
+}
+
+/// The number of the column that a member is kept in, counted from 0 within Record::columns().
+template <class Record, class Value> std::size_t columnNumber(Value Record::*member)
+{
+    const auto columns = Record::columns();
+    std::size_t number = 0;
+    while (columns[number].member != decltype(Column<Record>::member)(member))
+        ++number;
+    return number;
+}
+
+/// A value as a text: numbers in digits, dates as ISO text.
+inline QString toText(int number)
+{
+    return QString::number(number);
+}
+
+inline QString toText(const QString &text)
+{
+    return text;
+}
+
+inline QString toText(const QDateTime &time)
+{
+    return time.toString(Qt::ISODate);
+}
+
+/// The record's value in a column as a text.
+template <class Record> QString textIn(const Column<Record> &column, const Record &record)
+{
+    return visit(column, record, [](const auto &value) { return toText(value); });
+}
 
 } // namespace varnow

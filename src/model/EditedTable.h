@@ -45,7 +45,7 @@ template <class Record, class Order> class EditedTable : private RecordTable<Rec
 public:
     using Base::begin;
     using Base::end;
-    using Base::find;
+    using Base::find; // by key
     using Base::indexOf;
     using Base::isEmpty;
     using Base::lookUp;

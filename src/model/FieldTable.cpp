@@ -1,34 +1,23 @@
 #include "model/FieldTable.h"
 
-#include "base/text.h"
+#include "model/ownership.h"
+#include "model/trimTexts.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace varnow {
 
-int FieldTable::find(const QString &configuration, const QString &name, int nameIndex) const
-{
-    const QStringView wantedConfiguration = trimmedView(configuration);
-    const QStringView wantedName = trimmedView(name);
-    return EditedTable::find(configuration, name, nameIndex, [&](const Field &field) {
-        return field.nameIndex == nameIndex && field.name == wantedName &&
-               field.configuration == wantedConfiguration;
-    });
-}
-
 void FieldTable::store(Field field)
 {
-    for (QString *text : {&field.configuration, &field.name, &field.line, &field.dataType, &field.lookup,
-                          &field.format, &field.constant})
-        *text = trim(*text);
+    trimTexts(field);
     const int index = find(field.configuration, field.name, field.nameIndex);
     if (index < 0) {
         addOrdered(std::move(field));
         return;
     }
     const Field &old = (*this)[index];
-    if (field.id <= 0 && field.line == old.line && field.lineIndex == old.lineIndex)
+    if (field.id <= 0 && lineKeyOf(field) == lineKeyOf(old))
         field.id = old.id;
     replace(index, std::move(field));
 }
@@ -47,24 +36,28 @@ void FieldTable::load(Field row)
     loadAt(index, std::move(row));
 }
 
-void FieldTable::changeMessageIndexes(const std::function<std::optional<int>(const Field &)> &indexOf,
-                                      const std::function<bool(const QString &)> &isWanted)
+void FieldTable::copyMessageIndexes(const LineTable &lines, const FieldSelection &selection)
 {
+    LineFinder finder(lines);
+    const auto isWanted = [&](const QString &configuration) {
+        return !selection.hasConfiguration || selection.hasConfiguration(configuration);
+    };
     changeEach(isWanted, [&](const Field &field) -> std::optional<Field> {
-        const std::optional<int> messageIndex = indexOf(field);
-        if (!messageIndex || *messageIndex == field.messageIndex)
+        if (selection.hasField && !selection.hasField(field))
+            return {};
+        const Line *line = finder.lineOf(field);
+        if (line == nullptr || line->messageIndex == field.messageIndex)
             return {};
         Field changed = field;
-        changed.messageIndex = *messageIndex;
+        changed.messageIndex = line->messageIndex;
         return changed;
     });
 }
 
 int FieldTable::countOfLine(const QString &configuration, const QString &line, int lineIndex) const
 {
-    const QStringView wantedLine = trimmedView(line);
     return static_cast<int>(std::ranges::count_if(ofConfiguration(configuration), [&](const Field &field) {
-        return (lineIndex <= 0 || field.lineIndex == lineIndex) && trimmedView(field.line) == wantedLine;
+        return (lineIndex <= 0 || field.lineIndex == lineIndex) && field.line == line;
     }));
 }
 
@@ -72,8 +65,7 @@ int FieldTable::nextPosition(const QString &configuration, const QString &line, 
 {
     int highest = 0;
     for (const Field &field : ofConfiguration(configuration)) {
-        if ((lineIndex < 0 || field.lineIndex == lineIndex) && field.line == line &&
-            field.configuration == configuration)
+        if ((lineIndex < 0 || field.lineIndex == lineIndex) && field.line == line)
             highest = std::max(highest, field.position);
     }
     return highest < std::numeric_limits<int>::max() ? highest + 1 : 0;

@@ -2,17 +2,11 @@
 
 #include "model/EditedTable.h"
 #include "model/Field.h"
+#include "model/LineTable.h"
 
 #include <functional>
-#include <optional>
 
 namespace varnow {
-
-/// The key of the line that a field belongs to.
-inline RecordKey lineKeyOf(const Field &field)
-{
-    return {field.configuration, field.line, field.lineIndex};
-}
 
 /// The fields of a configuration are ordered by message index, then position.
 struct FieldOrder
@@ -29,16 +23,20 @@ struct FieldOrder
     }
 };
 
+/// Some fields of a table.
+struct FieldSelection
+{
+    std::function<bool(const QString &)> hasConfiguration; ///< empty for those of all configurations
+    std::function<bool(const Field &)> hasField = {};      ///< empty for all fields of these
+};
+
 /// The fields of all configurations, and the rules about them.
 class FieldTable : public EditedTable<Field, FieldOrder>
 {
 public:
-    /// Index of the first field with this key, blanks around the arguments ignored, or -1.
-    int find(const QString &configuration, const QString &name, int nameIndex) const;
-
     /// Replaces the field with this key in place, or inserts a new one among the fields of its configuration.
-    /// All texts but the pad character lose the blanks around them. An id of 0 or less keeps the id of a
-    /// replaced field of the same line: the row of one that moves stays behind.
+    /// All texts but the pad character are trimmed. An id of 0 or less keeps the id of a replaced field of
+    /// the same line: the row of one that moves to another line stays behind.
     void store(Field field);
 
     /// Adds again a field that had been removed.
@@ -50,13 +48,11 @@ public:
     /// Stores fields; of several that are new at one place the first stays the first.
     void storeAll(std::vector<Field> fields);
 
-    /// Copies message indexes into the fields: `indexOf` returns that of a field's line, or nothing for a
-    /// field that is to keep its own. Only the configurations that `isWanted` are gone through.
-    void changeMessageIndexes(
-        const std::function<std::optional<int>(const Field &)> &indexOf,
-        const std::function<bool(const QString &)> &isWanted = [](const QString &) { return true; });
+    /// Gives the selected fields the message index of the line that they belong to. Those without a line keep
+    /// theirs.
+    void copyMessageIndexes(const LineTable &lines, const FieldSelection &selection);
 
-    /// Number of fields that name a line, blanks ignored. A line index below 1 counts those of every index.
+    /// Number of fields that name a line. A line index below 1 counts those of every index.
     int countOfLine(const QString &configuration, const QString &line, int lineIndex) const;
 
     /// Highest position of a line's fields, taken no lower than 0, plus 1; a negative line index takes the

@@ -4,18 +4,13 @@ namespace varnow {
 
 LineChoice parseLineChoice(const QString &text)
 {
-    LineChoice choice{.name = text};
     const qsizetype open = text.indexOf(u'(');
     if (open < 0)
-        return choice;
+        return {text, {}, false};
     const qsizetype close = text.indexOf(u')', open);
-    choice.isUnclosed = close < 0;
-    choice.hasIndex = !choice.isUnclosed;
-    if (choice.hasIndex) {
-        choice.name = text.left(open);
-        choice.index = text.mid(open + 1, close - open - 1);
-    }
-    return choice;
+    if (close < 0)
+        return {text, {}, true};
+    return {text.left(open), text.mid(open + 1, close - open - 1), false};
 }
 
 } // namespace varnow

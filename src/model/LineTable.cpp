@@ -1,34 +1,25 @@
 #include "model/LineTable.h"
 
-#include "base/text.h"
+#include "model/trimTexts.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace varnow {
 
-int LineTable::find(const QString &configuration, const QString &name, int nameIndex) const
-{
-    return EditedTable::find(configuration, name, nameIndex, [&](const Line &line) {
-        return line.nameIndex == nameIndex && trimmedView(line.name) == name &&
-               trimmedView(line.configuration) == configuration;
-    });
-}
-
 int LineTable::findNamed(const QString &configuration, const QString &name, int nameIndex) const
 {
     if (nameIndex > 0)
         return find(configuration, name, nameIndex);
     const auto found = std::find_if(begin(), end(), [&](const Line &line) {
-        return trimmedView(line.name) == name && trimmedView(line.configuration) == configuration;
+        return line.name == name && line.configuration == configuration;
     });
     return found == end() ? -1 : static_cast<int>(std::distance(begin(), found));
 }
 
 void LineTable::store(Line line)
 {
-    line.configuration = trim(line.configuration);
-    line.name = trim(line.name);
+    trimTexts(line);
     const int index = find(line.configuration, line.name, line.nameIndex);
     if (index < 0) {
         add(std::move(line));
@@ -53,9 +44,9 @@ void LineTable::bringBack(const Line &line)
 void LineTable::renumber(const QString &configuration)
 {
     int number = 0;
-    const auto isIt = [&](const QString &name) { return trimmedView(name) == trimmedView(configuration); };
+    const auto isIt = [&](const QString &name) { return name == configuration; };
     changeEach(isIt, [&](const Line &line) -> std::optional<Line> {
-        if (line.configuration != configuration || line.messageIndex == ++number)
+        if (line.messageIndex == ++number)
             return {};
         Line renumbered = line;
         renumbered.messageIndex = number;
@@ -66,10 +57,8 @@ void LineTable::renumber(const QString &configuration)
 int LineTable::nextMessageIndex(const QString &configuration) const
 {
     int highest = 0;
-    for (const Line &line : *this) {
-        if (line.configuration == configuration)
-            highest = std::max(highest, line.messageIndex);
-    }
+    for (const Line &line : ofConfiguration(configuration))
+        highest = std::max(highest, line.messageIndex);
     return highest < std::numeric_limits<int>::max() ? highest + 1 : highest;
 }
 

@@ -15,15 +15,11 @@ struct LineOrder
 class LineTable : public EditedTable<Line, LineOrder>
 {
 public:
-    /// Index of the first line with this key, or -1. The line's texts are compared without blanks around
-    /// them, with the arguments as they are.
-    int find(const QString &configuration, const QString &name, int nameIndex) const;
-
-    /// The same for what a node or a field names: a name index below 1 matches any.
+    /// Index of the first line with this key, or -1. A name index below 1 matches any.
     int findNamed(const QString &configuration, const QString &name, int nameIndex) const;
 
-    /// Replaces the line with this key in place or appends a new one. An id of 0 or less keeps the id of a
-    /// replaced line.
+    /// Replaces the line with this key in place or appends a new one. Its texts are trimmed. An id of 0 or
+    /// less keeps the id of a replaced line.
     void store(Line line);
 
     /// Adds again a line that had been removed: before the first of its configuration with no smaller message

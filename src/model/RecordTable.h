@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/RuntimeError.h"
-#include "base/text.h"
 #include "model/KeyIndex.h"
 #include "model/Place.h"
 
@@ -18,7 +17,8 @@
 namespace varnow {
 
 /// The records of all configurations in table order, found by index or by key (configuration, name,
-/// nameIndex). Several records may share a key.
+/// nameIndex). Several records may share a key. The texts of its records are trimmed, but for columns that
+/// are read untrimmed: storing and loading see to that, so that nobody who reads or looks up has to.
 ///
 /// `Order` says where a record belongs: `Place placeOf(const Record &)`, and
 /// `std::size_t offsetAtFront(const Front &)`, the offset from the front of its configuration for a record
@@ -137,26 +137,25 @@ public:
     Iterator begin() const { return Iterator(m_chunks.begin()); }
     Iterator end() const { return Iterator(m_chunks.end()); }
 
-    /// The records of a configuration in table order, blanks around its name ignored. Those of
-    /// others are not touched.
+    /// The records of a configuration in table order. Those of others are not touched.
     Part ofConfiguration(QStringView configuration) const
     {
         std::vector<const Chunk *> chunks;
         for (const auto &chunk : m_chunks) {
-            if (trimmedView(configurationOf(*chunk)) == trimmedView(configuration))
+            if (configurationOf(*chunk) == configuration)
                 chunks.push_back(chunk.get());
         }
         return Part(std::move(chunks));
     }
 
-    /// The records of a configuration whose place is in a group, in table order; blanks around its name
-    /// ignored. Valid until one is added or removed.
+    /// The records of a configuration whose place is in a group, in table order. Valid until one is added or
+    /// removed.
     std::vector<const Record *> ofGroup(QStringView configuration, int group) const
     {
         std::vector<const Record *> found;
         for (const auto &chunk : m_chunks) {
             if (group < chunk->least.group || group > chunk->greatestGroup ||
-                trimmedView(configurationOf(*chunk)) != trimmedView(configuration))
+                configurationOf(*chunk) != configuration)
                 continue;
             for (const Entry &entry : chunk->entries) {
                 if (entry.place.group == group)
@@ -173,23 +172,22 @@ public:
         return chunk.entries[static_cast<std::size_t>(index - chunk.start)].node->record;
     }
 
-    /// Index of the first record with this key, blanks around the texts ignored, that `matches`; -1 without
-    /// one. `matches` compares the texts as exactly as its caller needs.
-    template <class Matches>
-    int find(QStringView configuration, QStringView name, int nameIndex, Matches matches) const
+    /// Index of the first record with this key, or -1.
+    int find(const QString &configuration, const QString &name, int nameIndex) const
     {
-        const Record *found = lookUp(configuration, name, nameIndex, matches);
+        const Record *found = lookUp(configuration, name, nameIndex);
         return found ? indexOf(*found) : -1;
     }
 
-    /// The same record itself, which takes less than its index; null without one.
-    template <class Matches>
-    const Record *lookUp(QStringView configuration, QStringView name, int nameIndex, Matches matches) const
+    /// The same record itself, which takes less time than its index; null without one.
+    const Record *lookUp(const QString &configuration, const QString &name, int nameIndex) const
     {
         const Record *found = nullptr;
         m_nodes.visitAll(keyHash(configuration, name, nameIndex), [&](const Node &node) {
-            if (matches(node.record) && (!found || indexOfNode(node) < indexOf(*found)))
-                found = &node.record;
+            const Record &record = node.record;
+            if (record.nameIndex == nameIndex && record.name == name &&
+                record.configuration == configuration && (!found || indexOfNode(node) < indexOf(*found)))
+                found = &record;
         });
         return found;
     }
@@ -207,15 +205,12 @@ public:
         return indexOfNode(*found);
     }
 
-    /// For each configuration, without blanks around its name, a number that is another one after every
-    /// change to its records.
+    /// For each configuration a number that is another one after every change to its records.
     QHash<QString, quint64> states() const
     {
         QHash<QString, quint64> states;
-        for (auto known = m_configurations.cbegin(); known != m_configurations.cend(); ++known) {
-            quint64 &state = states[trim(known.key())];
-            state = std::max(state, m_lastChanges[static_cast<std::size_t>(*known)]);
-        }
+        for (auto known = m_configurations.cbegin(); known != m_configurations.cend(); ++known)
+            states.insert(known.key(), m_lastChanges[static_cast<std::size_t>(*known)]);
         return states;
     }
 
@@ -331,7 +326,7 @@ public:
 private:
     static std::size_t keyHash(QStringView configuration, QStringView name, int nameIndex)
     {
-        return qHashMulti(0, trimmedView(configuration), trimmedView(name), nameIndex);
+        return qHashMulti(0, configuration, name, nameIndex);
     }
 
     static std::size_t keyHash(const Record &record)

@@ -1,10 +1,11 @@
 #include "model/copyConfiguration.h"
 
-#include "base/text.h"
+#include "model/ownership.h"
 
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <vector>
 
@@ -16,10 +17,7 @@ namespace {
 template <class Table> auto recordsOf(const Table &table, const QString &configuration)
 {
     std::vector<std::decay_t<decltype(*table.begin())>> records;
-    for (const auto &record : table.ofConfiguration(configuration)) {
-        if (record.configuration == configuration)
-            records.push_back(record);
-    }
+    std::ranges::copy(table.ofConfiguration(configuration), std::back_inserter(records));
     return records;
 }
 
@@ -31,16 +29,13 @@ bool hasKeyOf(const Table &table, const QString &configuration, const Record &re
 
 template <class Table> CopyCount count(const Table &table, const QString &source, const QString &target)
 {
-    const QString from = trim(source);
-    const QString to = trim(target);
     CopyCount counted;
-    for (const auto &record : table) {
-        counted.target += record.configuration == to;
-        if (record.configuration == from) {
-            ++counted.source;
-            counted.equal += hasKeyOf(table, to, record);
-        }
+    for (const auto &record : table.ofConfiguration(source)) {
+        ++counted.source;
+        counted.equal += hasKeyOf(table, target, record);
     }
+    const auto held = table.ofConfiguration(target);
+    counted.target = static_cast<int>(std::distance(held.begin(), held.end()));
     return counted;
 }
 
@@ -94,26 +89,21 @@ CopyCount countFieldsToCopy(const Model &model, const QString &source, const QSt
 
 void copyConfiguration(Model &model, const QString &source, const QString &target, EqualKeys equalKeys)
 {
-    const QString from = trim(source);
-    const QString to = trim(target);
-    if (from == to)
+    if (source == target)
         return;
-    std::vector<Line> lines = copiesFor(model.lines, from, to, equalKeys);
-    std::vector<Field> fields = copiesFor(model.fields, from, to, equalKeys);
-    makeWay(lines, model.lines, to);
+    std::vector<Line> lines = copiesFor(model.lines, source, target, equalKeys);
+    std::vector<Field> fields = copiesFor(model.fields, source, target, equalKeys);
+    makeWay(lines, model.lines, target);
     for (Line &line : lines)
         model.lines.store(std::move(line));
 
-    QHash<RecordKey, int> messageIndexes;
-    for (const Line &line : recordsOf(model.lines, to))
-        messageIndexes.insert(keyOf(line), line.messageIndex);
-    const auto messageIndexOf = [&](const Field &field) -> std::optional<int> {
-        const auto line = messageIndexes.find(lineKeyOf(field));
-        return line == messageIndexes.end() ? std::nullopt : std::optional(*line);
-    };
-    model.fields.changeMessageIndexes(messageIndexOf);
-    for (Field &field : fields)
-        field.messageIndex = messageIndexOf(field).value_or(field.messageIndex);
+    model.fields.copyMessageIndexes(model.lines,
+                                    {[&](const QString &configuration) { return configuration == target; }});
+    LineFinder finder(model.lines);
+    for (Field &field : fields) {
+        if (const Line *line = finder.lineOf(field))
+            field.messageIndex = line->messageIndex;
+    }
     model.fields.storeAll(std::move(fields));
 }
 

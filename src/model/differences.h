@@ -8,11 +8,19 @@
 namespace varnow {
 
 /// A value as users read it: a text in quotation marks.
+template <class Value> QString shownValue(const Value &value)
+{
+    return toText(value);
+}
+
+inline QString shownValue(const QString &text)
+{
+    return u'"' + isolated(text) + u'"';
+}
+
 template <class Record> QString shownValue(const Record &record, const Column<Record> &column)
 {
-    if (const auto *text = std::get_if<QString Record::*>(&column.member))
-        return u'"' + isolated(record.**text) + u'"';
-    return QString::number(record.*std::get<int Record::*>(column.member));
+    return visit(column, record, [](const auto &value) { return shownValue(value); });
 }
 
 /// How captions are written: as on the screen, or as part of a sentence.
@@ -26,9 +34,8 @@ QStringList differences(const Record &before, const Record &now, Captions captio
     for (const Column<Record> &column : Record::columns()) {
         if (*column.caption == '\0')
             continue;
-        const auto isEqual = [&](auto member) { return before.*member == now.*member; };
         const QString caption = QLatin1String(column.caption);
-        if (!std::visit(isEqual, column.member))
+        if (!isEqualIn(column, before, now))
             found += (captions == Captions::InSentence ? caption.toLower() : caption) + u' ' +
                      shownValue(before, column) + " → " + shownValue(now, column);
     }
@@ -40,8 +47,7 @@ template <class Record> QStringList contents(const Record &record)
 {
     QStringList found;
     for (const Column<Record> &column : Record::columns()) {
-        const auto isEmpty = [&](auto member) { return record.*member == Record().*member; };
-        if (column.use == ColumnUse::Value && *column.caption != '\0' && !std::visit(isEmpty, column.member))
+        if (column.use == ColumnUse::Value && *column.caption != '\0' && !isEqualIn(column, record, Record()))
             found += QLatin1String(column.caption) + u' ' + shownValue(record, column);
     }
     return found;

@@ -8,22 +8,48 @@ namespace varnow {
 
 namespace {
 
-/// Whether the beginning of the text is a number that no 32-bit integer holds.
-bool isTooLarge(const QString &text)
+/// The number that the text begins with, 0 without one; nothing when no 32-bit integer holds it.
+std::optional<int> beginningOf(const QString &text)
 {
-    return guarded([&] { return leadingNumber(text), false; }, [](const RuntimeError &) { return true; });
+    if (isLong(text))
+        return toLong(text);
+    return guarded([&] { return std::optional(leadingNumber(text)); },
+                   [](const RuntimeError &) { return std::optional<int>(); });
 }
 
-QStringList validate(const LineChoice &line)
+void parseValue(const QString &text, ColumnReading, int &number)
 {
-    if (isBlank(line.name) && !line.hasIndex)
+    number = beginningOf(text).value_or(0);
+}
+
+void parseValue(const QString &text, ColumnReading reading, QString &value)
+{
+    value = reading == ColumnReading::Untrimmed ? text : trim(text);
+}
+
+void parseValue(const QString &, ColumnReading, QDateTime &) {} // only spare columns are dates
+
+/// Puts the texts that were given into the record, whatever is wrong with them.
+template <class Record> void parseTexts(const Draft<Record> &draft, Record &record)
+{
+    for (std::size_t number = 0; const Column<Record> &column : Record::columns()) {
+        if (const std::optional<QString> &text = draft.given(number++))
+            visit(column, record, [&](auto &value) { parseValue(*text, column.reading, value); });
+    }
+}
+
+QStringList validateLine(const FieldDraft &draft)
+{
+    const bool isNameBlank = isBlank(draft.text(&Field::line));
+    const bool hasIndex = draft.has(&Field::lineIndex);
+    if (isNameBlank && !hasIndex)
         return {"The Line Name and Index field is empty."};
-    if (line.isUnclosed)
+    if (draft.isLineUnclosed)
         return {"The Line Name or Index field is invalid."};
     QStringList problems;
-    if (isBlank(line.name))
+    if (isNameBlank)
         problems += "The Line Name is empty.";
-    if (!isLong(line.index))
+    if (hasIndex && !isLong(draft.text(&Field::lineIndex)))
         problems += "The Line Name Index is invalid.";
     return problems;
 }
@@ -46,79 +72,87 @@ QString lengthProblem(const QString &length, const QString &position)
     return {};
 }
 
-} // namespace
-
-QStringList validate(const LineDraft &entry)
+QStringList validate(const LineDraft &draft)
 {
+    const QString messageIndex = draft.text(&Line::messageIndex);
     QStringList problems;
-    if (isBlank(entry.name))
+    if (isBlank(draft.text(&Line::name)))
         problems += "The Line name is empty.";
-    if (!isLong(entry.nameIndex))
+    if (!isLong(zeroIfBlank(draft.text(&Line::nameIndex))))
         problems += "The Line Index must be numeric.";
-    if (isBlank(entry.messageIndex))
+    if (isBlank(messageIndex))
         problems += "The Message Index is empty.";
-    else if (!isLong(entry.messageIndex))
+    else if (!isLong(messageIndex))
         problems += "The Message Index nust be a number.";
     return problems;
 }
 
-QStringList validate(const FieldDraft &entry)
+QStringList validate(const FieldDraft &draft)
 {
+    const QString position = draft.text(&Field::position);
     QStringList problems;
-    if (isBlank(entry.name))
+    if (isBlank(draft.text(&Field::name)))
         problems += "The Field name is empty.";
-    if (!isLong(entry.nameIndex))
+    if (!isLong(zeroIfBlank(draft.text(&Field::nameIndex))))
         problems += "The Field Name Index must be numeric.";
-    problems += validate(entry.line);
-    if (isTooLarge(entry.messageIndex))
+    problems += validateLine(draft);
+    if (!beginningOf(draft.text(&Field::messageIndex)))
         problems += "The Message Index nust be a number.";
-    if (isBlank(entry.lookup) && isBlank(entry.constant))
+    if (isBlank(draft.text(&Field::lookup)) && isBlank(draft.text(&Field::constant)))
         problems += "Both the Lookup String and the Constant value are empty," + lineBreak +
                     "\t\tyou must supply one or the other.";
-    if (isBlank(entry.position))
+    if (isBlank(position))
         problems += "The Position Field is empty.";
-    else if (!isLong(entry.position))
+    else if (!isLong(position))
         problems += "The Position Field nust be a number.";
-    const QString problem =
-        entry.isFixedLength ? lengthProblem(entry.length, entry.characterPosition) : QString();
-    if (!problem.isEmpty())
-        problems += "A Fixed Length was indicated, however, the " + problem;
     return problems;
 }
 
-Line lineOf(const LineDraft &entry)
+} // namespace
+
+void FieldDraft::setLine(const LineChoice &line)
 {
-    Line line;
-    line.configuration = entry.configuration;
-    line.name = entry.name;
-    line.nameIndex = toLong(entry.nameIndex);
-    line.messageIndex = toLong(entry.messageIndex);
-    return line;
+    set(&Field::line, line.name);
+    if (line.index)
+        set(&Field::lineIndex, *line.index);
+    isLineUnclosed = line.isUnclosed;
 }
 
-Field fieldOf(const FieldDraft &entry)
+Parsed<Line> parse(const LineDraft &draft)
 {
-    Field field;
+    Parsed<Line> parsed{{}, validate(draft)};
+    parseTexts(draft, parsed.record);
+    return parsed;
+}
+
+Parsed<Field> parse(const FieldDraft &draft)
+{
+    Parsed<Field> parsed{{}, validate(draft)};
+    Field &field = parsed.record;
     field.id = -1;
-    field.configuration = entry.configuration;
-    field.name = entry.name;
-    field.nameIndex = leadingNumber(entry.nameIndex);
-    field.line = entry.line.name;
-    field.lineIndex = leadingNumber(entry.line.index);
-    field.messageIndex = leadingNumber(entry.messageIndex);
-    field.position = leadingNumber(entry.position);
-    field.length = isTooLarge(entry.length) ? 0 : leadingNumber(entry.length);
     field.dataType = "String";
-    field.lookup = entry.lookup;
-    field.format = entry.format;
-    field.constant = entry.constant;
-    if (entry.isFixedLength) {
-        field.fixedLength = 1;
-        field.characterPosition = toLong(entry.characterPosition);
-        field.padCharacter = entry.padCharacter;
-        field.padDirection = entry.padDirection;
+    parseTexts(draft, field);
+    if (field.fixedLength == 0)
+        return parsed;
+    if (isBlank(draft.text(&Field::padDirection))) { // as a page proposes them
+        field.padDirection = 1;
+        if (field.padCharacter.isEmpty())
+            field.padCharacter = " ";
     }
-    return field;
+    const QString problem = lengthProblem(draft.text(&Field::length), draft.text(&Field::characterPosition));
+    if (!problem.isEmpty())
+        parsed.problems += "A Fixed Length was indicated, however, the " + problem;
+    return parsed;
+}
+
+QString zeroIfBlank(const QString &text)
+{
+    return isBlank(text) ? QStringLiteral("0") : text;
+}
+
+int parseIndex(const QString &text)
+{
+    return toLong(zeroIfBlank(text));
 }
 
 } // namespace varnow

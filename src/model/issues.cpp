@@ -1,7 +1,9 @@
 #include "model/issues.h"
 
+#include "base/text.h"
 #include "model/TreeOrder.h"
 #include "model/lineLayout.h"
+#include "model/ownership.h"
 
 #include <QSet>
 
@@ -248,12 +250,6 @@ void checkConfiguration(const Records &records, const std::optional<QSet<QString
     found.moveTo(issues);
 }
 
-const Line *findLine(const LineTable &lines, const RecordKey &key)
-{
-    const int index = lines.find(key.configuration, key.name, key.nameIndex);
-    return index < 0 ? nullptr : &lines[index];
-}
-
 std::map<QString, Records> recordsByConfiguration(const Model &model, const std::optional<QString> &wanted)
 {
     std::map<QString, Records> all;
@@ -270,15 +266,12 @@ std::map<QString, Records> recordsByConfiguration(const Model &model, const std:
         if (!wanted || line.configuration == *wanted)
             recordsOf(line)->lines.push_back(&line);
     }
-    const Line *line = nullptr; // mostly that of the field before
+    LineFinder finder(model.lines);
     for (const Field &field : model.fields) {
         if (wanted && field.configuration != *wanted)
             continue;
-        const RecordKey key = lineKeyOf(field);
-        if (line == nullptr || keyOf(*line) != key)
-            line = findLine(model.lines, key);
         auto &fields = recordsOf(field)->fields;
-        fields.push_back({&field, line, static_cast<int>(fields.size())});
+        fields.push_back({&field, finder.lineOf(field), static_cast<int>(fields.size())});
     }
     return all;
 }
@@ -288,12 +281,8 @@ template <class Record> QString rowKey(const Record &record)
 {
     QStringList values;
     for (const Column<Record> &column : Record::columns()) {
-        if (column.use != ColumnUse::Key)
-            continue;
-        if (const auto *text = std::get_if<QString Record::*>(&column.member))
-            values += record.**text;
-        else
-            values += QString::number(record.*std::get<int Record::*>(column.member));
+        if (column.use == ColumnUse::Key)
+            values += textIn(column, record);
     }
     return values.join(QChar(0));
 }
@@ -350,14 +339,9 @@ std::vector<Issue> issuesIn(const Model &model, const IssueContext &context,
 
 void moveFieldsToLine(Model &model, const RecordKey &line)
 {
-    const Line *owner = findLine(model.lines, line);
-    if (owner == nullptr)
-        return;
-    model.fields.changeMessageIndexes([&](const Field &field) -> std::optional<int> {
-        const bool isOwned = field.lineIndex == owner->nameIndex && field.line == owner->name &&
-                             field.configuration == owner->configuration;
-        return isOwned ? std::optional(owner->messageIndex) : std::nullopt;
-    });
+    model.fields.copyMessageIndexes(
+        model.lines, {[&](const QString &configuration) { return configuration == line.configuration; },
+                      [&](const Field &field) { return belongsTo(field, line); }});
 }
 
 } // namespace varnow

@@ -1,5 +1,7 @@
 #include "model/lineLayout.h"
 
+#include "model/ownership.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -54,8 +56,7 @@ LineLayout layoutOf(const FieldTable &fields, const Line &line)
 {
     std::vector<const Field *> fieldsOfLine;
     for (const Field &field : fields.ofConfiguration(line.configuration)) {
-        if (field.lineIndex == line.nameIndex && field.line == line.name &&
-            field.configuration == line.configuration)
+        if (belongsTo(field, line))
             fieldsOfLine.push_back(&field);
     }
     return layoutOf(fieldsOfLine);

@@ -32,7 +32,7 @@ public:
         for (const std::vector<const Column<Record> *> &columns : m_rows) {
             QString row;
             for (const Column<Record> *column : columns)
-                row += QLatin1String(column->listing.before) + value(record, *column) +
+                row += QLatin1String(column->listing.before) + textIn(*column, record) +
                        QLatin1String(column->listing.after);
             rows += row;
         }
@@ -40,13 +40,6 @@ public:
     }
 
 private:
-    static QString value(const Record &record, const Column<Record> &column)
-    {
-        if (const auto *text = std::get_if<QString Record::*>(&column.member))
-            return record.**text;
-        return QString::number(record.*std::get<int Record::*>(column.member));
-    }
-
     std::vector<std::vector<const Column<Record> *>> m_rows;
 };
 

@@ -1,5 +1,6 @@
 #include "storage/rowIssues.h"
 
+#include "model/ownership.h"
 #include "storage/statements.h"
 
 #include <QSet>
@@ -54,28 +55,36 @@ template <class Record> QString selectKeys()
         if (belongsToRow(column.use))
             names += QLatin1String(column.name);
     }
-    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + Table<Record>::name + " ORDER BY " +
-           Table<Record>::order + ';';
+    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + SqlTable<Record>::name + " ORDER BY " +
+           SqlTable<Record>::order + ';';
+}
+
+/// Whether a save finds a row by the cell of a key column; a name index or line index may be Null.
+bool isFoundBy(const QVariant &cell, const QString &text)
+{
+    return !cell.isNull() && cell.toString() == text;
+}
+
+bool isFoundBy(const QVariant &cell, const auto &)
+{
+    return !cell.isNull();
 }
 
 template <class Record> Row<Record> readRow(const db::ResultSet &rows)
 {
     Row<Record> row;
-    int cell = 0;
+    int number = 0;
     for (const Column<Record> &column : Record::columns()) {
         if (!belongsToRow(column.use))
             continue;
-        const QVariant &value = rows.value(cell++);
-        const auto read = [&](auto member) {
-            readCell(value, ColumnReading::NullIsEmpty, row.record.*member);
-        };
-        std::visit(read, column.member);
-        if (const auto *text = std::get_if<QString Record::*>(&column.member)) {
-            row.isFoundBySave = row.isFoundBySave && !value.isNull() && value.toString() == row.record.**text;
-        } else if (column.use == ColumnUse::Key && value.isNull()) {
-            row.isNullIndexed = true;
-            row.isFoundBySave = false;
-        }
+        const QVariant &cell = rows.value(number++);
+        visit(column, row.record, [&]<class Value>(Value &value) {
+            readCell(cell, ColumnReading::NullIsEmpty, value);
+            if (column.use != ColumnUse::Key)
+                return;
+            row.isFoundBySave = row.isFoundBySave && isFoundBy(cell, value);
+            row.isNullIndexed = row.isNullIndexed || (std::is_same_v<Value, int> && cell.isNull());
+        });
     }
     return row;
 }
@@ -121,7 +130,7 @@ QString standsElsewhere(const Line &, const Line &)
 
 QString standsElsewhere(const Field &row, const Field &field)
 {
-    if (row.line == field.line && row.lineIndex == field.lineIndex)
+    if (belongsTo(row, lineKeyOf(field)))
         return {};
     return QStringLiteral(
                "keeps field %1 under line %2, while it stands under line %3 here. A save leaves it behind.")
@@ -207,7 +216,8 @@ void removeAtNextSave(Model &model, const RowIssue &found)
 
 bool tellsLetterCaseApart(Run &run)
 {
-    return tellsLetterCaseApart(run, Table<Line>::name) && tellsLetterCaseApart(run, Table<Field>::name);
+    return tellsLetterCaseApart(run, SqlTable<Line>::name) &&
+           tellsLetterCaseApart(run, SqlTable<Field>::name);
 }
 
 } // namespace varnow

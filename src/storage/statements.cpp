@@ -2,6 +2,9 @@
 
 #include "base/RuntimeError.h"
 
+#include <array>
+#include <charconv>
+
 namespace varnow {
 
 namespace {
@@ -13,6 +16,26 @@ void require(const QVariant &cell, ColumnReading reading)
 }
 
 } // namespace
+
+void appendLiteral(QString &sql, int number, ColumnReading reading)
+{
+    std::array<char, 11> digits{};
+    const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const QLatin1String apostrophe(reading == ColumnReading::NumberInText ? "'" : "");
+    sql += apostrophe;
+    sql += QLatin1String(digits.data(), end);
+    sql += apostrophe;
+}
+
+void appendLiteral(QString &sql, const QString &text, ColumnReading)
+{
+    db::appendQuoted(sql, text);
+}
+
+void appendLiteral(QString &sql, const QDateTime &time, ColumnReading)
+{
+    db::appendQuoted(sql, toText(time));
+}
 
 void readCell(const QVariant &cell, ColumnReading reading, int &number)
 {

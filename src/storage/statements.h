@@ -8,8 +8,6 @@
 #include "model/Line.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <initializer_list>
 #include <vector>
 
@@ -19,34 +17,30 @@ namespace varnow {
 
 constexpr qsizetype usualLength = 768; // of a statement; a longer one grows
 
-/// The table of a record and the order in which its rows are loaded.
-template <class Record> struct Table;
+/// The table of the database that keeps a kind of record, and the order in which its rows are loaded.
+template <class Record> struct SqlTable;
 
-template <> struct Table<Line>
+template <> struct SqlTable<Line>
 {
     static constexpr QLatin1String name{"LabLineConfig"};
     static constexpr QLatin1String order{"Configuration, MsgIndex"};
 };
 
-template <> struct Table<Field>
+template <> struct SqlTable<Field>
 {
     static constexpr QLatin1String name{"LabLineFieldConfig"};
     static constexpr QLatin1String order{"MsgIndex, Position"};
 };
 
-/// Appends the record's value in a column as SQL writes it. Spare columns, some of them dates, are never
-/// written. A save does so some thirty times for every record, hence no text is made on the way.
+/// Appends a value as SQL writes it. A save does so some thirty times for every record, hence no text is made
+/// for a number on the way.
+void appendLiteral(QString &sql, int number, ColumnReading reading);
+void appendLiteral(QString &sql, const QString &text, ColumnReading reading);
+void appendLiteral(QString &sql, const QDateTime &time, ColumnReading reading);
+
 template <class Record> void appendLiteral(QString &sql, const Record &record, const Column<Record> &column)
 {
-    if (const auto *text = std::get_if<QString Record::*>(&column.member))
-        return db::appendQuoted(sql, record.**text);
-    std::array<char, 11> digits{};
-    const int number = record.*std::get<int Record::*>(column.member);
-    const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    const QLatin1String apostrophe(column.reading == ColumnReading::NumberInText ? "'" : "");
-    sql += apostrophe;
-    sql += QLatin1String(digits.data(), end);
-    sql += apostrophe;
+    visit(column, record, [&](const auto &value) { appendLiteral(sql, value, column.reading); });
 }
 
 template <class Record> QString selectAllRows()
@@ -54,8 +48,8 @@ template <class Record> QString selectAllRows()
     QStringList names;
     for (const Column<Record> &column : Record::columns())
         names += QLatin1String(column.name);
-    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + Table<Record>::name + " ORDER BY " +
-           Table<Record>::order + ';';
+    return "SELECT " + names.join(QLatin1String(", ")) + " FROM " + SqlTable<Record>::name + " ORDER BY " +
+           SqlTable<Record>::order + ';';
 }
 
 /// Appends "name = value" for the record's columns of these uses.
@@ -80,14 +74,14 @@ template <class Record> QString selectId(const Record &record)
 {
     QString sql;
     sql.reserve(usualLength);
-    sql += "SELECT id FROM " + Table<Record>::name + " WHERE ";
+    sql += "SELECT id FROM " + SqlTable<Record>::name + " WHERE ";
     appendEquations(sql, record, {ColumnUse::Key}, QLatin1String(" AND "));
     return sql += u';';
 }
 
 template <class Record> QString selectGreatestId()
 {
-    return "SELECT MAX(id) FROM " + Table<Record>::name + ';';
+    return "SELECT MAX(id) FROM " + SqlTable<Record>::name + ';';
 }
 
 template <class Record> QString insertRow(const Record &record)
@@ -102,7 +96,7 @@ template <class Record> QString insertRow(const Record &record)
             values += QLatin1String(", ");
         appendLiteral(values, record, column);
     }
-    return "INSERT INTO " + Table<Record>::name + " (" + names.join(QLatin1String(", ")) + ") VALUES (" +
+    return "INSERT INTO " + SqlTable<Record>::name + " (" + names.join(QLatin1String(", ")) + ") VALUES (" +
            values + ");";
 }
 
@@ -111,14 +105,14 @@ template <class Record> QString updateRow(const Record &record)
 {
     QString sql;
     sql.reserve(usualLength);
-    sql += "UPDATE " + Table<Record>::name + " SET ";
+    sql += "UPDATE " + SqlTable<Record>::name + " SET ";
     appendEquations(sql, record, {ColumnUse::Key, ColumnUse::Value}, QLatin1String(", "));
     return sql += " WHERE id = " + QString::number(record.id) + ';';
 }
 
 template <class Record> QString deleteRow(int id)
 {
-    return "DELETE FROM " + Table<Record>::name + " WHERE id = " + QString::number(id) + ';';
+    return "DELETE FROM " + SqlTable<Record>::name + " WHERE id = " + QString::number(id) + ';';
 }
 
 /// What a cell is to a member, by the column's way of reading. They raise errors::InvalidUseOfNull for a
@@ -145,7 +139,7 @@ public:
         auto cell = m_columns.begin();
         for (const Column<Record> &column : Record::columns()) {
             const QVariant &value = m_rows.value(*cell++);
-            std::visit([&](auto member) { readCell(value, column.reading, record.*member); }, column.member);
+            visit(column, record, [&](auto &member) { readCell(value, column.reading, member); });
         }
         return record;
     }

@@ -255,7 +255,7 @@ TEST_F(TreeStepsTest, EqualsATreeFilledAnewAfterEveryStep)
         answer = seed % 2 > 0 ? ui::Answer::Yes : ui::Answer::No;
         for (int i = 0; i < 5; ++i)
             edit([&](Edit &edit) { actions.act(edit); });
-        window.followed.rebuild(" A ");
+        window.followed.rebuild("A");
         for (int i = 0; i < 20; ++i) {
             const QList<ShownNode> before = followedNodes();
             const int selected =

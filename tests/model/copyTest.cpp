@@ -26,7 +26,7 @@ struct CopyTest : testing::Test, ModelFixture
 
     void copy(EqualKeys equalKeys)
     {
-        edit([&](Edit &edit) { copyConfiguration(edit.model(), "S", " T ", equalKeys); });
+        edit([&](Edit &edit) { copyConfiguration(edit.model(), "S", "T", equalKeys); });
     }
 
     QStringList target() const
@@ -56,7 +56,7 @@ TEST_F(CopyTest, KeepsTheOrderInOneStep)
     history.undo(model);
     EXPECT_EQ(target(), QStringList());
     EXPECT_EQ(history.undoable(), nullptr);
-    copyConfiguration(model, "S ", "S", EqualKeys::Replace);
+    copyConfiguration(model, "S", "S", EqualKeys::Replace);
     EXPECT_EQ(lines.size(), 2);
 }
 
@@ -68,7 +68,7 @@ TEST_F(CopyTest, ReplacesOrSkipsEqualKeys)
     kept.line = "OBX";
     kept.messageIndex = 2;
     fields.store(kept);
-    const CopyCount lineCount = countLinesToCopy(model, "S", "T ");
+    const CopyCount lineCount = countLinesToCopy(model, "S", "T");
     const CopyCount fieldCount = countFieldsToCopy(model, "S", "T");
     EXPECT_EQ(QList<int>({lineCount.source, lineCount.target, lineCount.equal}), QList<int>({2, 2, 1}));
     EXPECT_EQ(QList<int>({fieldCount.source, fieldCount.target, fieldCount.equal}), QList<int>({4, 1, 1}));

@@ -19,9 +19,9 @@ struct FieldTableTest : testing::Test, ModelFixture
 } // namespace
 
 // Faults: a field kept twice because of blanks, one that moves, one that loses its identifier or takes it to
-// another line, whose removal then deletes the old row, a pad character or the argument of a search trimmed
-// or not.
-TEST_F(FieldTableTest, StoresAndFindsWhateverTheBlanks)
+// another line, whose removal then deletes the old row, a pad character trimmed or
+// another text not.
+TEST_F(FieldTableTest, StoresTrimmedTexts)
 {
     Field padded = field(" S ", " F2 ", 9);
     padded.line = " PID ";
@@ -36,8 +36,8 @@ TEST_F(FieldTableTest, StoresAndFindsWhateverTheBlanks)
                            stored.format, stored.constant, stored.padCharacter}),
               (QStringList{"S", "F2", "PID", "x", "x", "x", "x", " "}));
     const std::tuple<QString, QString, int, int> searches[] = {
-        {" S ", " F2 ", 0, 1}, {"S", "F3", 0, 2},  {"S", "f3", 0, -1},
-        {"s", "F3", 0, -1},    {"S", "F3", 1, -1}, {"S", "  ", 0, -1},
+        {" S ", "F2", 0, -1}, {"S", "F2", 0, 1},  {"S", "F3", 0, 2},  {"S", "f3", 0, -1},
+        {"s", "F3", 0, -1},   {"S", "F3", 1, -1}, {"S", "  ", 0, -1},
     };
     for (const auto &[configuration, name, nameIndex, found] : searches)
         EXPECT_EQ(fields.find(configuration, name, nameIndex), found) << qPrintable(name) << nameIndex;

@@ -45,7 +45,7 @@ TEST(Search, FindsRecordsInTheOrderOfTheTree)
     };
     for (const auto &[text, names] : cases) {
         QStringList found;
-        for (const RecordReference &record : search(fixture.model, " S ", text))
+        for (const RecordReference &record : search(fixture.model, "S", text))
             found += record.key.name;
         EXPECT_EQ(found.join(u'|'), names) << qPrintable(text);
     }
