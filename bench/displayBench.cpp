@@ -30,9 +30,11 @@ double residentBytes()
 template <class Measure> void display(benchmark::State &state, double allowance, Measure measure)
 {
     const BenchDatabase database(size);
-    Model model;
-    load(database.settings(), model);
-    ListingWindow window(model);
+    const Session session{database.settings(), database.settings(), {}, {}};
+    Document document(session);
+    ui::RunWindow run;
+    document.reload(run);
+    ListingWindow window(document);
     const test::Driver user(window);
     const auto list = [&] { return secondsUntilShown([&] { user.click("fields"); }); };
     sideBySide(

@@ -36,22 +36,20 @@ RecordTree &treeOf(const ui::Window &window)
     std::abort();
 }
 
-Model loaded(const db::ConnectionSettings &settings)
-{
-    Model model;
-    load(settings, model);
-    return model;
-}
-
 /// The editor, open on a configuration of a database.
 class OpenEditor
 {
 public:
-    explicit OpenEditor(Size size) : m_database(size), m_model(loaded(m_database.settings())) {}
+    explicit OpenEditor(Size size) : m_database(size)
+    {
+        ui::RunWindow window;
+        m_document.reload(window);
+        m_user.emplace(m_editor);
+    }
     ~OpenEditor() { m_editor.surface()->window()->hide(); }
 
     const Session &session() const { return m_session; }
-    const Model &model() const { return m_model; }
+    const Model &model() const { return m_document.model(); }
 
     double rebuild()
     {
@@ -60,19 +58,19 @@ public:
 
     double click(const char *button)
     {
-        return secondsUntilShown([&] { m_user.click(QString::fromLatin1(button)); });
+        return secondsUntilShown([&] { m_user->click(QString::fromLatin1(button)); });
     }
 
     /// Writes what is unsaved to disk, as the editor does within a second of a change.
     double keep()
     {
-        return seconds([this] { m_editor.keepUnsavedChanges(); });
+        return seconds([this] { m_document.keepUnsavedChanges(); });
     }
 
     /// Clicks the node; bringing it into view is not counted.
     double clickNode(const QString &text)
     {
-        QTreeWidget *tree = m_user.treeWidget();
+        QTreeWidget *tree = m_user->treeWidget();
         QTreeWidgetItem *node = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
         tree->scrollToItem(node);
         QApplication::processEvents();
@@ -83,28 +81,27 @@ public:
     /// Types a line that does not exist yet into the entry boxes.
     void typeNewLine()
     {
-        m_user.showPage(0);
-        m_user.fill({{"lineName", "Comment"}, {"lineIndex", "1"}, {"lineMessageIndex", "1001"}});
+        m_user->showPage(0);
+        m_user->fill({{"lineName", "Comment"}, {"lineIndex", "1"}, {"lineMessageIndex", "1001"}});
     }
 
     /// Types a field that does not exist yet, the last one of a line in the middle.
     void typeNewField()
     {
-        m_user.showPage(1);
-        m_user.fill({{"fieldName", "Comment"}, {"fieldIndex", "1"}, {"fieldLine", "Segment 300(0)"}});
-        m_user.fill({{"fieldMessageIndex", "300"}, {"constant", "constant"}, {"position", "99"}});
+        m_user->showPage(1);
+        m_user->fill({{"fieldName", "Comment"}, {"fieldIndex", "1"}, {"fieldLine", "Segment 300(0)"}});
+        m_user->fill({{"fieldMessageIndex", "300"}, {"constant", "constant"}, {"position", "99"}});
     }
 
     /// Takes the fields of the line behind which this many others stand, so that it can be removed, and shows
     /// it on its page.
     void emptyLineBefore(int linesBehind)
     {
-        const Line line = m_model.lines[m_model.lines.size() - linesBehind - 1];
-        {
-            const Editing editing(m_model);
-            for (const Field *field : m_model.fields.ofGroup(line.configuration, line.messageIndex))
-                m_model.fields.remove(m_model.fields.indexOf(*field));
-        }
+        const Line line = model().lines[model().lines.size() - linesBehind - 1];
+        m_document.edit({}, [&line](Edit &edit) {
+            for (const Field *field : edit.fields.ofGroup(line.configuration, line.messageIndex))
+                edit.fields.remove(edit.fields.indexOf(*field));
+        });
         rebuild();
         clickNode(QString::number(line.messageIndex) + ' ' + line.name);
     }
@@ -115,25 +112,25 @@ public:
     /// Types into an entry and stores the record; the typing is not counted.
     double change(const QString &entry, const QString &text)
     {
-        m_user.type(entry, text);
+        m_user->type(entry, text);
         return click("change");
     }
 
     void undo()
     {
-        m_user.press(Qt::Key_Z, Qt::ControlModifier);
+        m_user->press(Qt::Key_Z, Qt::ControlModifier);
         QApplication::processEvents();
     }
 
-    const QTreeWidget &treeWidget() const { return *m_user.treeWidget(); }
+    const QTreeWidget &treeWidget() const { return *m_user->treeWidget(); }
 
 private:
     BenchDatabase m_database;
     Session m_session{m_database.settings(), m_database.settings(), {"Configuration 1"}, "Configuration 1"};
-    Model m_model;
-    EditorWindow m_editor{m_session, m_model};
+    Document m_document{m_session};
+    EditorWindow m_editor{m_document};
     RecordTree &m_tree = treeOf(m_editor);
-    test::Driver m_user{m_editor};
+    std::optional<test::Driver> m_user;
 };
 
 /// A line of a tree with its fields.
