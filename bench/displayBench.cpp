@@ -6,6 +6,8 @@
 #include "support/Driver.h"
 
 #include "review/ListingWindow.h"
+#include "storage/Run.h"
+#include "ui/RunWindow.h"
 
 #include <QFile>
 #include <QWidget>

@@ -10,6 +10,7 @@
 #include "editor/EditorWindow.h"
 #include "exchange/ImportPlan.h"
 #include "exchange/exportCsv.h"
+#include "ui/RunWindow.h"
 
 #include <QApplication>
 #include <QTest>

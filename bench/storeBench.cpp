@@ -62,7 +62,7 @@ double secondsToStore(FieldTable &fields, int count)
     field.configuration = "Standard";
     field.line = "OBX";
     field.dataType = "String";
-    fields.clear();
+    fields.assign({});
     return seconds([&] {
         for (std::size_t i = 0; i < places.size(); ++i) {
             field.name = field.lookup = names[i];
@@ -87,7 +87,7 @@ void memoryPerField(benchmark::State &state)
     Model model;
     load(database.settings(), model);
     const auto bytesPerField = [&] {
-        model.fields.clear(); // the lines stay, so that only the fields count
+        model.fields.assign({}); // the lines stay, so that only the fields count
         const double before = heapInUse();
         load(database.settings(), model);
         return (heapInUse() - before) / large.fields();

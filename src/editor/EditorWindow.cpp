@@ -42,6 +42,7 @@ void EditorWindow::connectControls()
     m_finding.onShow = [this](const RecordReference &record) { m_entries.show(record); };
     m_finding.selectedRecord = [this] { return m_tree.selectedRecord(); };
     m_notices.onShowUnsaved = [this] { m_windows.showUnsaved(); };
+    m_pages.subscribe(); // what they tell stands behind the notice, and the tree has followed then
     QObject::connect(&m_document, &Document::changed, &m_document, [this] { nameSteps(); });
     QObject::connect(&m_document, &Document::loaded, &m_document, [this] { nameSteps(); });
     onLoad = [this] { loadWindow(); };

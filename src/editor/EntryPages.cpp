@@ -14,7 +14,11 @@ EntryPages::EntryPages(ui::Container &window, Document &document)
     m_tabs.onClick = [this] { turned(); };
     for (EntryPage *page : m_pages)
         page->onEntered = [this] { m_isChanged = true; };
-    QObject::connect(&document, &Document::changed, &document,
+}
+
+void EntryPages::subscribe()
+{
+    QObject::connect(&m_document, &Document::changed, &m_document,
                      [this](const EditStep &step) { follow(step); });
 }
 

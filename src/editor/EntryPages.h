@@ -33,6 +33,9 @@ public:
     /// Another page, record or line is shown.
     std::function<void()> onShown;
 
+    /// Lets the pages follow the document from now on, behind those who follow it already.
+    void subscribe();
+
     ui::TabControl &tabs() { return m_tabs; }
     LinePage &lines() { return m_lines; }
     FieldPage &fields() { return m_fields; }
