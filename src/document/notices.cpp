@@ -116,8 +116,10 @@ DocumentNotice noticeForField(const Change<Field> &change, const Model &model)
     else if (other != nullptr)
         notice.sentence += (change.was ? ", and stands at " : " at ") + placeOf(field) + ", where " +
                            shownName(*other) + " already is; the tree shows only one of them";
-    else if (!leavesRow)
-        notice.sentence += isChange ? ": " + changesOf(*change.was, field) : " at " + placeOf(field);
+    else if (!leavesRow && !isChange)
+        notice.sentence += " at " + placeOf(field);
+    else if (const QString changes = isChange ? changesOf(*change.was, field) : QString(); !changes.isEmpty())
+        notice.sentence += ": " + changes;
     notice.sentence += '.';
     if (leavesRow)
         notice.sentence += " Its row under " + lineOf(*change.was) + " stays in the database.";

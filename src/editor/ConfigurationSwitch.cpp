@@ -20,15 +20,19 @@ ConfigurationSwitch::ConfigurationSwitch(ui::ComboBox &box, RecordTree &tree, En
 
 void ConfigurationSwitch::takeText()
 {
-    const bool wasFromBox = std::exchange(m_isFromBox, true);
+    m_isFromBox = !m_isFollowing;
     m_document.showConfiguration(m_box.text());
-    m_isFromBox = wasFromBox;
+    m_isFromBox = false;
 }
 
 void ConfigurationSwitch::follow()
 {
-    if (trim(m_box.text()) != m_document.configuration())
-        return m_box.setText(m_document.configuration()); // which comes here again
+    if (trim(m_box.text()) != m_document.configuration()) {
+        m_isFollowing = true;
+        m_box.setText(m_document.configuration()); // which comes here again
+        m_isFollowing = false;
+        return;
+    }
     const ui::Hourglass hourglass;
     m_problems.clear();
     m_treeHasBoxes = false;

@@ -40,7 +40,8 @@ private:
     RecordTree &m_tree;
     EntryPages &m_pages;
     Document &m_document;
-    bool m_isFromBox = false; // the user, or Refresh, has set the box
+    bool m_isFromBox = false;   // the user, or Refresh, has set the box
+    bool m_isFollowing = false; // the box is set to the document's configuration
 
     // What is to be told as soon as the name is no longer being typed.
     bool m_treeHasBoxes = false;
