@@ -9,46 +9,36 @@ TreeOrder::TreeOrder(const std::vector<const Line *> &lines)
 {
     struct Added
     {
-        std::list<int>::iterator node;
-        int greatestMessageIndex; // of those added up to here
+        std::list<const Line *>::iterator node;
+        int greatestMessageIndex; // of this node and those added before it
     };
-    std::list<int> nodes; // their message indexes, as the tree shows them
+    std::list<const Line *> nodes; // from top to bottom
     std::vector<Added> added;
     for (const Line *line : lines) {
         const int messageIndex = line->messageIndex;
         if (m_nodes.contains(messageIndex))
             continue;
-        const auto notSmaller =
-            std::ranges::lower_bound(added, messageIndex, {}, &Added::greatestMessageIndex);
-        const auto place = notSmaller == added.begin() ? nodes.end() : std::next(std::prev(notSmaller)->node);
+        m_nodes.insert(messageIndex, 0);
+        const auto greater = std::ranges::lower_bound(added, messageIndex, {}, &Added::greatestMessageIndex);
+        const auto place = greater == added.begin() ? nodes.end() : std::next(std::prev(greater)->node);
         const int greatest =
             added.empty() ? messageIndex : std::max(messageIndex, added.back().greatestMessageIndex);
-        added.push_back({nodes.insert(place, messageIndex), greatest});
-        m_nodes.insert(messageIndex, {line, 0});
+        added.push_back({nodes.insert(place, line), greatest});
     }
-    int rank = 0;
-    for (const int messageIndex : nodes)
-        m_nodes[messageIndex].rank = rank++;
-}
-
-int TreeOrder::rankOf(int messageIndex) const
-{
-    const auto node = m_nodes.find(messageIndex);
-    return node == m_nodes.end() ? static_cast<int>(m_nodes.size()) : node->rank;
-}
-
-std::vector<const Line *> TreeOrder::lines() const
-{
-    std::vector<const Line *> lines(static_cast<std::size_t>(m_nodes.size()));
-    for (const Node &node : m_nodes)
-        lines[static_cast<std::size_t>(node.rank)] = node.line;
-    return lines;
+    m_lines.assign(nodes.begin(), nodes.end());
+    for (int number = 0; const Line *line : m_lines)
+        m_nodes[line->messageIndex] = number++;
 }
 
 const Line *TreeOrder::lineAt(int messageIndex) const
 {
     const auto node = m_nodes.find(messageIndex);
-    return node == m_nodes.end() ? nullptr : node->line;
+    return node == m_nodes.end() ? nullptr : m_lines[static_cast<std::size_t>(*node)];
+}
+
+int TreeOrder::nodeAt(int messageIndex) const
+{
+    return m_nodes.value(messageIndex, static_cast<int>(m_lines.size()));
 }
 
 } // namespace varnow

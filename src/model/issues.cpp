@@ -19,7 +19,7 @@ struct OwnedField
 {
     const Field *field;
     const Line *line; ///< the one that it names, null where there is none
-    int sequence;     ///< place among the fields of the configuration
+    int sequence;     ///< number among the fields of the configuration
 };
 
 /// The records of one configuration, in table order.
@@ -58,44 +58,37 @@ class Found
 public:
     explicit Found(const TreeOrder &order) : m_order(order) {}
 
-    void add(const Line &line, IssueKind kind, const QString &text)
+    void add(const Line &line, const QString &text)
     {
-        add({m_order.rankOf(line.messageIndex), -1}, {kind, text, {RecordKind::Line, keyOf(line)}});
+        add(m_order.placeOf(line), {text, {RecordKind::Line, keyOf(line)}});
     }
 
-    void add(const OwnedField &owned, IssueKind kind, const QString &text, Fix fix = Fix::None)
+    void add(const OwnedField &owned, const QString &text, Fix fix = Fix::None)
     {
         const Field &field = *owned.field;
-        add({m_order.rankOf(field.messageIndex), owned.sequence},
-            {kind,
-             text,
-             {RecordKind::Field, keyOf(field)},
-             fix,
-             owned.line ? keyOf(*owned.line) : RecordKey()});
+        add(m_order.placeOf(field, owned.sequence),
+            {text, {RecordKind::Field, keyOf(field)}, fix, owned.line ? keyOf(*owned.line) : RecordKey()});
     }
 
     /// Hands over all of it in the order of the tree.
     void moveTo(std::vector<Issue> &issues)
     {
-        std::ranges::stable_sort(m_entries, {}, &Entry::place);
-        for (Entry &entry : m_entries)
-            issues.push_back(std::move(entry.issue));
+        std::ranges::stable_sort(m_issues, {}, &PlacedIssue::place);
+        for (PlacedIssue &placed : m_issues)
+            issues.push_back(std::move(placed.issue));
     }
 
 private:
-    /// The node of the line, and the place below it.
-    using Place = std::pair<int, int>;
-
-    struct Entry
+    struct PlacedIssue
     {
-        Place place;
+        TreePlace place;
         Issue issue;
     };
 
-    void add(Place place, Issue issue) { m_entries.push_back({place, std::move(issue)}); }
+    void add(TreePlace place, Issue issue) { m_issues.push_back({place, std::move(issue)}); }
 
     const TreeOrder &m_order;
-    std::vector<Entry> m_entries;
+    std::vector<PlacedIssue> m_issues;
 };
 
 Issue unknownConfiguration(const QString &configuration, const Records &records)
@@ -107,8 +100,7 @@ Issue unknownConfiguration(const QString &configuration, const Records &records)
     const RecordReference first =
         hasLine ? RecordReference{RecordKind::Line, keyOf(*records.lines.front())}
                 : RecordReference{RecordKind::Field, keyOf(*records.fields.front().field)};
-    return {IssueKind::UnknownConfiguration,
-            text.arg(counted(qint64(records.lines.size()), "line"),
+    return {text.arg(counted(qint64(records.lines.size()), "line"),
                      counted(qint64(records.fields.size()), "field")),
             first};
 }
@@ -120,19 +112,16 @@ void checkMessageIndexes(std::vector<const Line *> lines, const TreeOrder &order
     for (const Line *line : lines) {
         const int messageIndex = line->messageIndex;
         if (const Line *shown = order.lineAt(messageIndex); shown != line)
-            found.add(
-                *line, IssueKind::SameMessageIndex,
-                QStringLiteral("%1 has message index %2 as line %3 has, so that the tree does not show it.")
-                    .arg(textOf(*line), QString::number(messageIndex), shownName(*shown)));
+            found.add(*line, QStringLiteral(
+                                 "%1 has message index %2 as line %3 has, so that the tree does not show it.")
+                                 .arg(textOf(*line), QString::number(messageIndex), shownName(*shown)));
         if (messageIndex == expected + 1)
-            found.add(*line, IssueKind::MessageIndexGap,
-                      QStringLiteral("No line before line %1 has message index %2.")
-                          .arg(shownName(*line), QString::number(expected)));
+            found.add(*line, QStringLiteral("No line before line %1 has message index %2.")
+                                 .arg(shownName(*line), QString::number(expected)));
         else if (messageIndex > expected)
-            found.add(
-                *line, IssueKind::MessageIndexGap,
-                QStringLiteral("No line before line %1 has a message index from %2 to %3.")
-                    .arg(shownName(*line), QString::number(expected), QString::number(messageIndex - 1)));
+            found.add(*line, QStringLiteral("No line before line %1 has a message index from %2 to %3.")
+                                 .arg(shownName(*line), QString::number(expected),
+                                      QString::number(messageIndex - 1)));
         expected = std::max(expected, qint64{messageIndex} + 1);
     }
 }
@@ -141,15 +130,14 @@ void checkMembership(const OwnedField &owned, const TreeOrder &order, Found &fou
 {
     const Field &field = *owned.field;
     if (owned.line == nullptr) {
-        found.add(owned, IssueKind::FieldWithoutLine,
-                  QStringLiteral("%1 belongs to line %2, which does not exist.")
-                      .arg(textOf(field), shownName(field.line, field.lineIndex)));
+        found.add(owned, QStringLiteral("%1 belongs to line %2, which does not exist.")
+                             .arg(textOf(field), shownName(field.line, field.lineIndex)));
         return;
     }
     if (field.messageIndex == owned.line->messageIndex)
         return;
     const Line *other = order.lineAt(field.messageIndex);
-    found.add(owned, IssueKind::FieldElsewhere,
+    found.add(owned,
               QStringLiteral("%1 has message index %2, but its line %3 has %4. The tree shows it %5.")
                   .arg(textOf(field), QString::number(field.messageIndex), shownName(*owned.line),
                        QString::number(owned.line->messageIndex),
@@ -166,12 +154,11 @@ void checkPositions(FieldsOfLine fields, Found &found)
         if (first == nullptr || positionOf(first) != positionOf(owned))
             first = owned;
         else
-            found.add(
-                *owned, IssueKind::SamePosition,
-                QStringLiteral("%1 has position %2 of line %3 as field %4 has, so that the tree does not "
-                               "show it.")
-                    .arg(textOf(*owned->field), QString::number(positionOf(owned)), shownName(*owned->line),
-                         shownName(*first->field)));
+            found.add(*owned, QStringLiteral(
+                                  "%1 has position %2 of line %3 as field %4 has, so that the tree does not "
+                                  "show it.")
+                                  .arg(textOf(*owned->field), QString::number(positionOf(owned)),
+                                       shownName(*owned->line), shownName(*first->field)));
     }
 }
 
@@ -184,29 +171,24 @@ void checkLayout(const FieldsOfLine &fields, Found &found)
         owners[owned->field] = owned;
     }
     const LineLayout layout = layoutOf(plain);
-    const auto add = [&](const LayoutBar &bar, IssueKind kind, const QString &text) {
-        found.add(*owners[bar.field], kind, text);
-    };
+    const auto add = [&](const LayoutBar &bar, const QString &text) { found.add(*owners[bar.field], text); };
     for (const LayoutBar &bar : layout.bars) {
         if (bar.length < 1)
-            add(bar, IssueKind::NoLength, textOf(*bar.field) + " is a fixed-length field without a length.");
+            add(bar, textOf(*bar.field) + " is a fixed-length field without a length.");
         if (bar.start < 1)
-            add(bar, IssueKind::NoLength,
-                textOf(*bar.field) + " is a fixed-length field without a character position.");
+            add(bar, textOf(*bar.field) + " is a fixed-length field without a character position.");
     }
     for (const LayoutOverlap &overlap : layout.overlaps) {
         const LayoutBar &bar = layout.bars[overlap.second];
-        add(bar, IssueKind::Overlap,
-            QStringLiteral("%1 overlaps field %2 at %3.")
-                .arg(textOf(*bar.field), shownName(*layout.bars[overlap.first].field),
-                     charactersText(overlap.start, overlap.length)));
+        add(bar, QStringLiteral("%1 overlaps field %2 at %3.")
+                     .arg(textOf(*bar.field), shownName(*layout.bars[overlap.first].field),
+                          charactersText(overlap.start, overlap.length)));
     }
     for (const LayoutGap &gap : layout.gaps) {
         const LayoutBar &bar = layout.bars[gap.before];
-        add(bar, IssueKind::Gap,
-            QStringLiteral("No field fills %1 of line %2, before field %3.")
-                .arg(charactersText(gap.start, gap.length), shownName(bar.field->line, bar.field->lineIndex),
-                     shownName(*bar.field)));
+        add(bar, QStringLiteral("No field fills %1 of line %2, before field %3.")
+                     .arg(charactersText(gap.start, gap.length),
+                          shownName(bar.field->line, bar.field->lineIndex), shownName(*bar.field)));
     }
 }
 
@@ -214,7 +196,7 @@ void checkLookup(const OwnedField &owned, const QSet<QString> &dataFieldNames, F
 {
     const QString &lookup = owned.field->lookup;
     if (!lookup.isEmpty() && !dataFieldNames.contains(lookup))
-        found.add(owned, IssueKind::UnknownLookup,
+        found.add(owned,
                   QStringLiteral("The lookup of field %1 is \"%2\", which is no data field name of the "
                                  "configuration.")
                       .arg(shownName(*owned.field), isolated(lookup)));
@@ -227,7 +209,7 @@ void checkConfiguration(const Records &records, const std::optional<QSet<QString
     Found found(order);
     const auto checkLetterCase = [&](const auto &entry, const void *record) {
         if (const auto text = letterCase.find(record); text != letterCase.end())
-            found.add(entry, IssueKind::LetterCase, text->second);
+            found.add(entry, text->second);
     };
     checkMessageIndexes(records.lines, order, found);
     for (const Line *line : records.lines)

@@ -11,34 +11,16 @@
 
 namespace varnow {
 
-/// What can be wrong with a record, or with a row of the database.
-enum class IssueKind {
-    UnknownConfiguration, ///< not in the catalogue, or none
-    SameMessageIndex,     ///< as an earlier line, so that the tree does not show this one
-    MessageIndexGap,
-    FieldWithoutLine,
-    FieldElsewhere, ///< its message index is not its line's
-    SamePosition,   ///< as another field of the line, so that the tree does not show this one
-    NoLength,       ///< of a fixed-length field, or no character position
-    Overlap,
-    Gap,
-    UnknownLookup,
-    LetterCase,   ///< its key differs from another one in letter case only
-    StrayRow,     ///< a row that shares its key with another one, or stands under another line
-    NullNameIndex ///< a row that a save does not find
-};
-
 /// What helps.
 enum class Fix {
     None,
     MoveItsFields,   ///< moveFieldsToLine() of the issue's line
-    RemoveAtNextSave ///< of a row, see storage/rowFindings.h
+    RemoveAtNextSave ///< of a row, see storage/rowIssues.h
 };
 
 /// Something to put right.
 struct Issue
 {
-    IssueKind kind;
     QString text; ///< a sentence or two
     RecordReference record;
     Fix fix = Fix::None;

@@ -56,12 +56,24 @@ private:
     bool m_holdsParenthesis;
 };
 
-/// A match and its place in the tree: the node of its line, lines before fields.
 struct Match
 {
-    std::pair<int, RecordKind> place;
+    TreePlace place;
     RecordReference record;
 };
+
+/// The texts of a field, beside its key and its line, that users see: Lookup, Format and the like.
+std::vector<QString Field::*> searchedTexts()
+{
+    std::vector<QString Field::*> texts;
+    for (const Column<Field> &column : Field::columns()) {
+        const auto *text = std::get_if<QString Field::*>(&column.member);
+        if (text != nullptr && column.use == ColumnUse::Value && *column.caption != '\0' &&
+            column.reading != ColumnReading::Untrimmed)
+            texts.push_back(*text);
+    }
+    return texts;
+}
 
 } // namespace
 
@@ -75,18 +87,17 @@ std::vector<RecordReference> search(const Model &model, const QString &configura
         lines.push_back(&line);
     const TreeOrder order(lines);
     std::vector<Match> matches;
-    const auto add = [&](RecordKind kind, const auto &record) {
-        matches.push_back({{order.rankOf(record.messageIndex), kind}, {kind, keyOf(record)}});
-    };
     for (const Line *line : lines) {
         if (needle.isInName(line->name, line->nameIndex) || needle.isInNumbers({line->messageIndex}))
-            add(RecordKind::Line, *line);
+            matches.push_back({order.placeOf(*line), {RecordKind::Line, keyOf(*line)}});
     }
-    for (const Field &field : model.fields.ofConfiguration(configuration)) {
+    const std::vector<QString Field::*> texts = searchedTexts();
+    for (int sequence = 0; const Field &field : model.fields.ofConfiguration(configuration)) {
         if (needle.isInName(field.name, field.nameIndex) || needle.isInName(field.line, field.lineIndex) ||
-            needle.isInNumbers({field.messageIndex, field.position}) || needle.isInText(field.lookup) ||
-            needle.isInText(field.format) || needle.isInText(field.constant))
-            add(RecordKind::Field, field);
+            needle.isInNumbers({field.messageIndex, field.position}) ||
+            std::ranges::any_of(texts, [&](auto member) { return needle.isInText(field.*member); }))
+            matches.push_back({order.placeOf(field, sequence), {RecordKind::Field, keyOf(field)}});
+        ++sequence;
     }
     if (!std::ranges::is_sorted(matches, {}, &Match::place))
         std::ranges::stable_sort(matches, {}, &Match::place);

@@ -7,10 +7,12 @@
 
 namespace varnow {
 
-/// The records of a configuration that hold a text, in the order of the tree; those that it does not show
-/// come last. Looks, whatever the letter case, at the name with its index, at the message index with the
-/// position
-/// ("3.1"), and at a field's line with its index, lookup, format and constant. An empty text is nowhere.
+/// Finds the records of a configuration that contain a text, in upper or lower case. They come in the order
+/// of the tree, those that the tree does not show at the end.
+///
+/// The text is looked for in the name with its index ("NTE(1)") and in the message index with the position
+/// ("3.1"). In a field it is also looked for in the name and index of its line and in the texts that have a
+/// caption: lookup, format and constant. An empty text is found nowhere.
 std::vector<RecordReference> search(const Model &model, const QString &configuration, const QString &text);
 
 } // namespace varnow

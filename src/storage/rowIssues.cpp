@@ -137,11 +137,10 @@ QString standsElsewhere(const Field &row, const Field &field)
         .arg(shownName(row), shownName(row.line, row.lineIndex), shownName(field.line, field.lineIndex));
 }
 
-template <class Record>
-RowIssue issueOf(const Row<Record> &row, IssueKind kind, const QString &text, Fix fix, int keptId = 0)
+template <class Record> RowIssue issueOf(const Row<Record> &row, const QString &text, Fix fix, int keptId = 0)
 {
     const RecordReference record{Names<Record>::kind, keyOf(row.record)};
-    return {{kind, QStringLiteral("Row %1 ").arg(row.record.id) + text, record, fix}, row.record, keptId};
+    return {{QStringLiteral("Row %1 ").arg(row.record.id) + text, record, fix}, row.record, keptId};
 }
 
 /// Looks through the rows of one record in memory.
@@ -154,7 +153,7 @@ void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowIs
         if (&row == kept) {
             if (row.isNullIndexed)
                 issues.push_back(issueOf(
-                    row, IssueKind::NullNameIndex,
+                    row,
                     "of " + name +
                         " has no name index or line index. A save does not find it and writes another row.",
                     Fix::None));
@@ -164,8 +163,7 @@ void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowIs
         if (text.isEmpty() && kept != nullptr)
             text = QStringLiteral("has the key of %1 as row %2 has. A save writes only one of them.")
                        .arg(name, QString::number(kept->record.id));
-        issues.push_back(issueOf(row, IssueKind::StrayRow, text, Fix::RemoveAtNextSave,
-                                 kept == nullptr ? 0 : kept->record.id));
+        issues.push_back(issueOf(row, text, Fix::RemoveAtNextSave, kept == nullptr ? 0 : kept->record.id));
     }
 }
 
