@@ -149,7 +149,7 @@ LeftChanges Document::restore(const LeftChanges &left)
 
 void Document::reapply(const LeftChanges &conflicts)
 {
-    const auto count = static_cast<qint64>(conflicts.lines.size() + conflicts.fields.size());
+    const auto count = qint64(conflicts.lines.size()) + qint64(conflicts.fields.size());
     drop(m_conflicts.lines, conflicts.lines);
     drop(m_conflicts.fields, conflicts.fields);
     const QString changes = counted(count, "change");
