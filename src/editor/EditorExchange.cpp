@@ -73,7 +73,7 @@ FileContents contentsOf(ExportFormat format, const Model &model, const QString &
     Q_UNREACHABLE();
 }
 
-QString configurationOf(const ImportRow &row)
+QString configurationOf(const FileRow &row)
 {
     return std::visit([](const auto &record) { return record.configuration; }, row.record);
 }
@@ -82,7 +82,7 @@ QString configurationOf(const ImportRow &row)
 QString configurationAfter(const ImportPlan &plan, const QString &shown)
 {
     QString first;
-    for (const ImportRow &row : plan.rows) {
+    for (const FileRow &row : plan.rows) {
         if (row.outcome != RowOutcome::Added && row.outcome != RowOutcome::Changed)
             continue;
         if (configurationOf(row) == shown)
