@@ -1,7 +1,7 @@
 #include "exchange/ImportPlan.h"
 
 #include "base/text.h"
-#include "exchange/RowReader.h"
+#include "exchange/FileRowReader.h"
 #include "exchange/csv.h"
 #include "exchange/exportCsv.h"
 #include "model/RecordReference.h"
@@ -33,11 +33,11 @@ public:
             m_names += file.name;
             readFile(file);
         }
-        for (ImportRow &row : m_plan.rows) {
+        for (FileRow &row : m_plan.rows) {
             if (auto *line = std::get_if<Line>(&row.record))
                 judge(row, *line, m_model.lines, m_lineRows);
         }
-        for (ImportRow &row : m_plan.rows) {
+        for (FileRow &row : m_plan.rows) {
             if (auto *field = std::get_if<Field>(&row.record)) {
                 if (!m_readers[row.file].hasMessageIndex(row.cells))
                     field->messageIndex = messageIndexFor(*field);
@@ -59,7 +59,7 @@ private:
                    std::get<Line>((*line)->record).messageIndex != field.messageIndex &&
                    !m_fieldRows.contains(keyOf(field));
         };
-        const auto leavesRow = [&](const ImportRow &row) {
+        const auto leavesRow = [&](const FileRow &row) {
             const auto *field = std::get_if<Field>(&row.record);
             if (field == nullptr || row.outcome != RowOutcome::Changed)
                 return false;
@@ -86,14 +86,14 @@ private:
                 lineAt.insert({line.configuration, line.messageIndex}, keyOf(line));
         }
         QStringList hidden;
-        for (const ImportRow &row : m_plan.rows) {
+        for (const FileRow &row : m_plan.rows) {
             const auto *line = std::get_if<Line>(&row.record);
             if (line == nullptr || row.outcome == RowOutcome::Refused)
                 continue;
-            const std::pair place(line->configuration, line->messageIndex);
-            const auto other = lineAt.constFind(place);
+            const std::pair node(line->configuration, line->messageIndex);
+            const auto other = lineAt.constFind(node);
             if (other == lineAt.cend())
-                lineAt.insert(place, keyOf(*line));
+                lineAt.insert(node, keyOf(*line));
             else
                 hidden += QStringLiteral("%1 and %2")
                               .arg(shownName(other->name, other->nameIndex), shownName(*line));
@@ -157,8 +157,8 @@ private:
     {
         if (std::ranges::all_of(cells, [](const QString &cell) { return isBlank(cell); }))
             return;
-        ImportRow row{m_plan.headers.size() - 1, number, std::move(cells), Line(), RowOutcome::Added, {}};
-        const RowReader &reader = m_readers.back();
+        FileRow row{m_plan.headers.size() - 1, number, std::move(cells), Line(), RowOutcome::Added, {}};
+        const FileRowReader &reader = m_readers.back();
         const QString kind = trim(reader.cell(row.cells, kindColumn.data()));
         const bool isField =
             kind.isEmpty() ? reader.hasColumn("Line") : kind.compare(kindOf<Field>, Qt::CaseInsensitive) == 0;
@@ -176,7 +176,7 @@ private:
         m_plan.rows.push_back(std::move(row));
     }
 
-    template <class Record> void take(ImportRow &row, Parsed<Record> parsed)
+    template <class Record> void take(FileRow &row, Parsed<Record> parsed)
     {
         row.problems = std::move(parsed.problems);
         Record &record = parsed.record;
@@ -190,7 +190,7 @@ private:
 
     /// Decides what becomes of a row, whose record is complete.
     template <class Record, class Table>
-    void judge(ImportRow &row, Record &record, const Table &table, QHash<RecordKey, const ImportRow *> &known)
+    void judge(FileRow &row, Record &record, const Table &table, QHash<RecordKey, const FileRow *> &known)
     {
         row.outcome = RowOutcome::Refused;
         if (!row.problems.isEmpty())
@@ -231,16 +231,16 @@ private:
     const ImportTarget m_target;
     ImportPlan m_plan;
     QStringList m_names;
-    std::vector<RowReader> m_readers;               // one a file
-    QHash<RecordKey, const ImportRow *> m_lineRows; // the good ones
-    QHash<RecordKey, const ImportRow *> m_fieldRows;
+    std::vector<FileRowReader> m_readers;         // one a file
+    QHash<RecordKey, const FileRow *> m_lineRows; // the good ones
+    QHash<RecordKey, const FileRow *> m_fieldRows;
 };
 
 } // namespace
 
 int ImportPlan::count(RowOutcome outcome) const
 {
-    return static_cast<int>(std::ranges::count(rows, outcome, &ImportRow::outcome));
+    return static_cast<int>(std::ranges::count(rows, outcome, &FileRow::outcome));
 }
 
 ImportPlan planImport(const std::vector<ImportFile> &files, const Model &model,
@@ -254,7 +254,7 @@ void apply(const ImportPlan &plan, Model &model)
     std::vector<Field> fields;
     QSet<RecordKey> unchanged;
     QSet<RecordKey> renumbered; // lines
-    for (const ImportRow &row : plan.rows) {
+    for (const FileRow &row : plan.rows) {
         const bool isTaken = row.outcome == RowOutcome::Added || row.outcome == RowOutcome::Changed;
         const auto *field = std::get_if<Field>(&row.record);
         if (field != nullptr && isTaken)
@@ -277,18 +277,18 @@ void apply(const ImportPlan &plan, Model &model)
 
 QByteArray refusedRows(const ImportPlan &plan)
 {
-    const std::vector<RowReader> readers(plan.headers.begin(), plan.headers.end());
+    const std::vector<FileRowReader> readers(plan.headers.begin(), plan.headers.end());
     // A column that no file has stays out: a blank cell says more than none.
     QStringList header;
     for (const QString &name : csvHeader()) {
-        const auto hasColumn = [&](const RowReader &reader) {
+        const auto hasColumn = [&](const FileRowReader &reader) {
             return reader.hasColumn(name.toLatin1().constData());
         };
         if (name == kindColumn || std::ranges::any_of(readers, hasColumn))
             header += name;
     }
     std::vector<QStringList> rows{header + QStringList(reasonColumn)};
-    for (const ImportRow &row : plan.rows) {
+    for (const FileRow &row : plan.rows) {
         if (row.outcome != RowOutcome::Refused)
             continue;
         QStringList cells;

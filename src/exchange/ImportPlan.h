@@ -20,7 +20,7 @@ struct ImportFile
 enum class RowOutcome { Added, Changed, Unchanged, Refused };
 
 /// A row of a file to import.
-struct ImportRow
+struct FileRow
 {
     std::size_t file = 0; ///< number of its file
     int number = 0;       ///< counted in its file from 1, which is the header; empty rows do not count
@@ -34,7 +34,7 @@ struct ImportRow
 struct ImportPlan
 {
     std::vector<QStringList> headers; ///< of each file
-    std::vector<ImportRow> rows;      ///< of all files, in their order
+    std::vector<FileRow> rows;        ///< of all files, in their order
     QStringList problems;             ///< files that cannot be read, and why; a sentence each
     QStringList notes;                ///< what else the user has to know of the files; a sentence each
 

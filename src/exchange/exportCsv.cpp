@@ -20,15 +20,15 @@ void addRows(const auto &table, const QString &configuration, const QStringList 
              std::vector<QStringList> &rows)
 {
     const auto &columns = exchangedColumns<Record>();
-    QList<qsizetype> places;
+    QList<qsizetype> cells;
     for (const Column<Record> &column : columns)
-        places.append(header.indexOf(QLatin1String(column.name)));
+        cells.append(header.indexOf(QLatin1String(column.name)));
     for (const Record &record : table.ofConfiguration(configuration)) {
         QStringList row(header.size());
         row.front() = kindOf<Record>;
-        auto place = places.begin();
+        auto cell = cells.begin();
         for (const Column<Record> &column : columns)
-            row[*place++] = textIn(column, record);
+            row[*cell++] = textIn(column, record);
         rows.push_back(std::move(row));
     }
 }

@@ -117,18 +117,18 @@ private:
 template <class Record>
 void fill(Sheet &sheet, const auto &table, const QString &configuration, lxw_format *headerFormat)
 {
-    lxw_col_t place = 0;
+    lxw_col_t number = 0;
     for (const Column<Record> &column : exchangedColumns<Record>()) {
         const QString name = QLatin1String(column.name);
-        sheet.write(0, place, name, headerFormat);
+        sheet.write(0, number, name, headerFormat);
         qsizetype widest = name.size();
         lxw_row_t row = 0;
         for (const Record &record : table.ofConfiguration(configuration)) {
             ++row;
-            visit(column, record, [&](const auto &value) { sheet.write(row, place, value); });
+            visit(column, record, [&](const auto &value) { sheet.write(row, number, value); });
             widest = std::max(widest, textIn(column, record).size());
         }
-        sheet.setWidth(place++, widest);
+        sheet.setWidth(number++, widest);
     }
 }
 

@@ -13,21 +13,24 @@ struct FieldOrder
 {
     static Place placeOf(const Field &field) { return {field.messageIndex, field.position}; }
 
-    /// A field that has no smaller one before it goes to the front of its configuration, but at the top of
-    /// the table behind the first field there, if that one is neither of a greater message index nor the only
-    /// one. The databases in use were filled in this order, so it stays: the walk that made it kept -1 both
-    /// for "no place found yet" and for "before record 0", and took the second for the first.
+    /// Where a field goes that has no smaller field before it: to the front of its configuration. There is
+    /// one exception. If the configuration is the first of the table, has at least two fields, and the first
+    /// one does not have a greater message index, the new field goes behind this first one.
+    ///
+    /// The exception was a mistake: an earlier algorithm used -1 for "no place found yet" and also for
+    /// "before record 0". The databases in use were filled in this order, so it stays.
     static std::size_t offsetAtFront(const Front &front)
     {
         return front.isTopOfTable && front.hasSecond && !front.beginsGreaterGroup ? 1 : 0;
     }
 };
 
-/// Some fields of a table.
+/// Selects fields of a table.
 struct FieldSelection
 {
-    std::function<bool(const QString &)> hasConfiguration; ///< empty for those of all configurations
-    std::function<bool(const Field &)> hasField = {};      ///< empty for all fields of these
+    std::function<bool(const QString &)>
+        hasConfiguration; ///< whether to select from a configuration; empty: from all
+    std::function<bool(const Field &)> hasField = {}; ///< whether to select a field; empty: all
 };
 
 /// The fields of all configurations, and the rules about them.
@@ -42,21 +45,21 @@ public:
     /// Adds again a field that had been removed.
     void bringBack(const Field &field) { addOrdered(withWaitingRow(field)); }
 
-    /// Takes a row of the database in: in place of the field with its key, or as a new one.
+    /// Puts a row of the database into the table. It replaces the field with the same key, if there is one.
     void load(Field row);
 
-    /// Stores fields; of several that are new at one place the first stays the first.
+    /// Stores fields. New fields with the same message index and position keep their order.
     void storeAll(std::vector<Field> fields);
 
     /// Gives the selected fields the message index of the line that they belong to. Those without a line keep
     /// theirs.
     void copyMessageIndexes(const LineTable &lines, const FieldSelection &selection);
 
-    /// Number of fields that name a line. A line index below 1 counts those of every index.
+    /// Number of fields that name a line. With a line index below 1 the fields of every index count.
     int countOfLine(const QString &configuration, const QString &line, int lineIndex) const;
 
-    /// Highest position of a line's fields, taken no lower than 0, plus 1; a negative line index takes the
-    /// fields of every index. 0 when there is no higher one.
+    /// The highest position of a line's fields plus 1; 1 for a line without fields, 0 when the highest
+    /// position is the greatest number. With a negative line index the fields of every index count.
     int nextPosition(const QString &configuration, const QString &line, int lineIndex) const;
 };
 

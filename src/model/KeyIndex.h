@@ -7,9 +7,11 @@
 
 namespace varnow {
 
-/// Owns nodes and finds them by a hash; several nodes may have the same one. The hashes lie side by side in
-/// one open-addressed array, so that a look-up touches no node but those it is after: with a hundred
-/// thousand records the time goes into fetching memory.
+/// A hash table that owns its nodes. Several nodes may have the same hash.
+///
+/// It uses open addressing: the hashes are stored next to each other in one array. So a look-up reads only
+/// the nodes that have the hash it looks for. With a hundred thousand records, reading memory takes most of
+/// the time.
 template <class Node> class KeyIndex
 {
 public:
@@ -25,7 +27,7 @@ public:
         return *slot.node;
     }
 
-    /// Gives up a node of this index.
+    /// Removes a node of this table and returns it.
     std::unique_ptr<Node> take(std::size_t hash, const Node &node)
     {
         std::size_t hole = homeOf(hash);
@@ -33,7 +35,7 @@ public:
             hole = behind(hole);
         std::unique_ptr<Node> taken = std::move(m_slots[hole].node);
         --m_size;
-        // Nodes behind the hole move into it unless that would put them before their home.
+        // A node behind the hole moves into it, unless the hole is before the node's home.
         for (std::size_t i = behind(hole); m_slots[i].node; i = behind(i)) {
             if (distance(homeOf(m_slots[i].hash), i) >= distance(hole, i)) {
                 m_slots[hole] = std::move(m_slots[i]);

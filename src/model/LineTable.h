@@ -5,7 +5,7 @@
 
 namespace varnow {
 
-/// Lines are never inserted by their place: a new one goes to the end of the table.
+/// Lines are not kept in order: a new line goes to the end of the table.
 struct LineOrder
 {
     static Place placeOf(const Line &) { return {}; }
@@ -22,14 +22,14 @@ public:
     /// less keeps the id of a replaced line.
     void store(Line line);
 
-    /// Adds again a line that had been removed: before the first of its configuration with no smaller message
-    /// index, for renumber() goes by the order.
+    /// Adds a line again that had been removed. It goes before the first line of its configuration whose
+    /// message index is not smaller, because renumber() numbers the lines in table order.
     void bringBack(const Line &line);
 
     /// Numbers the lines of a configuration 1, 2, 3 … in table order.
     void renumber(const QString &configuration);
 
-    /// Highest message index of a configuration, taken no lower than 0, plus 1.
+    /// The highest message index of a configuration plus 1; 1 for a configuration without lines.
     int nextMessageIndex(const QString &configuration) const;
 };
 

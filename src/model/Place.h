@@ -4,7 +4,8 @@
 
 namespace varnow {
 
-/// Where a record belongs among those of its configuration: by group, and by rank within it.
+/// A record's place in the order of its configuration. Groups come one after the other; within a group,
+/// records are ordered by rank. The group of a field is its message index, the rank is its position.
 struct Place
 {
     int group = 0;
@@ -12,12 +13,13 @@ struct Place
     auto operator<=>(const Place &) const = default;
 };
 
-/// The records of a configuration that an ordered insert finds when none of them is smaller than the new one.
+/// What an insert in order knows about the records of a configuration when no record before the right place
+/// is smaller than the new one.
 struct Front
 {
-    bool isTopOfTable;       ///< no record of another configuration stands before them
-    bool beginsGreaterGroup; ///< the first of them is of a greater group than the new one
-    bool hasSecond;          ///< there are at least two
+    bool isTopOfTable;       ///< the records of this configuration are the first of the table
+    bool beginsGreaterGroup; ///< the first of them has a greater group than the new record
+    bool hasSecond;          ///< there are at least two of them
 };
 
 } // namespace varnow

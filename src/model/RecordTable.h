@@ -24,9 +24,9 @@ namespace varnow {
 /// `std::size_t offsetAtFront(const Front &)`, the offset from the front of its configuration for a record
 /// that has no smaller one before it.
 ///
-/// The order is kept in chunks, each holding neighbours of one configuration together with bounds of their
-/// places, so that a search passes over most records a chunk at a time. A record keeps its configuration and
-/// its address as long as it is in the table.
+/// The order is kept in chunks. A chunk holds neighbouring records of one configuration and the bounds of
+/// their places, so that a search can skip whole chunks. As long as a record is in the table, its
+/// configuration and its address stay the same.
 template <class Record, class Order> class RecordTable
 {
     struct Chunk;
@@ -37,7 +37,7 @@ template <class Record, class Order> class RecordTable
         Chunk *chunk = nullptr;
     };
 
-    struct Entry
+    struct Item
     {
         Node *node;
         Place place; // a copy, because reading it from the node costs a cache miss
@@ -46,11 +46,11 @@ template <class Record, class Order> class RecordTable
     struct Chunk
     {
         int configuration; // number of the configuration, see configurationNumber()
-        int start = 0;     // index of the first entry while m_numbered
-        // Bounds of the entries' places. They may be too wide, never too narrow.
+        int start = 0;     // index of the first item while m_numbered
+        // Bounds of the items' places. They may be too wide, never too narrow.
         int greatestGroup = std::numeric_limits<int>::min();
         Place least{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
-        std::vector<Entry> entries; // never empty between two operations
+        std::vector<Item> items; // never empty between two operations
 
         explicit Chunk(int configurationNumber) : configuration(configurationNumber) {}
 
@@ -65,11 +65,11 @@ template <class Record, class Order> class RecordTable
             const Chunk unbounded(configuration);
             greatestGroup = unbounded.greatestGroup;
             least = unbounded.least;
-            for (const Entry &entry : entries)
-                widenBounds(entry.place);
+            for (const Item &item : items)
+                widenBounds(item.place);
         }
 
-        Entry &entryOf(const Node &node) { return *std::ranges::find(entries, &node, &Entry::node); }
+        Item &itemOf(const Node &node) { return *std::ranges::find(items, &node, &Item::node); }
     };
 
     using Chunks = std::vector<std::unique_ptr<Chunk>>;
@@ -89,13 +89,13 @@ public:
         BasicIterator() = default;
         explicit BasicIterator(ChunkIterator chunk) : m_chunk(chunk) {}
 
-        const Record &operator*() const { return (*m_chunk)->entries[m_offset].node->record; }
+        const Record &operator*() const { return (*m_chunk)->items[m_offset].node->record; }
         const Record *operator->() const { return &**this; }
         bool operator==(const BasicIterator &) const = default;
 
         BasicIterator &operator++()
         {
-            if (++m_offset == (*m_chunk)->entries.size()) {
+            if (++m_offset == (*m_chunk)->items.size()) {
                 ++m_chunk;
                 m_offset = 0;
             }
@@ -157,9 +157,9 @@ public:
             if (group < chunk->least.group || group > chunk->greatestGroup ||
                 configurationOf(*chunk) != configuration)
                 continue;
-            for (const Entry &entry : chunk->entries) {
-                if (entry.place.group == group)
-                    found.push_back(&entry.node->record);
+            for (const Item &item : chunk->items) {
+                if (item.place.group == group)
+                    found.push_back(&item.node->record);
             }
         }
         return found;
@@ -169,7 +169,7 @@ public:
     const Record &operator[](int index) const
     {
         const Chunk &chunk = **chunkAt(index);
-        return chunk.entries[static_cast<std::size_t>(index - chunk.start)].node->record;
+        return chunk.items[static_cast<std::size_t>(index - chunk.start)].node->record;
     }
 
     /// Index of the first record with this key, or -1.
@@ -227,7 +227,7 @@ public:
         const int configuration = configurationNumber(record.configuration);
         if (m_chunks.empty() || m_chunks.back()->configuration != configuration)
             m_chunks.push_back(std::make_unique<Chunk>(configuration));
-        return insertAt(m_chunks.size() - 1, m_chunks.back()->entries.size(), std::move(record));
+        return insertAt(m_chunks.size() - 1, m_chunks.back()->items.size(), std::move(record));
     }
 
     /// Adds a record at an index, which may be size(). Raises errors::SubscriptOutOfRange beyond that.
@@ -242,7 +242,7 @@ public:
         if ((*position)->configuration == configuration)
             return insertAt(chunk, offset, std::move(record));
         if (offset == 0 && chunk > 0 && m_chunks[chunk - 1]->configuration == configuration)
-            return insertAt(chunk - 1, m_chunks[chunk - 1]->entries.size(), std::move(record));
+            return insertAt(chunk - 1, m_chunks[chunk - 1]->items.size(), std::move(record));
         if (offset > 0)
             split(chunk++, offset);
         m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunk),
@@ -272,13 +272,13 @@ public:
     void replace(int index, Record values)
     {
         Chunk &chunk = **chunkAt(index);
-        Entry &entry = chunk.entries[static_cast<std::size_t>(index - chunk.start)];
-        Node &node = *entry.node;
+        Item &item = chunk.items[static_cast<std::size_t>(index - chunk.start)];
+        Node &node = *item.node;
         const std::size_t oldHash = keyHash(node.record);
         const std::size_t hash = keyHash(values);
         node.record = std::move(values);
-        entry.place = Order::placeOf(node.record);
-        chunk.widenBounds(entry.place);
+        item.place = Order::placeOf(node.record);
+        chunk.widenBounds(item.place);
         noteChange(chunk);
         if (hash != oldHash)
             m_nodes.add(hash, m_nodes.take(oldHash, node));
@@ -289,11 +289,11 @@ public:
     {
         const auto position = chunkAt(index);
         Chunk &chunk = **position;
-        const auto entry = chunk.entries.begin() + (index - chunk.start);
+        const auto item = chunk.items.begin() + (index - chunk.start);
         noteChange(chunk);
-        m_nodes.take(keyHash(entry->node->record), *entry->node);
-        chunk.entries.erase(entry);
-        if (chunk.entries.empty())
+        m_nodes.take(keyHash(item->node->record), *item->node);
+        chunk.items.erase(item);
+        if (chunk.items.empty())
             m_chunks.erase(m_chunks.begin() + (position - m_chunks.begin()));
         else
             chunk.tightenBounds();
@@ -310,12 +310,12 @@ public:
                 continue;
             int index = chunk->start;
             bool isChanged = false;
-            for (Entry &entry : chunk->entries) {
-                if (!change(index++, entry.node->record))
+            for (Item &item : chunk->items) {
+                if (!change(index++, item.node->record))
                     continue;
                 noteChange(*chunk);
-                entry.place = Order::placeOf(entry.node->record);
-                chunk->widenBounds(entry.place);
+                item.place = Order::placeOf(item.node->record);
+                chunk->widenBounds(item.place);
                 isChanged = true;
             }
             if (isChanged)
@@ -349,7 +349,7 @@ private:
 
     static const QString &configurationOf(const Chunk &chunk)
     {
-        return chunk.entries.front().node->record.configuration;
+        return chunk.items.front().node->record.configuration;
     }
 
     void noteChange(const Chunk &chunk)
@@ -365,7 +365,7 @@ private:
         int start = 0;
         for (const auto &chunk : m_chunks) {
             chunk->start = start;
-            start += static_cast<int>(chunk->entries.size());
+            start += static_cast<int>(chunk->items.size());
         }
         m_numbered = true;
     }
@@ -373,7 +373,7 @@ private:
     int indexOfNode(const Node &node) const
     {
         numberChunks();
-        return node.chunk->start + static_cast<int>(&node.chunk->entryOf(node) - node.chunk->entries.data());
+        return node.chunk->start + static_cast<int>(&node.chunk->itemOf(node) - node.chunk->items.data());
     }
 
     typename Chunks::const_iterator chunkAt(int index) const
@@ -395,7 +395,7 @@ private:
         auto [chunk, offset] = greater;
         while (true) {
             for (; offset > 0; --offset) {
-                if (m_chunks[chunk]->entries[offset - 1].place < place)
+                if (m_chunks[chunk]->items[offset - 1].place < place)
                     return {chunk, offset};
             }
             do {
@@ -403,7 +403,7 @@ private:
                     return frontOf(first, greater);
                 --chunk;
             } while (!(m_chunks[chunk]->least < place));
-            offset = m_chunks[chunk]->entries.size();
+            offset = m_chunks[chunk]->items.size();
         }
     }
 
@@ -412,21 +412,21 @@ private:
     {
         std::size_t chunk = first;
         for (; continues(first, chunk); ++chunk) {
-            const auto &entries = m_chunks[chunk]->entries;
+            const auto &items = m_chunks[chunk]->items;
             if (m_chunks[chunk]->greatestGroup <= group)
                 continue;
-            for (std::size_t offset = 0; offset < entries.size(); ++offset) {
-                if (entries[offset].place.group > group)
+            for (std::size_t offset = 0; offset < items.size(); ++offset) {
+                if (items[offset].place.group > group)
                     return {chunk, offset};
             }
         }
-        return {chunk - 1, m_chunks[chunk - 1]->entries.size()};
+        return {chunk - 1, m_chunks[chunk - 1]->items.size()};
     }
 
     /// Where a record with no smaller one before it goes.
     Spot frontOf(std::size_t first, Spot greater) const
     {
-        const bool hasSecond = m_chunks[first]->entries.size() > 1 || continues(first, first + 1);
+        const bool hasSecond = m_chunks[first]->items.size() > 1 || continues(first, first + 1);
         return {first, Order::offsetAtFront({first == 0, greater == Spot(first, 0), hasSecond})};
     }
 
@@ -438,7 +438,7 @@ private:
 
     const Record &insertAt(std::size_t chunkNumber, std::size_t offset, Record record)
     {
-        if (m_chunks[chunkNumber]->entries.size() == chunkCapacity) {
+        if (m_chunks[chunkNumber]->items.size() == chunkCapacity) {
             // Records mostly arrive in order: a full chunk then stays full and a new one begins behind it.
             const std::size_t cut = offset == chunkCapacity ? chunkCapacity : chunkCapacity / 2;
             split(chunkNumber, cut);
@@ -452,24 +452,24 @@ private:
         Chunk &chunk = *m_chunks[chunkNumber];
         node.chunk = &chunk;
         const Place place = Order::placeOf(node.record);
-        chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(offset), {&node, place});
+        chunk.items.insert(chunk.items.begin() + static_cast<std::ptrdiff_t>(offset), {&node, place});
         chunk.widenBounds(place);
         noteChange(chunk);
         m_numbered = false;
         return node.record;
     }
 
-    /// Moves the entries from `cut` on into a new chunk behind.
+    /// Moves the items from `cut` on into a new chunk behind.
     void split(std::size_t chunkNumber, std::size_t cut)
     {
         Chunk &chunk = *m_chunks[chunkNumber];
         auto behind = std::make_unique<Chunk>(chunk.configuration);
-        const auto middle = chunk.entries.begin() + static_cast<std::ptrdiff_t>(cut);
-        behind->entries.assign(middle, chunk.entries.end());
+        const auto middle = chunk.items.begin() + static_cast<std::ptrdiff_t>(cut);
+        behind->items.assign(middle, chunk.items.end());
         behind->tightenBounds();
-        for (const Entry &entry : behind->entries)
-            entry.node->chunk = behind.get();
-        chunk.entries.erase(middle, chunk.entries.end());
+        for (const Item &item : behind->items)
+            item.node->chunk = behind.get();
+        chunk.items.erase(middle, chunk.items.end());
         chunk.tightenBounds();
         m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(chunkNumber) + 1, std::move(behind));
     }

@@ -12,15 +12,15 @@ namespace varnow {
 
 namespace {
 
-/// A row, as far as its key tells it.
+/// A row of the database. Only its identifier and its key were read.
 template <class Record> struct Row
 {
     Record record;
     bool isNullIndexed = false; ///< its name index or its line index is Null
-    bool isFoundBySave = true;  ///< a save finds it by its key, which is neither Null nor padded with blanks
+    bool isFoundBySave = true;  ///< a save finds it: no key column is Null or has blanks around its text
 };
 
-/// The rows of one record.
+/// All rows that have the key of one record in memory.
 template <class Record> using Rows = std::vector<Row<Record>>;
 
 template <class Record> struct Names;
@@ -59,7 +59,7 @@ template <class Record> QString selectKeys()
            SqlTable<Record>::order + ';';
 }
 
-/// Whether a save finds a row by the cell of a key column; a name index or line index may be Null.
+/// Whether a save finds a row by this cell of a key column.
 bool isFoundBy(const QVariant &cell, const QString &text)
 {
     return !cell.isNull() && cell.toString() == text;
@@ -89,7 +89,8 @@ template <class Record> Row<Record> readRow(const db::ResultSet &rows)
     return row;
 }
 
-/// The rows of every record but those that wait for deletion, in the order in which they are loaded.
+/// The rows of all records, in the order in which they are loaded. Rows that the next save deletes are left
+/// out.
 template <class Record> std::vector<Rows<Record>> readRows(Run &run, const QSet<int> &waiting)
 {
     std::vector<Rows<Record>> all;
@@ -109,7 +110,7 @@ template <class Record> std::vector<Rows<Record>> readRows(Run &run, const QSet<
     return all;
 }
 
-/// The row that a save is to write the record into; null when none has its key.
+/// The row into which a save writes the record; null when no row has its key.
 template <class Record> const Row<Record> *rowToKeep(const Rows<Record> &rows, const Record &record)
 {
     const auto rank = [&](const Row<Record> &row) {
@@ -143,7 +144,7 @@ template <class Record> RowIssue issueOf(const Row<Record> &row, const QString &
     return {{QStringLiteral("Row %1 ").arg(row.record.id) + text, record, fix}, row.record, keptId};
 }
 
-/// Looks through the rows of one record in memory.
+/// Adds what is wrong with the rows of one record in memory.
 template <class Record>
 void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowIssue> &issues)
 {
@@ -167,7 +168,7 @@ void checkRows(const Rows<Record> &rows, const Record &record, std::vector<RowIs
     }
 }
 
-template <class Record> void addFindings(Run &run, const Model &model, std::vector<RowIssue> &issues)
+template <class Record> void addIssues(Run &run, const Model &model, std::vector<RowIssue> &issues)
 {
     const auto &table = Names<Record>::tableOf(model);
     QSet<int> waiting;
@@ -181,8 +182,8 @@ template <class Record> void addFindings(Run &run, const Model &model, std::vect
     }
 }
 
-/// Whether the database tells the texts of a column apart by letter case: the empty result gives its
-/// collation to the letter.
+/// Whether the database distinguishes upper and lower case in the names of a table. The query compares 'a'
+/// with 'A' by the collation of the column Name, which the empty SELECT contributes.
 bool tellsLetterCaseApart(Run &run, QLatin1String table)
 {
     const db::ResultSet rows = run.query(
@@ -197,8 +198,8 @@ bool tellsLetterCaseApart(Run &run, QLatin1String table)
 std::vector<RowIssue> findRowIssues(Run &run, const Model &model)
 {
     std::vector<RowIssue> issues;
-    addFindings<Line>(run, model, issues);
-    addFindings<Field>(run, model, issues);
+    addIssues<Line>(run, model, issues);
+    addIssues<Field>(run, model, issues);
     return issues;
 }
 

@@ -19,13 +19,13 @@ struct RowIssue
     int keptId = 0;                ///< of the row that stays for the same record; 0 without one
 };
 
-/// The rows that share the key of another one or stand under another line than the record in memory, so that
-/// a save passes them by, and those without a name index or line index, which no save finds. Those that wait
-/// for deletion are left out. Raises the provider's error code, the error of a key that is no number, and
+/// Finds rows that a save does not write: rows with the same key as another row, rows under another line than
+/// their record in memory, and rows without a name index or line index. Rows that the next save deletes are
+/// left out. Raises the provider's error code, the error of a key that is no number, and
 /// errors::UserInterrupt when the user stopped it.
 std::vector<RowIssue> findRowIssues(Run &run, const Model &model);
 
-/// Lets the row of a issue with the fix RemoveAtNextSave wait for deletion. To be called within an
+/// Makes the next save delete the row of an issue whose fix is RemoveAtNextSave. To be called within an
 /// edit.
 void removeAtNextSave(Model &model, const RowIssue &found);
 

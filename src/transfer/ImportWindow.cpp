@@ -47,7 +47,7 @@ const FieldTable &tableOf(const Model &model, const Field &)
 }
 
 /// Why a row is refused, or what it brings.
-template <class Record> QStringList detailsOf(const ImportRow &row, const Record &record, const Model &model)
+template <class Record> QStringList detailsOf(const FileRow &row, const Record &record, const Model &model)
 {
     switch (row.outcome) {
     case RowOutcome::Added:
@@ -162,7 +162,7 @@ void ImportWindow::listRows()
         texts.push_back({"Not read", "", "", "", problem});
     for (const QString &note : m_plan.notes)
         texts.push_back({"Note", "", "", "", note});
-    const auto add = [&](const ImportRow &row) {
+    const auto add = [&](const FileRow &row) {
         std::visit(
             [&](const auto &record) {
                 const QString number = QString::number(row.number);
@@ -174,7 +174,7 @@ void ImportWindow::listRows()
             row.record);
     };
     for (const bool isRefused : {true, false}) {
-        for (const ImportRow &row : m_plan.rows) {
+        for (const FileRow &row : m_plan.rows) {
             if ((row.outcome == RowOutcome::Refused) == isRefused)
                 add(row);
         }

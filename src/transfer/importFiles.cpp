@@ -8,7 +8,7 @@ namespace varnow {
 
 namespace {
 
-QString configurationOf(const ImportRow &row)
+QString configurationOf(const FileRow &row)
 {
     return std::visit([](const auto &record) { return record.configuration; }, row.record);
 }
@@ -17,7 +17,7 @@ QString configurationOf(const ImportRow &row)
 QString configurationAfter(const ImportPlan &plan, const QString &shown)
 {
     QString first;
-    for (const ImportRow &row : plan.rows) {
+    for (const FileRow &row : plan.rows) {
         if (row.outcome != RowOutcome::Added && row.outcome != RowOutcome::Changed)
             continue;
         if (configurationOf(row) == shown)

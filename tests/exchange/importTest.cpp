@@ -24,7 +24,7 @@ struct ImportTest : ModelFixture, testing::Test
     {
         const QStringList words{"added", "changed", "unchanged", "refused"};
         QStringList told;
-        for (const ImportRow &row : plan(contents).rows)
+        for (const FileRow &row : plan(contents).rows)
             told += QString::number(row.number) + ' ' + words[static_cast<int>(row.outcome)] +
                     (row.problems.isEmpty() ? "" : ": " + row.problems.join('|'));
         return told;

@@ -1,4 +1,4 @@
-// Faults to catch: a issue that is missed, made twice, of the wrong record or out of the tree's order; a
+// Faults to catch: an issue that is missed, made twice, of the wrong record or out of the tree's order; a
 // check that takes quadratic time.
 
 #include "model/issues.h"
@@ -10,7 +10,7 @@ using namespace varnow::test;
 
 namespace {
 
-struct FindingsTest : testing::Test, ModelFixture
+struct IssuesTest : testing::Test, ModelFixture
 {
     IssueContext context{.configurations = {"S", "T"}, .dataFieldNames = {{"S", {"sex"}}}};
 
@@ -49,7 +49,7 @@ private:
 
 } // namespace
 
-TEST_F(FindingsTest, AreThoseOfTheTreeInItsOrder)
+TEST_F(IssuesTest, AreThoseOfTheTreeInItsOrder)
 {
     storeLine(1, "S", "PID", 0, 1);
     storeLine(2, "S", "OBX", 2, 6);
@@ -84,7 +84,7 @@ TEST_F(FindingsTest, AreThoseOfTheTreeInItsOrder)
     EXPECT_EQ(found().filter("]"), QStringList());
 }
 
-TEST_F(FindingsTest, OfFixedLengthFieldsTellTheCharacters)
+TEST_F(IssuesTest, OfFixedLengthFieldsTellTheCharacters)
 {
     storeLine(1, "S", "PID", 0, 1);
     addFixed("b", 4, 2);
@@ -103,7 +103,7 @@ TEST_F(FindingsTest, OfFixedLengthFieldsTellTheCharacters)
                        }));
 }
 
-TEST_F(FindingsTest, NameConfigurationsAndKeysThatTheDatabaseTakesForOthers)
+TEST_F(IssuesTest, NameConfigurationsAndKeysThatTheDatabaseTakesForOthers)
 {
     storeLine(1, "", "PID", 0, 1);
     storeLine(2, "S", "PID", 0, 1);
@@ -124,7 +124,7 @@ TEST_F(FindingsTest, NameConfigurationsAndKeysThatTheDatabaseTakesForOthers)
 }
 
 // Quadratic time would take an hour.
-TEST_F(FindingsTest, ComeAtOnceFromALargeConfiguration)
+TEST_F(IssuesTest, ComeAtOnceFromALargeConfiguration)
 {
     for (int i = 1; i <= 1000; ++i)
         storeLine(i, "S", "L", i, i);

@@ -40,9 +40,9 @@ TEST(TreeOrder, IsThatOfAWalkOverTheNodes)
     for (int round = 0; round < 2000; ++round) {
         std::vector<Line> lines;
         std::vector<int> messageIndexes;
-        for (auto count = random() % 12; count > 0; --count) {
+        for (int count = static_cast<int>(random() % 12); count > 0; --count) {
             messageIndexes.push_back(static_cast<int>(random() % 15) - 2);
-            lines.push_back(line(0, "S", "L", static_cast<int>(count), messageIndexes.back()));
+            lines.push_back(line(0, "S", "L", count, messageIndexes.back()));
         }
         std::vector<const Line *> pointers;
         for (const Line &each : lines)

@@ -9,7 +9,7 @@ namespace varnow::test {
 
 namespace {
 
-struct RowFindingsTest : StorageTest
+struct RowIssuesTest : StorageTest
 {
     std::vector<RowIssue> find()
     {
@@ -40,9 +40,9 @@ struct RowFindingsTest : StorageTest
 
 } // namespace
 
-ON_EVERY_ENGINE(RowFindingsTest);
+ON_EVERY_ENGINE(RowIssuesTest);
 
-TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
+TEST_P(RowIssuesTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
 {
     database.run("INSERT INTO LabLineConfig (id, Configuration, Name, NameIndex, MsgIndex) VALUES "
                  "(1, 'S', 'PID', 0, 1), (2, 'S', ' PID', 0, 2), (3, 'S', 'OBX', NULL, 3)");
@@ -82,7 +82,7 @@ TEST_P(RowFindingsTest, RemovesAtTheNextSaveWhatHidesBehindARecord)
     EXPECT_TRUE(fields.removed().empty()); // another row may have such an identifier by now
 }
 
-TEST_P(RowFindingsTest, AsksHowTheColumnsTellLetterCase)
+TEST_P(RowIssuesTest, AsksHowTheColumnsTellLetterCase)
 {
     varnow::Run asking(settings, run);
     EXPECT_TRUE(tellsLetterCaseApart(asking));

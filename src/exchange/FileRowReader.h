@@ -10,10 +10,10 @@
 namespace varnow {
 
 /// Reads the rows of a file by its header.
-class RowReader
+class FileRowReader
 {
 public:
-    explicit RowReader(const QStringList &header);
+    explicit FileRowReader(const QStringList &header);
 
     bool hasColumn(const char *name) const { return m_cells.contains(QLatin1String(name)); }
 

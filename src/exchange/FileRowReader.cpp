@@ -1,4 +1,4 @@
-#include "exchange/RowReader.h"
+#include "exchange/FileRowReader.h"
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -7,7 +7,7 @@
 
 namespace varnow {
 
-RowReader::RowReader(const QStringList &header)
+FileRowReader::FileRowReader(const QStringList &header)
 {
     const auto find = [&](QLatin1String name) {
         const auto isNamed = [name](const QString &cell) {
@@ -30,14 +30,15 @@ RowReader::RowReader(const QStringList &header)
     findColumns(m_fieldCells, Field::columns());
 }
 
-bool RowReader::hasMessageIndex(const QStringList &cells) const
+bool FileRowReader::hasMessageIndex(const QStringList &cells) const
 {
     return !isBlank(cells.value(m_fieldCells[columnNumber(&Field::messageIndex)]));
 }
 
 /// Gives the draft the cells that the file has. Returns the problems of those that must hold a number.
 template <class Record>
-QStringList RowReader::fill(Draft<Record> &draft, const QStringList &cells, const std::vector<int> &cellOf)
+QStringList FileRowReader::fill(Draft<Record> &draft, const QStringList &cells,
+                                const std::vector<int> &cellOf)
 {
     QStringList problems;
     for (std::size_t number = 0; const Column<Record> &column : Record::columns()) {
@@ -55,7 +56,7 @@ QStringList RowReader::fill(Draft<Record> &draft, const QStringList &cells, cons
     return problems;
 }
 
-Parsed<Line> RowReader::readLine(const QStringList &cells) const
+Parsed<Line> FileRowReader::readLine(const QStringList &cells) const
 {
     LineDraft draft;
     const QStringList noNumbers = fill(draft, cells, m_lineCells);
@@ -65,7 +66,7 @@ Parsed<Line> RowReader::readLine(const QStringList &cells) const
     return parsed;
 }
 
-Parsed<Field> RowReader::readField(const QStringList &cells) const
+Parsed<Field> FileRowReader::readField(const QStringList &cells) const
 {
     FieldDraft draft;
     const QStringList noNumbers = fill(draft, cells, m_fieldCells);
