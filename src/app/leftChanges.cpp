@@ -21,16 +21,21 @@ template <class Entries> QString countsOf(const Entries &entries)
     return counts.text();
 }
 
-QString questionAbout(const LeftChanges &left)
+QString questionAbout(const LeftChanges &left, const LeftFile &file)
 {
     const QDateTime time = left.time.toLocalTime();
     const QLocale locale;
-    return QStringList{QStringLiteral("Varnow was ended with unsaved changes on %1 at %2:")
-                           .arg(locale.toString(time.date(), QLocale::ShortFormat),
-                                locale.toString(time.time(), QLocale::ShortFormat)),
-                       "  Lines: " + countsOf(left.lines), "  Fields: " + countsOf(left.fields),
-                       "Do you want to bring them back?"}
-        .join(lineBreak);
+    QStringList lines{QStringLiteral("Varnow was ended with unsaved changes on %1 at %2:")
+                          .arg(locale.toString(time.date(), QLocale::ShortFormat),
+                               locale.toString(time.time(), QLocale::ShortFormat)),
+                      "  Lines: " + countsOf(left.lines), "  Fields: " + countsOf(left.fields)};
+    if (!left.drafts.empty())
+        lines += "  Typed, but not taken by Change: on " + counted(qint64(left.drafts.size()), "page");
+    if (left.damagedParts > 0)
+        lines += QStringList{"Others could not be read: the file is damaged in " +
+                                 counted(left.damagedParts, "place") + '.',
+                             "It will be kept in " + file.asidePath()};
+    return (lines + QStringList("Do you want to bring them back?")).join(lineBreak);
 }
 
 template <class Entries> QStringList namesOf(const Entries &entries, const QString &kind)
@@ -67,9 +72,10 @@ std::optional<LeftChanges> changesIn(LeftFile &file)
     using Changes = std::optional<LeftChanges>;
     return guarded([&]() -> Changes { return file.read(); },
                    [&](const RuntimeError &error) -> Changes {
-                       const QString aside = file.putAside();
+                       const bool isAside = file.putAside();
                        ui::show({QStringList{"The unsaved changes of an earlier run could not be read:",
-                                             error.description(), "They are kept in " + aside}
+                                             error.description(),
+                                             "They are kept in " + (isAside ? file.asidePath() : file.path())}
                                      .join(lineBreak),
                                  "Unsaved Changes", ui::Icon::Critical});
                        return {};
@@ -85,8 +91,12 @@ std::vector<LeftFile> offerLeftChanges(Document &document)
         const std::optional<LeftChanges> left = changesIn(file);
         if (!left)
             continue;
-        const ui::Answer answer =
-            ui::show({questionAbout(*left), "Unsaved Changes", ui::Icon::Question, ui::Buttons::YesNoCancel});
+        if (left->isEmpty() && left->damagedParts == 0) {
+            file.remove(); // all had become as in the database again
+            continue;
+        }
+        const ui::Answer answer = ui::show(
+            {questionAbout(*left, file), "Unsaved Changes", ui::Icon::Question, ui::Buttons::YesNoCancel});
         if (answer == ui::Answer::Yes)
             bringBack(*left, document);
         if (answer != ui::Answer::Cancel)

@@ -10,7 +10,7 @@ namespace varnow {
 
 namespace {
 
-constexpr int untilKept = 500; // milliseconds from a change until it is in the recovery file
+constexpr int untilEnded = 30'000; // milliseconds in which a program ends that is to end
 
 template <class Record>
 void drop(std::vector<UnsavedChange<Record>> &conflicts, const std::vector<UnsavedChange<Record>> &dropped)
@@ -25,11 +25,20 @@ void drop(std::vector<UnsavedChange<Record>> &conflicts, const std::vector<Unsav
 
 } // namespace
 
-Document::Document(const Session &session) : m_session(session), m_recovery(session.configurationDatabase)
+Document::Document(const Session &session)
+    : m_session(session)
+    , m_journal(session.configurationDatabase,
+                [this](const QString &problem) { // in the journal's thread
+                    if (!problem.isEmpty())
+                        QMetaObject::invokeMethod(this, [this] { Q_EMIT keepingFailed(); });
+                })
 {
-    m_recoveryTimer.setSingleShot(true);
-    m_recoveryTimer.setInterval(untilKept);
-    m_recoveryTimer.callOnTimeout(this, [this] { keepUnsavedChanges(); });
+    m_unlessEnded.setSingleShot(true);
+    m_unlessEnded.setInterval(untilEnded);
+    m_unlessEnded.callOnTimeout(this, [this] { // the end was called off
+        m_isGivenUp = false;
+        m_journal.rewrite(m_model, m_conflicts);
+    });
 }
 
 Document::~Document() = default;
@@ -89,8 +98,8 @@ void Document::redo()
 void Document::tellChanged(const EditStep &step)
 {
     m_isGivenUp = false;
-    if (!m_recoveryTimer.isActive()) // else one change after the other would put it off
-        m_recoveryTimer.start();
+    m_unlessEnded.stop();
+    m_journal.note(m_model, step);
     Q_EMIT changed(step);
 }
 
@@ -106,7 +115,9 @@ int Document::reload(RunObserver &observer)
 {
     Run run(m_session.configurationDatabase, observer);
     const int code = load(run);
-    keepUnsavedChanges();
+    m_isGivenUp = false;
+    m_unlessEnded.stop();
+    m_journal.rewrite(m_model, m_conflicts);
     return code;
 }
 
@@ -115,7 +126,7 @@ SaveReport Document::save(RunObserver &observer)
     SaveReport report{m_model.countUnsaved(), saveAll(m_session.configurationDatabase, m_model, observer)};
     if (report.result.code == 0 || report.result.code == errors::UserInterrupt)
         adoptIds(m_session.configurationDatabase, m_model, observer);
-    keepUnsavedChanges();
+    m_journal.rewrite(m_model, m_conflicts);
     report.unsaved = m_model.countUnsaved().total();
     Q_EMIT saved(report);
     return report;
@@ -123,18 +134,14 @@ SaveReport Document::save(RunObserver &observer)
 
 bool Document::keepUnsavedChanges()
 {
-    m_recoveryTimer.stop();
-    if (m_isGivenUp || m_recovery.write(m_model, m_conflicts))
-        return true;
-    Q_EMIT keepingFailed();
-    return false;
+    return m_isGivenUp || m_journal.flush();
 }
 
 void Document::giveUpUnsavedChanges()
 {
-    m_recoveryTimer.stop();
-    m_recovery.remove();
+    m_journal.drop();
     m_isGivenUp = true;
+    m_unlessEnded.start();
 }
 
 LeftChanges Document::restore(const LeftChanges &left)
@@ -144,6 +151,8 @@ LeftChanges Document::restore(const LeftChanges &left)
          [&](Edit &edit) { refused = varnow::restore(left, edit.model()); });
     m_conflicts.lines.insert(m_conflicts.lines.end(), refused.lines.begin(), refused.lines.end());
     m_conflicts.fields.insert(m_conflicts.fields.end(), refused.fields.begin(), refused.fields.end());
+    m_leftDrafts.insert(m_leftDrafts.end(), left.drafts.begin(), left.drafts.end());
+    m_journal.rewrite(m_model, m_conflicts);
     return refused;
 }
 
@@ -159,6 +168,7 @@ void Document::reapply(const LeftChanges &conflicts)
         for (const auto &change : conflicts.fields)
             edit.reapply(change);
     });
+    m_journal.rewrite(m_model, m_conflicts);
 }
 
 } // namespace varnow

@@ -2,6 +2,7 @@
 
 #include "model/History.h"
 #include "storage/Session.h"
+#include "storage/RecoveryJournal.h"
 #include "storage/recovery.h"
 #include "storage/save.h"
 
@@ -64,8 +65,10 @@ public:
     /// Whether a save has something to write or to delete.
     bool hasUnsavedChanges() const { return m_model.hasUnsavedChanges() || m_model.hasRowsToDelete(); }
 
-    /// Writes at once what is unsaved into the recovery file. Returns whether that went well.
+    /// Waits until what is unsaved is in the recovery file. Returns whether that went well.
     bool keepUnsavedChanges();
+    /// Whether the recovery file can not be written at present.
+    bool isKeepingFailing() const { return !m_journal.problem().isEmpty(); }
     /// What is unsaved is not to be kept, until something is changed.
     void giveUpUnsavedChanges();
     bool hasGivenUp() const { return m_isGivenUp; }
@@ -75,6 +78,10 @@ public:
     LeftChanges restore(const LeftChanges &left);
     /// Changes of an earlier run that were not brought back.
     const LeftChanges &conflicts() const { return m_conflicts; }
+    /// What is typed on the pages and not stored; it is kept in the recovery file, too.
+    void keepDrafts(const std::vector<PageDraft> &drafts) { m_journal.noteDrafts(drafts); }
+    /// What an earlier run has left of that.
+    const std::vector<PageDraft> &leftDrafts() const { return m_leftDrafts; }
     /// Makes these changes, whatever the records are now. They are no conflicts any more.
     void reapply(const LeftChanges &conflicts);
 
@@ -86,7 +93,7 @@ Q_SIGNALS:
     /// The records were read anew, with this result of loadAll().
     void loaded(int code);
     void saved(const SaveReport &report);
-    /// What is unsaved could not be written into the recovery file.
+    /// What is unsaved cannot be written into the recovery file.
     void keepingFailed();
 
 private:
@@ -98,8 +105,9 @@ private:
     History m_history;
     QString m_configuration;
     Edit *m_edit = nullptr; // the one that runs
-    RecoveryFile m_recovery;
-    QTimer m_recoveryTimer; // runs from a change until it is in the recovery file
+    RecoveryJournal m_journal;
+    std::vector<PageDraft> m_leftDrafts;
+    QTimer m_unlessEnded; // runs from the user's No to saving, behind which the program should end
     LeftChanges m_conflicts;
     bool m_isGivenUp = false; // the user said No to saving, and has changed nothing since
 };

@@ -138,6 +138,26 @@ void EditorWindow::loadWindow()
         m_notices.tellLoaded("Loaded");
     else
         m_notices.tell({greeting});
+    if (m_document.isKeepingFailing())
+        m_notices.tellNotKept();
+    bringBackDrafts();
+}
+
+/// Offers what an earlier run has left typed and not stored.
+void EditorWindow::bringBackDrafts()
+{
+    TypedEntries typed;
+    for (const PageDraft &draft : m_document.leftDrafts()) {
+        EntryPage *page = m_pages.named(draft.page);
+        if (page != nullptr && draft.texts.size() == page->entries().size())
+            typed.push_back({page, draft.texts, {}});
+    }
+    if (typed.empty())
+        return;
+    const Notices::Action action(m_notices);
+    m_notices.tell({"The entries are back; they are not stored yet."});
+    m_document.showConfiguration(m_document.leftDrafts().front().configuration);
+    m_pages.bringBack(typed);
 }
 
 ui::CloseDecision EditorWindow::closeRequested()

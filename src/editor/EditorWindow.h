@@ -35,6 +35,7 @@ private:
     void addEditMenu();
     void nameSteps();
     void loadWindow();
+    void bringBackDrafts();
     ui::CloseDecision closeRequested();
     void layOut();
     void accessDataDisplay();

@@ -40,6 +40,8 @@ public:
     std::function<void()> onEntered;
 
     RecordKind kind() const { return m_kind; }
+    /// What the recovery file calls the page.
+    QString draftName() const { return m_kind == RecordKind::Line ? "line" : "field"; }
 
     /// The entries in the order in which Tab walks them.
     virtual std::vector<ui::Control *> focusOrder() = 0;

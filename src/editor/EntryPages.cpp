@@ -7,13 +7,44 @@
 
 namespace varnow {
 
+namespace {
+
+constexpr int untilKept = 250; // milliseconds from a key until what is typed is handed to the recovery file
+
+} // namespace
+
 EntryPages::EntryPages(ui::Container &window, Document &document)
     : m_document(document), m_tabs(window, "pages", {120, 555, 9495, 2500})
 {
     m_tabs.setAccessibleName("Entry pages");
+    m_keepTimer.setSingleShot(true);
+    m_keepTimer.setInterval(untilKept);
+    m_keepTimer.callOnTimeout([this] { keepDrafts(); });
     m_tabs.onClick = [this] { turned(); };
     for (EntryPage *page : m_pages)
-        page->onEntered = [this] { m_isChanged = true; };
+        page->onEntered = [this] { entered(); };
+}
+
+void EntryPages::entered()
+{
+    m_isChanged = true;
+    if (!m_keepTimer.isActive())
+        m_keepTimer.start();
+}
+
+/// Hands what is typed and not stored to the recovery file.
+void EntryPages::keepDrafts()
+{
+    std::vector<PageDraft> drafts;
+    for (const TypedPage &page : typed())
+        drafts.push_back({page.page->draftName(), m_document.configuration(), page.texts});
+    m_document.keepDrafts(drafts);
+}
+
+EntryPage *EntryPages::named(const QString &name) const
+{
+    const auto found = std::ranges::find(m_pages, name, &EntryPage::draftName);
+    return found == m_pages.end() ? nullptr : *found;
 }
 
 void EntryPages::subscribe()
@@ -114,6 +145,7 @@ void EntryPages::follow(const EditStep &step)
 {
     if (!step.lines.empty())
         m_fields.listLines();
+    m_keepTimer.start(); // what was typed may be stored now
     bool isOther = false;
     for (EntryPage *page : m_pages) {
         const Following following = page->follow(step);

@@ -4,6 +4,8 @@
 #include "editor/LinePage.h"
 #include "ui/TabControl.h"
 
+#include <QTimer>
+
 #include <functional>
 #include <optional>
 #include <vector>
@@ -42,6 +44,9 @@ public:
     EntryPage &shown() { return page(m_tabs.currentPage() == 0 ? RecordKind::Line : RecordKind::Field); }
     const std::vector<EntryPage *> &all() const { return m_pages; }
 
+    /// The page of this name, as drafts have it; null without one.
+    EntryPage *named(const QString &name) const;
+
     /// Brings the page for records of a kind to the front.
     EntryPage &turnTo(RecordKind kind);
     void empty();
@@ -67,6 +72,8 @@ public:
 private:
     EntryPage &page(RecordKind kind);
     void turned();
+    void entered();
+    void keepDrafts();
     void follow(const EditStep &step);
 
     Document &m_document;
@@ -74,6 +81,7 @@ private:
     LinePage m_lines{m_tabs, m_document};
     FieldPage m_fields{m_tabs, m_document, m_lines};
     std::vector<EntryPage *> m_pages{&m_lines, &m_fields}; // in the order of their tabs
+    QTimer m_keepTimer; // runs from an entry until it is handed to the recovery file
     bool m_isReplacing = false;
     bool m_isChanged = false;
 };

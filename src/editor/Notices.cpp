@@ -77,7 +77,6 @@ void Notices::apply(const Remedy &remedy)
         onShow(*record);
 }
 
-/// Says once that a crash would lose what is unsaved.
 void Notices::tellNotKept()
 {
     if (!std::exchange(m_hasToldUnkept, true))

@@ -25,6 +25,9 @@ public:
     /// Tells how many records there are.
     void tellLoaded(const QString &verb);
 
+    /// Says once that a crash would lose what is unsaved.
+    void tellNotKept();
+
     ui::Notice::Button undoButton();
 
     /// What is told while such an object lives belongs to one action of the user.
@@ -44,7 +47,7 @@ public:
 private:
     ui::Notice shownFor(const DocumentNotice &notice);
     void apply(const Remedy &remedy);
-    void tellNotKept();
+
 
     Document &m_document;
     ui::NoticeBar m_bar;

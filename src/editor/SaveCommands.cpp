@@ -80,10 +80,8 @@ ui::CloseDecision SaveCommands::promptToSave()
     m_configuration.tellProblems();
     if (m_document.hasGivenUp())
         return ui::CloseDecision::Close;
-    if (!m_pages.isChanged() && !m_document.hasUnsavedChanges() && m_pages.typed().empty()) {
-        m_document.keepUnsavedChanges(); // the file may still tell of a change that was undone just now
+    if (!m_pages.isChanged() && !m_document.hasUnsavedChanges() && m_pages.typed().empty())
         return ui::CloseDecision::Close;
-    }
     const ui::Answer answer =
         ui::askYesNoCancel(QStringList{"Changes have been made to the configuration.",
                                        "Any changes will be lost if you continue without saving.",

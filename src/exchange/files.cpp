@@ -1,5 +1,7 @@
 #include "exchange/files.h"
 
+#include "base/syncToDisk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -36,7 +38,9 @@ FileContents readFile(const QString &path)
 QString writeFile(const QString &path, const QByteArray &contents)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.commit())
+    // commit() does not see what a full disk refuses, and puts the rest in place.
+    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush() &&
+        syncToDisk(file.handle()) && file.commit())
         return {};
     return QStringLiteral("The file %1 could not be written: %2.")
         .arg(QDir::toNativeSeparators(path), file.errorString());

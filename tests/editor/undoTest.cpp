@@ -23,7 +23,7 @@ struct UndoTest : EditorTest
     }
 
     static QString state() { return qEnvironmentVariable("XDG_STATE_HOME") + "/varnow"; }
-    static qsizetype recoveryFiles() { return QDir(state()).entryList({"*.json"}).size(); }
+    static qsizetype recoveryFiles() { return QDir(state()).entryList({"*.journal"}).size(); }
 
     void remove()
     {

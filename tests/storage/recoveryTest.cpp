@@ -3,81 +3,20 @@
 #include "storage/recovery.h"
 #include "model/Edit.h"
 
-#include "support/ModelFixture.h"
+#include "support/RecoveryFixture.h"
 #include "support/errorOf.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 using namespace varnow;
 using namespace varnow::test;
 
 namespace {
 
-const db::ConnectionSettings database{"host", "db", "user", "the password"};
-
-/// A state folder of the test's own.
-struct StateFolder
+struct RecoveryTest : RecoveryFixture
 {
-    StateFolder() { qputenv("XDG_STATE_HOME", folder.path().toUtf8()); }
-    ~StateFolder() { qunsetenv("XDG_STATE_HOME"); }
+    QByteArray written() { return contentsOf(onlyFile()); }
 
-    QTemporaryDir folder;
-};
-
-struct RecoveryTest : testing::Test, ModelFixture, StateFolder
-{
-    RecoveryTest() { loadRows(model); }
-
-    static void loadRows(Model &model)
-    {
-        model.lines.assign({line(1, "S", "PID", 0, 1), line(2, "S", "NTE", 1, 2)});
-        for (int i = 1; i <= 3; ++i)
-            model.fields.load(field("S", "F" + QString::number(i), i, i));
-    }
-
-    /// Adds, changes and removes lines and fields; one record is removed and entered again.
-    void edit()
-    {
-        lines.store(line(0, "S", hostile, 7, 3));
-        lines.store(line(0, "S", "PID", 0, 9));
-        fields.remove(fields.find("S", "F2", 0));
-        fields.store(field("S", "New", 5));
-        lines.remove(lines.find("S", "NTE", 1));
-        lines.store(line(0, "S", "NTE", 1, 8));
-        fields.store(field("T", hostile, 1));
-    }
-
-    QString state() const { return QDir(folder.path()).filePath("varnow"); }
-    QStringList files() const { return QDir(state()).entryList({"*.json"}, QDir::Files); }
-
-    /// The file as another program would have left it.
-    QString leave(const QByteArray &contents)
-    {
-        QFile file(state() + "/" + files().value(0).left(17) + "left.json");
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
-        return file.fileName();
-    }
-
-    QByteArray written()
-    {
-        QFile file(QDir(state()).filePath(files().value(0)));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
-
-    const QString hostile = QString("x'\"\n\r\t\\ \u202e ü ") + QChar(0) + "<b>";
     RecoveryFile recovery{database};
 };
-
-template <class Table> QList<std::tuple<QString, int, int>> rowsOf(const Table &table)
-{
-    QList<std::tuple<QString, int, int>> rows;
-    for (const auto &record : table)
-        rows += {record.configuration + record.name, record.nameIndex, record.messageIndex};
-    return rows;
-}
 
 } // namespace
 
@@ -91,7 +30,7 @@ TEST_F(RecoveryTest, KeepsAFileWhileSomethingIsUnsaved)
     EXPECT_TRUE(recovery.write(model));
     ASSERT_EQ(files().size(), 1);
     EXPECT_FALSE(written().contains("the password"));
-    EXPECT_EQ(QFile::permissions(state() + "/" + files()[0]) & ~(QFile::ReadUser | QFile::WriteUser),
+    EXPECT_EQ(QFile::permissions(onlyFile()) & ~(QFile::ReadUser | QFile::WriteUser),
               QFile::ReadOwner | QFile::WriteOwner);
     EXPECT_TRUE(LeftFile::findAll(database).empty()) << "its program runs";
     recovery.remove();
@@ -103,7 +42,7 @@ TEST_F(RecoveryTest, BringsBackWhatHasNotChangedSince)
 {
     edit();
     EXPECT_TRUE(recovery.write(model));
-    leave(written());
+    leave(written(), "left.journal");
     EXPECT_TRUE(LeftFile::findAll({"host", "other", "user", ""}).empty());
     std::vector<LeftFile> left = LeftFile::findAll(database);
     ASSERT_EQ(left.size(), 1U);
@@ -155,7 +94,7 @@ TEST_F(RecoveryTest, KeepsAHundredThousandChanges)
     for (int i = 0; i < 100'000; ++i)
         fields.store(field("Big", "F" + QString::number(i), i + 1));
     EXPECT_TRUE(recovery.write(model));
-    leave(written());
+    leave(written(), "left.journal");
     std::vector<LeftFile> left = LeftFile::findAll(database);
     ASSERT_EQ(left.size(), 1U);
     Model fresh;
@@ -167,9 +106,11 @@ TEST_F(RecoveryTest, KeepsAHundredThousandChanges)
 // Faults: a crash, or half of the changes, from a file that is not whole; such a file dropped.
 TEST_F(RecoveryTest, RefusesWhatIsNotWhole)
 {
-    edit();
-    EXPECT_TRUE(recovery.write(model));
-    const QByteArray whole = written();
+    QDir().mkpath(state());
+    const QByteArray whole =
+        R"({"version":1,"server":"host","database":"db","time":"2026-01-02T03:04:05.006Z",)"
+        R"("lines":[],"fields":[{"before":null,"now":{"id":-1,"Configuration":"S",)"
+        R"("Name":"New","NameIndex":0,"Position":5},"addedAnew":false}]})";
     const QByteArray broken[] = {"",
                                  "null",
                                  "{}",
@@ -178,16 +119,26 @@ TEST_F(RecoveryTest, RefusesWhatIsNotWhole)
                                  QByteArray(whole).replace("\"version\":1", "\"version\":2"),
                                  QByteArray(whole).replace("\"NameIndex\":0", "\"NameIndex\":1e99"),
                                  QByteArray(whole).replace("\"Name\":\"New\"", "\"Name\":7"),
+                                 QByteArray(whole).replace("\"Position\"", "\"Newer\""),
                                  QByteArray(whole).replace("\"now\":{", "\"then\":{")};
-    for (const QByteArray &contents : broken) {
-        const QString path = leave(contents);
-        std::vector<LeftFile> left = LeftFile::findAll(database);
-        ASSERT_EQ(left.size(), 1U);
-        EXPECT_NE(errorOf([&] { left[0].read(); }), 0) << contents.left(60).constData();
-        const QString aside = left[0].putAside();
-        EXPECT_TRUE(QFile::exists(aside) && !QFile::exists(path));
+    for (const char *ending : {"left.json", "left.journal"}) {
+        for (const QByteArray &contents : broken) {
+            const QString path = leave(contents, ending);
+            std::vector<LeftFile> left = LeftFile::findAll(database);
+            ASSERT_EQ(left.size(), 1U);
+            EXPECT_NE(errorOf([&] { left[0].read(); }), 0) << contents.left(60).constData();
+            EXPECT_TRUE(left[0].putAside());
+            EXPECT_TRUE(QFile::exists(left[0].asidePath()) && !QFile::exists(path));
+        }
     }
+    leave(whole, "left.json");
+    const LeftChanges changes = LeftFile::findAll(database).at(0).read();
+    ASSERT_EQ(changes.fields.size(), 1U) << "what an earlier version wrote is read";
+    EXPECT_EQ(changes.fields[0].now->position, 5);
+    EXPECT_EQ(changes.time.time(), QTime(3, 4, 5, 6));
+
     qputenv("XDG_STATE_HOME", "/proc/nowhere");
+    edit();
     EXPECT_FALSE(RecoveryFile(database).write(model));
     EXPECT_TRUE(LeftFile::findAll(database).empty());
 }
