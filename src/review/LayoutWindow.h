@@ -4,9 +4,8 @@
 #include "model/Model.h"
 #include "model/lineLayout.h"
 #include "ui/BarChart.h"
-#include "ui/Button.h"
 #include "ui/Label.h"
-#include "ui/Window.h"
+#include "ui/ListWindow.h"
 
 #include <functional>
 #include <optional>
@@ -17,8 +16,8 @@ namespace varnow {
 /// A fixed-length field as it is drawn.
 ui::Bar barOf(const LayoutBar &field);
 
-/// Draws the fixed-length fields of a line along its characters. Sizes in twips.
-class LayoutWindow : public ui::Window
+/// Draws the fixed-length fields of a line along its characters.
+class LayoutWindow : public ui::ListWindow
 {
 public:
     explicit LayoutWindow(const Model &model);
@@ -30,14 +29,11 @@ public:
     void draw(const std::optional<Line> &line, const std::optional<RecordName> &field);
 
 private:
-    void layOut();
-
     const Model &m_model;
     std::vector<RecordReference> m_fields; // by bar
 
-    ui::Label m_line{*this, "line", "", {120, 120, 8760, 195}};
-    ui::BarChart m_bars{*this, "bars", {120, 420, 8760, 2400}};
-    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+    ui::Label m_line{*this, "line", ""};
+    ui::BarChart m_bars{*this, "bars"};
 };
 
 } // namespace varnow

@@ -4,8 +4,8 @@
 #include "model/Model.h"
 #include "storage/recovery.h"
 #include "ui/Button.h"
+#include "ui/ListWindow.h"
 #include "ui/Table.h"
-#include "ui/Window.h"
 
 #include <functional>
 #include <variant>
@@ -13,8 +13,8 @@
 
 namespace varnow {
 
-/// Lists what is not saved, and what an earlier run left that could not be brought back. Sizes in twips.
-class UnsavedWindow : public ui::Window
+/// Lists what is not saved, and what an earlier run left that could not be brought back.
+class UnsavedWindow : public ui::ListWindow
 {
 public:
     /// What is taken over goes from the conflicts. Both must outlive the window.
@@ -36,7 +36,6 @@ private:
         bool isConflict;
     };
 
-    void layOut();
     void addRows();
     void revert();
     void reapply();
@@ -48,11 +47,9 @@ private:
     LeftChanges &m_conflicts;
     std::vector<Row> m_rows;
 
-    ui::Table m_list{
-        *this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}, {120, 120, 8760, 3600}};
-    ui::CommandButton m_revert{*this, "revert", "&Take back", {0, 0, 1515, 600}};
-    ui::CommandButton m_reapply{*this, "reapply", "Take &over", {0, 0, 1515, 600}};
-    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+    ui::Table m_list{*this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}};
+    ui::CommandButton m_revert{*this, "revert", "&Take back"};
+    ui::CommandButton m_reapply{*this, "reapply", "Take &over"};
 };
 
 } // namespace varnow
