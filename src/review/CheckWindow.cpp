@@ -16,10 +16,6 @@ namespace varnow {
 
 namespace {
 
-constexpr float margin = 120;
-constexpr float minimumWidth = 6000;
-constexpr float minimumHeight = 3000;
-
 struct FixTexts
 {
     QString caption;
@@ -41,21 +37,19 @@ FixTexts textsOf(Fix fix)
 
 } // namespace
 
-CheckWindow::CheckWindow(Document &document) : ui::Window("check", "Check", 9000, 4800), m_document(document)
+CheckWindow::CheckWindow(Document &document)
+    : ui::ListWindow("check", "Check", {90, 20}), m_document(document)
 {
     m_list.setAccessibleName("Findings");
-    setFocusOrder({&m_list, &m_all, &m_fix, &m_again, &m_close});
-    m_close.setCancel();
+    arrange({.above = {&m_all, &m_result}, .content = {&m_list}, .buttons = {&m_fix, &m_again}});
     m_all.setToolTip("Checks every configuration, not only the one that the editor shows.");
     m_again.setToolTip("Asks the database once more and checks everything anew.");
-    m_close.setToolTip("Closes this window.");
     QObject::connect(&document, &Document::changed, &document, [this] { followDocument(); });
     QObject::connect(&document, &Document::configurationChanged, &document, [this] { followDocument(); });
     onLoad = [this] {
         askDatabase();
         addRows();
     };
-    onResize = [this] { layOut(); };
     m_all.onClick = [this] { addRows(); };
     m_list.onSelect = [this] { followSelection(); };
     m_list.onActivate = [this](int item) { showRecordOf(item); };
@@ -64,19 +58,6 @@ CheckWindow::CheckWindow(Document &document) : ui::Window("check", "Check", 9000
         askDatabase();
         addRows();
     };
-    m_close.onClick = [this] { unload(); };
-}
-
-void CheckWindow::layOut()
-{
-    if (isMinimised())
-        return;
-    enforceMinimumSize(minimumWidth, minimumHeight);
-    const float top = innerHeight() - (m_close.height() + margin);
-    m_close.move(innerWidth() - (m_close.width() + margin), top);
-    m_fix.move({margin, top, 2300, m_close.height()});
-    m_again.move(m_fix.left() + m_fix.width(), top);
-    m_list.move({margin, 525, innerWidth() - 2 * margin, top - margin - 525});
 }
 
 /// Asks for what only the database knows. A failure is told, and what memory knows is listed none the less.

@@ -4,8 +4,8 @@
 #include "storage/rowIssues.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
+#include "ui/ListWindow.h"
 #include "ui/Table.h"
-#include "ui/Window.h"
 
 #include <functional>
 #include <optional>
@@ -13,8 +13,8 @@
 
 namespace varnow {
 
-/// Lists what is wrong with the records, in memory and in the database. Sizes in twips.
-class CheckWindow : public ui::Window
+/// Lists what is wrong with the records, in memory and in the database.
+class CheckWindow : public ui::ListWindow
 {
 public:
     /// The document must outlive the window.
@@ -31,7 +31,6 @@ private:
         std::optional<std::size_t> row; ///< index into what the database told
     };
 
-    void layOut();
     void askDatabase();
     void addRows();
     void followDocument();
@@ -45,12 +44,11 @@ private:
     QHash<QString, QStringList> m_dataFieldNames;
     std::vector<Item> m_items;
 
-    ui::CheckBox m_all{*this, "allConfigurations", "&All configurations", {120, 120, 3000, 285}};
-    ui::Label m_result{*this, "result", "", {3300, 165, 5500, 195}};
-    ui::Table m_list{*this, "issues", {"Configuration", "Finding"}, {120, 525, 8760, 3600}};
-    ui::CommandButton m_fix{*this, "fix", "&Fix", {0, 0, 1515, 600}};
-    ui::CommandButton m_again{*this, "again", "Chec&k again", {0, 0, 1515, 600}};
-    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+    ui::CheckBox m_all{*this, "allConfigurations", "&All configurations"};
+    ui::Label m_result{*this, "result", ""};
+    ui::Table m_list{*this, "issues", {"Configuration", "Finding"}};
+    ui::CommandButton m_fix{*this, "fix", "&Fix"};
+    ui::CommandButton m_again{*this, "again", "Chec&k again"};
 };
 
 } // namespace varnow

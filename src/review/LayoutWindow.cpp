@@ -6,42 +6,20 @@
 
 namespace varnow {
 
-namespace {
-
-constexpr float margin = 120;
-constexpr float minimumWidth = 5000;
-constexpr float minimumHeight = 2800;
-
-} // namespace
-
 ui::Bar barOf(const LayoutBar &field)
 {
     return {nameOf(*field.field), paddingOf(*field.field), field.start, field.length, field.overlaps};
 }
 
 LayoutWindow::LayoutWindow(const Document &document)
-    : ui::Window("layout", "Layout", 9000, 3600), m_document(document)
+    : ui::ListWindow("layout", "Layout", {90, 15}), m_document(document)
 {
     m_bars.setAccessibleName("Fixed-length fields");
-    setFocusOrder({&m_bars, &m_close});
-    m_close.setCancel();
-    m_close.setToolTip("Closes this window.");
+    arrange({.above = {&m_line}, .content = {&m_bars}});
     QObject::connect(&document, &Document::changed, &document, [this] { redraw(); });
-    onResize = [this] { layOut(); };
     m_bars.onBarClick = [this](int bar) {
         onShow(RecordReference(m_fields[static_cast<std::size_t>(bar)])); // they may be drawn anew meanwhile
     };
-    m_close.onClick = [this] { unload(); };
-}
-
-void LayoutWindow::layOut()
-{
-    if (isMinimised())
-        return;
-    enforceMinimumSize(minimumWidth, minimumHeight);
-    const float top = innerHeight() - (m_close.height() + margin);
-    m_close.move(innerWidth() - (m_close.width() + margin), top);
-    m_bars.move({margin, m_bars.top(), innerWidth() - 2 * margin, top - margin - m_bars.top()});
 }
 
 void LayoutWindow::draw(const std::optional<RecordKey> &line, const std::optional<RecordReference> &field)

@@ -4,9 +4,8 @@
 #include "model/RecordReference.h"
 #include "model/lineLayout.h"
 #include "ui/BarChart.h"
-#include "ui/Button.h"
 #include "ui/Label.h"
-#include "ui/Window.h"
+#include "ui/ListWindow.h"
 
 #include <functional>
 #include <optional>
@@ -17,8 +16,8 @@ namespace varnow {
 /// A fixed-length field as it is drawn.
 ui::Bar barOf(const LayoutBar &field);
 
-/// Draws the fixed-length fields of a line along its characters. Sizes in twips.
-class LayoutWindow : public ui::Window
+/// Draws the fixed-length fields of a line along its characters.
+class LayoutWindow : public ui::ListWindow
 {
 public:
     /// The document must outlive the window.
@@ -31,7 +30,6 @@ public:
     void draw(const std::optional<RecordKey> &line, const std::optional<RecordReference> &field);
 
 private:
-    void layOut();
     void redraw();
 
     const Document &m_document;
@@ -39,9 +37,8 @@ private:
     std::optional<RecordReference> m_shownField;
     std::vector<RecordReference> m_fields; // by bar
 
-    ui::Label m_line{*this, "line", "", {120, 120, 8760, 195}};
-    ui::BarChart m_bars{*this, "bars", {120, 420, 8760, 2400}};
-    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+    ui::Label m_line{*this, "line", ""};
+    ui::BarChart m_bars{*this, "bars"};
 };
 
 } // namespace varnow

@@ -12,10 +12,6 @@ namespace varnow {
 
 namespace {
 
-constexpr float margin = 120;
-constexpr float minimumWidth = 6000;
-constexpr float minimumHeight = 2550;
-
 QString kindText(ChangeKind kind)
 {
     switch (kind) {
@@ -61,36 +57,20 @@ RecordReference referenceTo(const Field &field)
 } // namespace
 
 UnsavedWindow::UnsavedWindow(Document &document)
-    : ui::Window("unsaved", "Unsaved Changes", 9000, 4800), m_document(document)
+    : ui::ListWindow("unsaved", "Unsaved Changes", {90, 20}), m_document(document)
 {
     m_list.setAccessibleName("Unsaved changes");
-    setFocusOrder({&m_list, &m_revert, &m_reapply, &m_close});
-    m_close.setCancel();
+    arrange({.content = {&m_list}, .buttons = {&m_revert, &m_reapply}});
     m_revert.setToolTip("Makes the selected records what the database holds of them again.");
     m_reapply.setToolTip("Makes the selected changes of an earlier run, whatever the records are now.");
-    m_close.setToolTip("Closes this window.");
     QObject::connect(&document, &Document::changed, &document, [this] { followDocument(); });
     QObject::connect(&document, &Document::saved, &document, [this] { followDocument(); });
     QObject::connect(&document, &Document::loaded, &document, [this] { followDocument(); });
     onLoad = [this] { addRows(); };
-    onResize = [this] { layOut(); };
     m_list.onSelect = [this] { followSelection(); };
     m_list.onActivate = [this](int row) { showRecordOf(row); };
     m_revert.onClick = [this] { revert(); };
     m_reapply.onClick = [this] { reapply(); };
-    m_close.onClick = [this] { unload(); };
-}
-
-void UnsavedWindow::layOut()
-{
-    if (isMinimised())
-        return;
-    enforceMinimumSize(minimumWidth, minimumHeight);
-    const float top = innerHeight() - (m_close.height() + margin);
-    m_close.move(innerWidth() - (m_close.width() + margin), top);
-    m_revert.move(margin, top);
-    m_reapply.move(m_revert.left() + m_revert.width(), top);
-    m_list.move({margin, margin, innerWidth() - 2 * margin, top - 2 * margin});
 }
 
 /// Lists what is unsaved now, if the window is open.

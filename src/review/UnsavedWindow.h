@@ -3,8 +3,8 @@
 #include "document/Document.h"
 #include "model/RecordReference.h"
 #include "ui/Button.h"
+#include "ui/ListWindow.h"
 #include "ui/Table.h"
-#include "ui/Window.h"
 
 #include <functional>
 #include <variant>
@@ -12,8 +12,8 @@
 
 namespace varnow {
 
-/// Lists what is not saved, and what an earlier run left that could not be brought back. Sizes in twips.
-class UnsavedWindow : public ui::Window
+/// Lists what is not saved, and what an earlier run left that could not be brought back.
+class UnsavedWindow : public ui::ListWindow
 {
 public:
     /// The document must outlive the window.
@@ -30,7 +30,6 @@ private:
         bool isConflict;
     };
 
-    void layOut();
     void addRows();
     void followDocument();
     void revert();
@@ -42,11 +41,9 @@ private:
     Document &m_document;
     std::vector<Row> m_rows;
 
-    ui::Table m_list{
-        *this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}, {120, 120, 8760, 3600}};
-    ui::CommandButton m_revert{*this, "revert", "&Take back", {0, 0, 1515, 600}};
-    ui::CommandButton m_reapply{*this, "reapply", "Take &over", {0, 0, 1515, 600}};
-    ui::CommandButton m_close{*this, "close", "Close", {0, 0, 1515, 600}};
+    ui::Table m_list{*this, "unsavedList", {"Kind", "Configuration", "Record", "Details"}};
+    ui::CommandButton m_revert{*this, "revert", "&Take back"};
+    ui::CommandButton m_reapply{*this, "reapply", "Take &over"};
 };
 
 } // namespace varnow

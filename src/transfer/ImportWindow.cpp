@@ -17,10 +17,6 @@ namespace varnow {
 
 namespace {
 
-constexpr float margin = 120;
-constexpr float minimumWidth = 8000;
-constexpr float minimumHeight = 3000;
-
 QString outcomeText(RowOutcome outcome)
 {
     switch (outcome) {
@@ -67,25 +63,25 @@ template <class Record> QStringList detailsOf(const FileRow &row, const Record &
 } // namespace
 
 ImportWindow::ImportWindow(const Document &document)
-    : ui::Window("importing", "Import", 13500, 7000), m_document(document)
+    : ui::ListWindow("importing", "Import", {130, 28},
+                     {"cancel", "Cancel", "Closes this window and imports nothing."})
+    , m_document(document)
 {
     m_list.setAccessibleName("Rows to import");
-    setFocusOrder({&m_list, &m_current, &m_import, &m_add, &m_saveRefused, &m_cancel});
-    m_cancel.setCancel();
+    arrange({.above = {&m_current, &m_result},
+             .content = {&m_list},
+             .buttons = {&m_import, &m_add, &m_saveRefused}});
     m_current.setToolTip(
         "Takes every row for the configuration that the editor shows, whatever its file says.");
     m_import.setToolTip("Takes the rows that add or change something; refused ones stay out.");
     m_add.setToolTip("Lists the rows of further files, too.");
     m_saveRefused.setToolTip(
         "Writes the refused rows to a CSV file, with the reasons in a column of their own.");
-    m_cancel.setToolTip("Closes this window and imports nothing.");
-    onResize = [this] { layOut(); };
     onFilesDropped = [this](const QStringList &paths) { addFiles(paths); };
     m_current.onClick = [this] { makePlan(); };
     m_import.onClick = [this] { accept(); };
     m_add.onClick = [this] { addFiles(ui::askForFiles("Choose Files to Import", {"CSV files", "csv"})); };
     m_saveRefused.onClick = [this] { saveRefused(); };
-    m_cancel.onClick = [this] { unload(); };
 }
 
 std::optional<ImportPlan> ImportWindow::ask(const QStringList &paths)
@@ -93,21 +89,6 @@ std::optional<ImportPlan> ImportWindow::ask(const QStringList &paths)
     addFiles(paths);
     showModal();
     return m_isAccepted ? std::optional(std::move(m_plan)) : std::nullopt;
-}
-
-void ImportWindow::layOut()
-{
-    if (isMinimised())
-        return;
-    enforceMinimumSize(minimumWidth, minimumHeight);
-    const float top = innerHeight() - (m_cancel.height() + margin);
-    m_import.move(margin, top);
-    m_add.move(m_import.left() + m_import.width(), top);
-    m_saveRefused.move(m_add.left() + m_add.width(), top);
-    m_cancel.move(innerWidth() - (m_cancel.width() + margin), top);
-    m_result.move(
-        {m_result.left(), m_result.top(), innerWidth() - (m_result.left() + margin), m_result.height()});
-    m_list.move({margin, m_list.top(), innerWidth() - 2 * margin, top - margin - m_list.top()});
 }
 
 void ImportWindow::addFiles(const QStringList &paths)

@@ -4,8 +4,8 @@
 #include "exchange/ImportPlan.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
+#include "ui/ListWindow.h"
 #include "ui/Table.h"
-#include "ui/Window.h"
 
 #include <QMap>
 
@@ -16,8 +16,8 @@ class QFileInfo;
 
 namespace varnow {
 
-/// Shows what importing files would do, row by row, before anything is done. Sizes in twips.
-class ImportWindow : public ui::Window
+/// Shows what importing files would do, row by row, before anything is done.
+class ImportWindow : public ui::ListWindow
 {
 public:
     explicit ImportWindow(const Document &document);
@@ -26,7 +26,6 @@ public:
     std::optional<ImportPlan> ask(const QStringList &paths);
 
 private:
-    void layOut();
     void addFiles(const QStringList &paths);
     void addFile(const QFileInfo &file);
     void makePlan();
@@ -41,17 +40,12 @@ private:
     ImportPlan m_plan;
     bool m_isAccepted = false;
 
-    ui::CheckBox m_current{
-        *this, "intoCurrent", "All rows into the configuration &shown", {120, 120, 4200, 285}};
-    ui::Label m_result{*this, "result", "", {4500, 165, 8880, 195}};
-    ui::Table m_list{*this,
-                     "importList",
-                     {"Result", "Row", "Configuration", "Record", "Details"},
-                     {120, 525, 13260, 3600}};
-    ui::CommandButton m_import{*this, "import", "&Import", {0, 0, 1700, 600}};
-    ui::CommandButton m_add{*this, "addFiles", "&Add files…", {0, 0, 1700, 600}};
-    ui::CommandButton m_saveRefused{*this, "saveRefused", "Save &refused…", {0, 0, 1900, 600}};
-    ui::CommandButton m_cancel{*this, "cancel", "Cancel", {0, 0, 1700, 600}};
+    ui::CheckBox m_current{*this, "intoCurrent", "All rows into the configuration &shown"};
+    ui::Label m_result{*this, "result", ""};
+    ui::Table m_list{*this, "importList", {"Result", "Row", "Configuration", "Record", "Details"}};
+    ui::CommandButton m_import{*this, "import", "&Import"};
+    ui::CommandButton m_add{*this, "addFiles", "&Add files…"};
+    ui::CommandButton m_saveRefused{*this, "saveRefused", "Save &refused…"};
 };
 
 } // namespace varnow

@@ -17,7 +17,7 @@ class BarChart : public Control
 public:
     static constexpr int none = -1;
 
-    BarChart(Container &parent, const QString &name, const Rect &place);
+    BarChart(Container &parent, const QString &name, const Rect &place = {});
 
     /// The user clicked a bar, or pressed Enter or the space bar on the current one.
     std::function<void(int bar)> onBarClick;

@@ -10,7 +10,7 @@ namespace varnow::ui {
 class CommandButton : public Control
 {
 public:
-    CommandButton(Container &parent, const QString &name, const QString &caption, const Rect &place);
+    CommandButton(Container &parent, const QString &name, const QString &caption, const Rect &place = {});
 
     std::function<void()> onClick;
 
@@ -28,7 +28,7 @@ public:
 class CheckBox : public Control
 {
 public:
-    CheckBox(Container &parent, const QString &name, const QString &caption, const Rect &place);
+    CheckBox(Container &parent, const QString &name, const QString &caption, const Rect &place = {});
 
     std::function<void()> onClick; ///< the tick came or went, by the user or by code
 

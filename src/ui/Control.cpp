@@ -43,6 +43,8 @@ void Control::move(const Rect &place)
 
 void Control::applyPlace()
 {
+    if (m_place.width == 0)
+        return;
     // Edges are rounded, not sizes, so that controls that touch in twips touch on the screen.
     const auto [x, y] = m_host.scale();
     const auto pixel = [](float twips, float scale) { return static_cast<int>(std::lround(twips * scale)); };

@@ -10,7 +10,8 @@ namespace varnow::ui {
 
 class Control;
 
-/// A place inside a container. All figures in twips (1/1440 inch).
+/// A place inside a container. All figures in twips (1/1440 inch). A control whose place has no size is laid
+/// out by its window.
 struct Rect
 {
     float left = 0;
@@ -83,7 +84,7 @@ public:
     /// scale, so room that looks good but stays blank is not among them.
     virtual QSize neededPixels() const;
 
-    /// Puts the control on the screen at its place, at the scale that its window has now.
+    /// Puts the control on the screen at its place, if it has one, at the scale that its window has now.
     virtual void applyPlace();
 
     QWidget *widget() const { return m_widget; }

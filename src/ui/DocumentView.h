@@ -10,7 +10,7 @@ namespace varnow::ui {
 class DocumentView : public Control
 {
 public:
-    DocumentView(Container &parent, const QString &name, const Rect &place);
+    DocumentView(Container &parent, const QString &name, const Rect &place = {});
 
     /// Shows a file. Returns whether it could be read.
     bool showFile(const QString &path);

@@ -8,7 +8,7 @@ namespace varnow::ui {
 class Label : public Control
 {
 public:
-    Label(Container &parent, const QString &name, const QString &caption, const Rect &place);
+    Label(Container &parent, const QString &name, const QString &caption, const Rect &place = {});
 
     QString caption() const;
     void setCaption(const QString &caption);

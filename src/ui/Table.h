@@ -14,7 +14,7 @@ namespace varnow::ui {
 class Table : public Control
 {
 public:
-    Table(Container &parent, const QString &name, const QStringList &headings, const Rect &place);
+    Table(Container &parent, const QString &name, const QStringList &headings, const Rect &place = {});
 
     std::function<void(int row)> onActivate; ///< double-click, or Enter on the current row
     std::function<void()> onSelect;          ///< other rows are selected

@@ -287,7 +287,11 @@ QSize Window::pixels(float width, float height) const
 
 void Window::enforceMinimumSize(float width, float height)
 {
-    const QSize inner = pixels(width, height) - m_widget->frame();
+    enforceMinimumPixels(pixels(width, height) - m_widget->frame());
+}
+
+void Window::enforceMinimumPixels(const QSize &inner)
+{
     m_widget->setMinimumSize(inner.boundedTo(m_widget->room()).expandedTo({1, 1}) + m_widget->beyondClient());
 }
 
@@ -301,8 +305,6 @@ void Window::remove(Control &control)
     std::erase(m_controls, &control);
 }
 
-/// The least scale at which every control shows its caption or entry whole at its designed size. A fixed
-/// dialog, which the user cannot widen, shows its own caption whole too.
 Scale Window::leastScale() const
 {
     Scale least = smallestScale;

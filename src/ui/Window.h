@@ -50,6 +50,8 @@ public:
     /// Makes the window at least this large (outer size, twips), now and for the user's own resizing, as far
     /// as its screen has room.
     void enforceMinimumSize(float width, float height);
+    /// The same for the client area in pixels.
+    void enforceMinimumPixels(const QSize &inner);
 
     /// Shows the window without waiting; one that is open already comes to the front.
     void show();
@@ -87,12 +89,16 @@ public:
     /// Unloads every loaded window, one after the other, each with its own handlers.
     static void unloadAll();
 
+protected:
+    /// The least scale at which every control shows its caption or entry whole at its designed size. A fixed
+    /// dialog, which the user cannot widen, shows its own caption whole too.
+    virtual Scale leastScale() const;
+
 private:
     class Widget;
 
     void load();
     void fit();
-    Scale leastScale() const;
     QSize pixels(float width, float height) const;
     void followDesktop();
 

@@ -200,6 +200,7 @@ TEST_P(NoticeTest, TellsOnceThatNothingCanBeKept)
 {
     const QByteArray before = qgetenv("XDG_STATE_HOME");
     qputenv("XDG_STATE_HOME", "/proc/nowhere");
+    open();
     change({{"lineName", "NTE"}, {"lineIndex", "1"}, {"lineMessageIndex", "4"}});
     const QString told =
         "Line NTE(1) added with message index 4. A crash would lose it: /proc/nowhere/varnow can not be "

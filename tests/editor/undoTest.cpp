@@ -128,21 +128,22 @@ TEST_P(UndoTest, KeepsWhatIsUnsavedInAFile)
     user->fill({{"lineName", "ZZZ"}, {"lineMessageIndex", "9"}});
     user->click("change");
     EXPECT_TRUE(QTest::qWaitFor([] { return recoveryFiles() == 1; }, 1000));
+    const auto noFile = [] { return recoveryFiles() == 0; };
     user->click("save");
-    EXPECT_EQ(recoveryFiles(), 0);
+    EXPECT_TRUE(QTest::qWaitFor(noFile, 1000));
     press(Qt::Key_Z);
     EXPECT_TRUE(QTest::qWaitFor([] { return recoveryFiles() == 1; }, 1000));
     press(Qt::Key_Y);
     user->showPage(1); // forgets that something was entered; the file has not been looked at yet
     EXPECT_FALSE(leavingAsks());
-    EXPECT_EQ(recoveryFiles(), 0) << "all is as it was";
+    EXPECT_TRUE(QTest::qWaitFor(noFile, 1000)) << "all is as it was";
     editor->show();
     messages.take();
     press(Qt::Key_Z);
     EXPECT_TRUE(QTest::qWaitFor([] { return recoveryFiles() == 1; }, 1000));
     messages.answerWith(ui::Answer::No);
     editor->unload();
-    EXPECT_EQ(recoveryFiles(), 0);
+    EXPECT_TRUE(QTest::qWaitFor(noFile, 1000));
 }
 
 ON_EVERY_ENGINE(UndoTest);
