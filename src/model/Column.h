@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <algorithm>
 #include <cstddef>
 #include <type_traits>
 #include <variant>
@@ -61,11 +62,12 @@ template <class Record> bool isEqualIn(const Column<Record> &column, const Recor
 /// The number of the column that a member is kept in, counted from 0 within Record::columns().
 template <class Record, class Value> std::size_t columnNumber(Value Record::*member)
 {
+    const auto isIt = [member](const Column<Record> &column) {
+        const auto *candidate = std::get_if<Value Record::*>(&column.member);
+        return candidate != nullptr && *candidate == member;
+    };
     const auto columns = Record::columns();
-    std::size_t number = 0;
-    while (columns[number].member != decltype(Column<Record>::member)(member))
-        ++number;
-    return number;
+    return static_cast<std::size_t>(std::ranges::find_if(columns, isIt) - columns.begin());
 }
 
 /// A value as a text: numbers in digits, dates as ISO text.
