@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/folders.h"
+#include "db/ConnectionSettings.h"
 #include "storage/Run.h"
 #include "ui/RunWindow.h"
 

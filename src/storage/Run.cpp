@@ -2,6 +2,7 @@
 
 #include "base/guarded.h"
 #include "base/text.h"
+#include "db/Connection.h"
 #include "db/codes.h"
 
 #include <atomic>
@@ -24,11 +25,11 @@ bool succeeds(const std::function<void()> &step)
 
 /// Runs a statement on a connection, opened before where there is none, and gives the connection up when it
 /// died of it.
-db::ResultSet execute(std::optional<db::Connection> &connection, const db::ConnectionSettings &database,
+db::ResultSet execute(std::unique_ptr<db::Connection> &connection, const db::ConnectionSettings &database,
                       const QString &sql, const db::RowObserver &onRow)
 {
     if (!connection)
-        connection.emplace(database);
+        connection = std::make_unique<db::Connection>(database);
     try {
         return connection->execute(sql, onRow);
     } catch (const RuntimeError &) {
@@ -39,11 +40,11 @@ db::ResultSet execute(std::optional<db::Connection> &connection, const db::Conne
 }
 
 /// The same for a query, which is sent once more when the connection was lost.
-db::ResultSet query(std::optional<db::Connection> &connection, const db::ConnectionSettings &database,
+db::ResultSet query(std::unique_ptr<db::Connection> &connection, const db::ConnectionSettings &database,
                     const QString &sql, const db::RowObserver &onRow)
 {
     if (!connection)
-        connection.emplace(database); // not tried twice
+        connection = std::make_unique<db::Connection>(database); // not tried twice
     try {
         return execute(connection, database, sql, onRow);
     } catch (const RuntimeError &error) {
@@ -59,7 +60,7 @@ struct BackgroundQuery
 {
     db::ConnectionSettings database;
     QString sql;
-    std::optional<db::Connection> connection;
+    std::unique_ptr<db::Connection> connection;
     std::atomic<bool> isStopped = false;
     std::atomic<int> rows = 0;
     std::atomic<bool> isConnected = false;
@@ -69,7 +70,7 @@ struct BackgroundQuery
     {
         try {
             if (!connection)
-                connection.emplace(database);
+                connection = std::make_unique<db::Connection>(database);
             isConnected = true;
             if (!isStopped)
                 result.set_value(query(connection, database, sql, [this] { return ++rows, !isStopped; }));
@@ -105,12 +106,24 @@ void await(const BackgroundQuery &query, const std::future<db::ResultSet> &resul
 
 } // namespace
 
+Run::Run(const db::ConnectionSettings &database, RunObserver &observer)
+    : m_database(database), m_observer(observer)
+{
+}
+
+Run::~Run() = default;
+
+void Run::close()
+{
+    m_connection.reset();
+}
+
 db::ResultSet Run::load(const QString &what, const QString &sql)
 {
     const auto query = std::make_shared<BackgroundQuery>();
     query->database = m_database;
     query->sql = sql;
-    query->isConnected = m_connection.has_value();
+    query->isConnected = m_connection != nullptr;
     query->connection = std::exchange(m_connection, {});
     std::future<db::ResultSet> result = query->result.get_future();
     std::thread thread([query] { query->run(); });

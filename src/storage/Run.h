@@ -1,15 +1,20 @@
 #pragma once
 
 #include "base/RunObserver.h"
-#include "db/Connection.h"
 
 #include <QElapsedTimer>
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace varnow {
+
+namespace db {
+class Connection;
+class ResultSet;
+struct ConnectionSettings;
+} // namespace db
 
 /// A run over the database. All its statements go over one connection, which is opened with the first of them
 /// and closed with the run; one that died is replaced.
@@ -17,10 +22,10 @@ class Run
 {
 public:
     /// Both must outlive the run.
-    Run(const db::ConnectionSettings &database, RunObserver &observer)
-        : m_database(database), m_observer(observer)
-    {
-    }
+    Run(const db::ConnectionSettings &database, RunObserver &observer);
+    ~Run();
+    Run(const Run &) = delete;
+    Run &operator=(const Run &) = delete;
 
     RunObserver &observer() { return m_observer; }
 
@@ -37,7 +42,7 @@ public:
     void change(const QString &sql);
 
     /// Closes the connection. The next statement opens another one.
-    void close() { m_connection.reset(); }
+    void close();
 
     /// Shows a message. Nothing stays open while the user reads it.
     void showMessage(const QString &text);
@@ -53,7 +58,7 @@ private:
 
     const db::ConnectionSettings &m_database;
     RunObserver &m_observer;
-    std::optional<db::Connection> m_connection;
+    std::unique_ptr<db::Connection> m_connection;
 };
 
 /// The steps of a run, one for each record. Where the engine waits for the disk at every commit, those of a

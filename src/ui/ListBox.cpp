@@ -99,6 +99,8 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
+        if (!index.isValid()) // the copy key asks for the current row, also where there is none
+            return {};
         if (role == Qt::DisplayRole)
             return RowWidths::shown(rows[index.row()]);
         // Every row is as wide as the widest, so that the view need not measure them all.

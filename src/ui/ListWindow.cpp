@@ -11,6 +11,8 @@ namespace varnow::ui {
 
 namespace {
 
+constexpr float leastLetters = 50; // however little the controls need
+constexpr float leastLines = 12;
 constexpr int shareOfLast = 3; // of the width of the content, to 1 of each other control
 
 QHBoxLayout *makeRow(const std::vector<Control *> &controls, int lastShare)
@@ -87,7 +89,8 @@ Scale ListWindow::leastScale() const
 
 void ListWindow::enforceLeastSize()
 {
-    enforceMinimumPixels(surface()->layout()->totalMinimumSize());
+    enforceMinimumPixels(
+        surface()->layout()->totalMinimumSize().expandedTo(pixels(leastLetters, leastLines)));
 }
 
 } // namespace varnow::ui

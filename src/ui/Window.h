@@ -94,12 +94,13 @@ protected:
     /// dialog, which the user cannot widen, shows its own caption whole too.
     virtual Scale leastScale() const;
 
+    QSize pixels(float width, float height) const;
+
 private:
     class Widget;
 
     void load();
     void fit();
-    QSize pixels(float width, float height) const;
     void followDesktop();
 
     std::unique_ptr<Widget> m_widget;
