@@ -65,6 +65,7 @@ int main(int argc, char **argv)
     varnow::bench::addEditorRows();
     varnow::bench::addDisplayRows();
     varnow::bench::addSaveRows();
+    varnow::bench::addJournalRows();
     varnow::bench::addStartRows();
     varnow::bench::Table table;
     benchmark::RunSpecifiedBenchmarks(&table);

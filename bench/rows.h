@@ -8,6 +8,7 @@ void addStoreRows();
 void addEditorRows();
 void addDisplayRows();
 void addSaveRows();
+void addJournalRows();
 void addStartRows();
 
 } // namespace varnow::bench

@@ -15,13 +15,13 @@ namespace varnow {
 
 namespace {
 
-/// Removes a journal that its program was ended over before it was whole.
-void removeUnfinished(const QString &path)
+/// Removes what stands beside a journal whose program was ended while it wrote that anew, or for the first
+/// time.
+void tidyBeside(const QString &journal)
 {
-    const QString whole = path.chopped(4); // without ".new"
-    const std::unique_ptr<QLockFile> lock = recoveryLock(whole);
+    const std::unique_ptr<QLockFile> lock = recoveryLock(journal);
     if (lock->tryLock(0))
-        QFile::remove(path);
+        QFile::remove(journal + ".new");
 }
 
 } // namespace
@@ -41,8 +41,8 @@ std::vector<LeftFile> LeftFile::findAll(const db::ConnectionSettings &database)
     const QString earlierPrefix = earlierRecoveryPrefix(database);
     const QStringList names = folder.entryList(QDir::Files, QDir::Time); // a pattern would slow every start
     for (const QString &name : names) {
-        if (name.startsWith(prefix) && name.endsWith(".journal.new"))
-            removeUnfinished(folder.filePath(name));
+        if (name.startsWith(prefix) && (name.endsWith(".journal.new") || name.endsWith(".journal.lock")))
+            tidyBeside(folder.filePath(name.section(u'.', 0, 1)));
         const bool isJournal = name.startsWith(prefix) && name.endsWith(".journal");
         const bool isEarlier = name.startsWith(earlierPrefix) && name.endsWith(".json");
         if (!isJournal && !isEarlier)

@@ -46,7 +46,7 @@ public:
 
     /// Waits until all that was noted is on the disk and was read back. Returns whether that went well in
     /// time.
-    bool flush(std::chrono::milliseconds longest = std::chrono::seconds(10));
+    bool flush(std::chrono::milliseconds longest = std::chrono::seconds(30));
     /// Why the disk refused the latest changes, as a sentence; empty when it did not.
     QString problem() const;
 

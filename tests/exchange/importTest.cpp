@@ -1,3 +1,4 @@
+#include "support/FullDisk.h"
 #include "support/ModelFixture.h"
 
 #include "exchange/ImportPlan.h"
@@ -217,7 +218,14 @@ TEST_F(ImportTest, LeavesTheOldFileWhereItCannotWrite)
     ASSERT_EQ(writeFile(path, "old"), "");
     EXPECT_TRUE(writeFile(folder.path(), "new").startsWith("The file " + folder.path()));
     EXPECT_TRUE(writeFile("/dev/full/x", "new").contains("could not be written"));
+    QString problem;
+    {
+        const FileSizeLimit fullDisk(10);
+        problem = writeFile(path, "what a full disk refuses");
+    }
+    EXPECT_TRUE(problem.contains("could not be written")) << "an empty file would take its place";
     EXPECT_EQ(readFile(path).bytes, "old");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("old.csv"));
     EXPECT_TRUE(readFile(folder.path()).problem.contains("It is a folder."));
     ASSERT_TRUE(QFile::resize(path, 100'000'000));
     EXPECT_TRUE(readFile(path).problem.contains("It is larger than 32 MB."));
