@@ -18,27 +18,12 @@ constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr std::size_t mostRows = 200'000;
 constexpr qsizetype mostCells = 100;
 
-/// What Windows-1252 has where Latin-1 has control characters, from 0x80 on.
-constexpr std::array<char16_t, 32> windowsLetters{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-QString fromWindows1252(QByteArrayView bytes)
+/// Text that is not UTF-8, from Windows-1252. Without that codec its letters beyond Latin-1 are lost.
+QByteArray utf8FromWindows1252(QByteArrayView bytes)
 {
-    QString text = QString::fromLatin1(bytes);
-    for (QChar &c : text) {
-        if (c >= QChar(0x80) && c < QChar(0xA0))
-            c = windowsLetters.at(c.unicode() - 0x80U);
-    }
-    return text;
-}
-
-bool isUtf8(QByteArrayView bytes)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(bytes);
-    return !decoder.hasError();
+    QStringDecoder decoder("windows-1252");
+    const QString text = decoder.isValid() ? QString(decoder(bytes)) : QString::fromLatin1(bytes);
+    return text.toUtf8();
 }
 
 /// The delimiter that the first row has most of, quoted ones aside.
@@ -70,7 +55,7 @@ struct Collector
     {
         const QByteArrayView cell(bytes, static_cast<qsizetype>(size));
         if (row.size() <= mostCells)
-            row += table.isWindows1252 ? fromWindows1252(cell) : QString::fromUtf8(cell);
+            row += QString::fromUtf8(cell);
     }
 
     void endRow()
@@ -128,8 +113,9 @@ CsvTable readCsv(const QByteArray &contents)
         table.problem = "The file is no CSV text: it holds binary zeros. Save it as CSV, in UTF-8.";
         return table;
     }
-    table.isWindows1252 = !isUtf8(bytes);
-    parse(bytes, collector);
+    table.isWindows1252 = !bytes.isValidUtf8();
+    const QByteArray converted = table.isWindows1252 ? utf8FromWindows1252(bytes) : QByteArray();
+    parse(table.isWindows1252 ? QByteArrayView(converted) : bytes, collector);
     if (table.problem.isEmpty() && table.rows.empty())
         table.problem = "The file is empty.";
     if (!table.problem.isEmpty())

@@ -1,7 +1,8 @@
 #include "ui/BarChart.h"
 
-#include <QAbstractScrollArea>
 #include <QAccessibleWidget>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -25,7 +26,8 @@ constexpr int margin = 8; // around the picture, in pixels
 
 } // namespace
 
-class BarChart::Widget : public QAbstractScrollArea
+/// Shows the picture as the background of a scene without items, for which the toolkit does the scrolling.
+class BarChart::Widget : public QGraphicsView
 {
 public:
     explicit Widget(QWidget *parent);
@@ -35,7 +37,6 @@ public:
     const BarPicture &picture() const { return m_picture; }
     int count() const { return static_cast<int>(m_picture.bars().size()); }
     int current() const { return m_current; }
-    double zoom() const { return m_zoom; }
 
     void setBars(std::vector<Bar> bars)
     {
@@ -49,26 +50,25 @@ public:
     void setZoom(double zoom, double x)
     {
         const double ratio = std::clamp(zoom, leastZoom, greatestZoom) / m_zoom;
-        const double at = x + horizontalScrollBar()->value() - margin;
+        const double at = mapToScene(0, 0).x() + x;
         m_zoom *= ratio;
         remake(m_picture.bars());
-        horizontalScrollBar()->setValue(qRound(at * ratio - x) + margin);
+        horizontalScrollBar()->setValue(qRound(at * ratio - x));
     }
 
-    QRect placeOf(int bar) const { return m_picture.rectOf(bar).translated(-origin()).toAlignedRect(); }
+    /// Where a bar is seen, in pixels of the viewport; it may lie outside.
+    QRect placeOf(int bar) const { return mapFromScene(m_picture.rectOf(bar)).boundingRect(); }
 
 protected:
-    void paintEvent(QPaintEvent *) override;
+    void drawBackground(QPainter *painter, const QRectF &exposed) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     bool viewportEvent(QEvent *event) override;
 
-    void resizeEvent(QResizeEvent *) override { measure(); }
-
     void changeEvent(QEvent *event) override
     {
-        QAbstractScrollArea::changeEvent(event);
+        QGraphicsView::changeEvent(event);
         if (event->type() == QEvent::FontChange)
             remake(m_picture.bars());
         else if (event->type() == QEvent::PaletteChange)
@@ -77,26 +77,19 @@ protected:
 
     void focusInEvent(QFocusEvent *event) override
     {
-        QAbstractScrollArea::focusInEvent(event);
+        QGraphicsView::focusInEvent(event);
         viewport()->update();
         tellCurrent();
     }
 
     void focusOutEvent(QFocusEvent *event) override
     {
-        QAbstractScrollArea::focusOutEvent(event);
+        QGraphicsView::focusOutEvent(event);
         viewport()->update();
     }
 
 private:
-    /// The picture's coordinates of the viewport's corner.
-    QPointF origin() const
-    {
-        return {static_cast<double>(horizontalScrollBar()->value() - margin),
-                static_cast<double>(verticalScrollBar()->value() - margin)};
-    }
-
-    int barAt(QPointF point) const { return m_picture.barAt(point + origin()); }
+    int barAt(QPoint point) const { return m_picture.barAt(mapToScene(point)); }
 
     void remake(std::vector<Bar> bars)
     {
@@ -105,11 +98,10 @@ private:
         std::iota(m_order.begin(), m_order.end(), 0);
         std::ranges::stable_sort(
             m_order, {}, [this](int bar) { return m_picture.bars()[static_cast<std::size_t>(bar)].start; });
-        measure();
+        setSceneRect(QRectF({}, m_picture.size()).adjusted(-margin, -margin, margin, margin));
         viewport()->update();
     }
 
-    void measure();
     void walk(int steps);
     void tellCurrent();
 
@@ -213,12 +205,13 @@ int BarChart::Accessible::indexOfChild(const QAccessibleInterface *child) const
     return item == nullptr ? -1 : item->bar();
 }
 
-BarChart::Widget::Widget(QWidget *parent) : QAbstractScrollArea(parent)
+BarChart::Widget::Widget(QWidget *parent) : QGraphicsView(parent)
 {
+    setScene(new QGraphicsScene(this));
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setRenderHint(QPainter::Antialiasing);
     QAccessible::installFactory(&Accessible::make); // once, however often it is called
     setFocusPolicy(Qt::StrongFocus);
-    viewport()->setBackgroundRole(QPalette::Base);
-    viewport()->setAutoFillBackground(true);
 }
 
 void BarChart::Widget::setCurrent(int bar)
@@ -227,15 +220,9 @@ void BarChart::Widget::setCurrent(int bar)
     viewport()->update();
     if (m_current == none)
         return;
-    const QRect place = placeOf(m_current);
-    const auto bringIn = [](QScrollBar &scrollBar, int from, int to, int room) {
-        if (from < 0 || to - from > room)
-            scrollBar.setValue(scrollBar.value() + from - margin);
-        else if (to > room)
-            scrollBar.setValue(scrollBar.value() + to - room + margin);
-    };
-    bringIn(*horizontalScrollBar(), place.left(), place.right(), viewport()->width());
-    bringIn(*verticalScrollBar(), place.top(), place.bottom(), viewport()->height());
+    QRectF place = m_picture.rectOf(m_current);
+    place.setWidth(std::min(place.width(), viewport()->width() - 2.0 * margin)); // its beginning
+    ensureVisible(place, margin, margin);
     tellCurrent();
 }
 
@@ -249,37 +236,19 @@ void BarChart::Widget::tellCurrent()
     QAccessible::updateAccessibility(&event);
 }
 
-/// Makes the scroll bars fit the picture.
-void BarChart::Widget::measure()
+void BarChart::Widget::drawBackground(QPainter *painter, const QRectF &exposed)
 {
-    const QSize size = m_picture.size().toSize() + QSize(2 * margin, 2 * margin);
-    const auto fit = [](QScrollBar &scrollBar, int whole, int room, int step) {
-        scrollBar.setRange(0, std::max(0, whole - room));
-        scrollBar.setPageStep(room);
-        scrollBar.setSingleStep(step);
-    };
-    const int line = fontMetrics().height();
-    fit(*horizontalScrollBar(), size.width(), viewport()->width(), line);
-    fit(*verticalScrollBar(), size.height(), viewport()->height(), line);
-}
-
-void BarChart::Widget::paintEvent(QPaintEvent *)
-{
-    QPainter painter(viewport());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(font());
-    if (m_picture.bars().empty()) {
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("There is nothing to show."));
-        return;
-    }
-    painter.translate(-origin());
-    m_picture.paint(painter, QRectF(viewport()->rect()).translated(origin()), palette(), m_current);
+    painter->setFont(font());
+    if (!m_picture.bars().empty())
+        return m_picture.paint(*painter, exposed, palette(), m_current);
+    painter->setPen(palette().color(QPalette::Text));
+    painter->drawText(mapToScene(viewport()->rect()).boundingRect(), Qt::AlignCenter,
+                      QStringLiteral("There is nothing to show."));
 }
 
 void BarChart::Widget::mousePressEvent(QMouseEvent *event)
 {
-    const int bar = event->button() == Qt::LeftButton ? barAt(event->position()) : none;
+    const int bar = event->button() == Qt::LeftButton ? barAt(event->position().toPoint()) : none;
     if (bar == none)
         return;
     setCurrent(bar);
@@ -294,10 +263,10 @@ void BarChart::Widget::wheelEvent(QWheelEvent *event)
         event->accept();
     } else if (verticalScrollBar()->maximum() == 0 && event->angleDelta().x() == 0) {
         QScrollBar &scrollBar = *horizontalScrollBar(); // the wheel would have nothing else to do
-        scrollBar.setValue(scrollBar.value() - qRound(notches * 3 * scrollBar.singleStep()));
+        scrollBar.setValue(scrollBar.value() - qRound(notches * 3 * fontMetrics().height()));
         event->accept();
     } else {
-        QAbstractScrollArea::wheelEvent(event);
+        QGraphicsView::wheelEvent(event);
     }
 }
 
@@ -340,7 +309,7 @@ void BarChart::Widget::walk(int steps)
 bool BarChart::Widget::viewportEvent(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
-        return QAbstractScrollArea::viewportEvent(event);
+        return QGraphicsView::viewportEvent(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     const int bar = barAt(help->pos());
     QToolTip::showText(help->globalPos(),
@@ -369,29 +338,9 @@ void BarChart::setBars(std::vector<Bar> bars)
     chart()->setBars(std::move(bars));
 }
 
-int BarChart::currentBar() const
-{
-    return chart()->current();
-}
-
 void BarChart::setCurrentBar(int bar)
 {
     chart()->setCurrent(bar);
-}
-
-double BarChart::zoom() const
-{
-    return chart()->zoom();
-}
-
-void BarChart::setZoom(double zoom)
-{
-    chart()->setZoom(zoom, 0);
-}
-
-QRect BarChart::placeOf(int bar) const
-{
-    return chart()->placeOf(bar);
 }
 
 } // namespace varnow::ui

@@ -3,8 +3,6 @@
 #include "ui/BarPicture.h"
 #include "ui/Control.h"
 
-#include <QRect>
-
 #include <functional>
 #include <vector>
 
@@ -25,17 +23,8 @@ public:
     /// Shows other bars, none of them the current one.
     void setBars(std::vector<Bar> bars);
 
-    /// The bar that is marked, or `none`.
-    int currentBar() const;
-    /// Marks a bar and scrolls to it; no click.
+    /// Marks a bar, or `none`, and scrolls to it; no click.
     void setCurrentBar(int bar);
-
-    double zoom() const;
-    /// 1 makes a character as wide as a line of text is high.
-    void setZoom(double zoom);
-
-    /// Where a bar is seen, in pixels from the corner of what scrolls; it may lie outside.
-    QRect placeOf(int bar) const;
 
 private:
     class Widget;

@@ -1,5 +1,6 @@
 #include "ui/ComboBox.h"
 
+#include "base/text.h"
 #include "ui/pasting.h"
 
 #include <QAbstractItemView>
@@ -175,7 +176,7 @@ private:
 };
 
 ComboBox::ComboBox(Container &parent, const QString &name, const Rect &place)
-    : ListControl(parent, name, new Widget(parent.surface()), place)
+    : Control(parent, name, new Widget(parent.surface()), place)
 {
     box()->typingPause.setSingleShot(true);
     box()->typingPause.callOnTimeout([this] {
@@ -234,6 +235,27 @@ QString ComboBox::itemText(int index) const
     return box()->itemText(index);
 }
 
+int ComboBox::findItem(const QString &text, ItemMatch match) const
+{
+    const QString key = trim(text);
+    const auto matches = [&](const QString &item) {
+        switch (match) {
+        case ItemMatch::Exact:
+            return item == key;
+        case ItemMatch::Whole:
+            return item.toLower() == key.toLower();
+        case ItemMatch::Prefix:
+            return item.startsWith(key);
+        }
+        Q_UNREACHABLE();
+    };
+    for (int i = 0; i < itemCount() && !key.isEmpty(); ++i) {
+        if (matches(itemText(i)))
+            return i;
+    }
+    return -1;
+}
+
 /// The toolkit writes an item into the box whenever the current index moves; here the list changes alone.
 void ComboBox::keepingText(const std::function<void()> &change)
 {
@@ -283,7 +305,7 @@ void ComboBox::setSelectedIndex(int index)
 
 void ComboBox::setAccessibleName(const QString &name)
 {
-    ListControl::setAccessibleName(name);
+    Control::setAccessibleName(name);
     box()->lineEdit()->setAccessibleName(name);
 }
 

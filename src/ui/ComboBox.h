@@ -1,13 +1,20 @@
 #pragma once
 
-#include "ui/ListControl.h"
+#include "ui/Control.h"
 
 #include <functional>
 
 namespace varnow::ui {
 
+/// How a text is compared with an item.
+enum class ItemMatch {
+    Exact,  ///< the whole item as it is
+    Whole,  ///< the whole item, letter case ignored
+    Prefix, ///< the beginning of the item, exactly
+};
+
 /// An entry with a list to choose from. What is typed is never completed, replaced or added to the list.
-class ComboBox : public ListControl
+class ComboBox : public Control
 {
 public:
     ComboBox(Container &parent, const QString &name, const Rect &place);
@@ -24,8 +31,12 @@ public:
     QString text() const;
     void setText(const QString &text);
 
-    int itemCount() const override;
-    QString itemText(int index) const override;
+    /// Items are counted from 0.
+    int itemCount() const;
+    QString itemText(int index) const;
+    /// Index of the first item that matches the text, blanks around the text ignored; -1 when there is none
+    /// and for a blank text.
+    int findItem(const QString &text, ItemMatch match) const;
     /// Adds an item at the end and returns its index.
     int addItem(const QString &text);
     /// A 32-bit value kept with an item; 0 unless set.

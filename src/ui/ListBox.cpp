@@ -178,7 +178,7 @@ protected:
 };
 
 ListBox::ListBox(Container &parent, const QString &name, const Rect &place)
-    : ListControl(parent, name, new View(parent.surface()), place)
+    : Control(parent, name, new View(parent.surface()), place)
 {
     auto *view = static_cast<View *>(widget());
     view->setUniformItemSizes(true);
@@ -188,16 +188,6 @@ ListBox::ListBox(Container &parent, const QString &name, const Rect &place)
     m_rows = new Rows(view);
     view->setModel(m_rows);
     view->fontChanged = [this] { m_rows->fontChanged(); };
-}
-
-int ListBox::itemCount() const
-{
-    return static_cast<int>(m_rows->rows.size());
-}
-
-QString ListBox::itemText(int index) const
-{
-    return m_rows->rows.at(index);
 }
 
 void ListBox::addItem(const QString &text)

@@ -1,17 +1,15 @@
 #pragma once
 
-#include "ui/ListControl.h"
+#include "ui/Control.h"
 
 namespace varnow::ui {
 
 /// A list of text rows to look at.
-class ListBox : public ListControl
+class ListBox : public Control
 {
 public:
     ListBox(Container &parent, const QString &name, const Rect &place);
 
-    int itemCount() const override;
-    QString itemText(int index) const override;
     void addItem(const QString &text);
     void clear();
 

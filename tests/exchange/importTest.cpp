@@ -139,11 +139,12 @@ TEST_F(ImportTest, ComparesWithTheModelAndFindsTheLinesOfItsOwn)
     stored.dataType = "String";
     stored.constant = "F";
     fields.store(stored);
-    const QByteArray table = "Kind of thing;CONSTANT;name;Line;Position;MsgIndex\n"
-                             "x;M;Sex;PID;8;\n"
-                             "x;\"Gr\xF6\xDF"
-                             "e \x80\";Size;OBX;1;\n" // Windows-1252
-                             "x;F;Sex2;PID;8;4\n";
+    const QByteArray table =
+        "Kind of thing;CONSTANT;name;Line;Position;MsgIndex\n"
+        "x;M;Sex;PID;8;\n"
+        "x;\"Gr\xF6\xDF"
+        "e \x80\x81\x92\";Size;OBX;1;\n" // Windows-1252, with a byte that means nothing there
+        "x;F;Sex2;PID;8;4\n";
     EXPECT_EQ(outcomes(table), QStringList({"2 changed", "3 added", "4 added"}));
     const ImportPlan made =
         planImport({{"fields.csv", table}, {"lines.csv", "Name\tMsgIndex\nOBX\t12\nPID\t9"}}, model, "LAB");
@@ -153,7 +154,7 @@ TEST_F(ImportTest, ComparesWithTheModelAndFindsTheLinesOfItsOwn)
                            "fields.csv: The file is not UTF-8 and was read as Windows-1252."}));
     apply(made, model);
     EXPECT_EQ(columnOf(fields, &Field::messageIndex), QList<int>({4, 9, 12}));
-    EXPECT_EQ(fields[fields.find("LAB", "Size", 0)].constant, QString::fromUtf8("Größe €"));
+    EXPECT_EQ(fields[fields.find("LAB", "Size", 0)].constant, QString::fromUtf8("Größe €\u0081’"));
 
     const QByteArray elsewhere = "Configuration,Name,MsgIndex\nNEW,PID,1\n,OBX,12\n";
     EXPECT_EQ(outcomes(elsewhere), QStringList({"2 added", "3 unchanged"}));
