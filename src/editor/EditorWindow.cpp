@@ -149,7 +149,7 @@ void EditorWindow::bringBackDrafts()
     TypedEntries typed;
     for (const PageDraft &draft : m_document.leftDrafts()) {
         EntryPage *page = m_pages.named(draft.page);
-        if (page != nullptr && draft.texts.size() == page->entries().size())
+        if (page != nullptr && draft.texts.size() == page->entries().texts().size())
             typed.push_back({page, draft.texts, {}});
     }
     if (typed.empty())

@@ -87,7 +87,7 @@ bool EntryCommands::change()
     if (!m_configuration.hasConfiguration())
         return false;
     EntryPage &page = m_pages.shown();
-    page.trimEntries(); // the focus is still in one of them when the menu's key asks for the change
+    page.entries().trim(); // the focus is still in one of them when the menu's key asks for the change
     std::optional<RecordReference> stored;
     const bool hasChanged = m_document.edit({}, [&](Edit &edit) { stored = page.store(edit); });
     if (!stored)

@@ -10,13 +10,6 @@ namespace varnow {
 
 namespace {
 
-const QString chosen = QStringLiteral("chosen");
-
-void trimText(ui::TextBox &box)
-{
-    box.setText(trim(box.text()));
-}
-
 template <class Record> bool changes(const Changes<Record> &changes, const RecordKey &key)
 {
     return std::ranges::any_of(changes, [&key](const Change<Record> &change) {
@@ -36,70 +29,9 @@ EntryPage::EntryPage(ui::TabControl &tabs, const QString &caption, RecordKind ki
 {
 }
 
-template <class Box> void EntryPage::keepText(Box &box)
-{
-    m_values.push_back({[&box] { return box.text(); }, [&box](const QString &text) { box.setText(text); }});
-}
-
-void EntryPage::connect(ui::TextBox &box)
-{
-    keepText(box);
-    m_textBoxes.push_back(&box);
-    box.onLostFocus = [&box] { trimText(box); };
-    box.onChange = [this] { tellEntered(); };
-}
-
-void EntryPage::connect(ui::ComboBox &box)
-{
-    keepText(box);
-    box.onChange = box.onClick = [this] { tellEntered(); };
-}
-
-void EntryPage::connect(ui::OptionButton &option)
-{
-    m_values.push_back({[&option] { return option.isChosen() ? chosen : QString(); },
-                        [&option](const QString &text) {
-                            if (text == chosen)
-                                option.choose();
-                        }});
-    option.onClick = [this] { tellEntered(); };
-}
-
-void EntryPage::connect(ui::CheckBox &box)
-{
-    m_values.push_back({[&box] { return box.isTicked() ? chosen : QString(); },
-                        [&box](const QString &text) { box.setTicked(text == chosen); }});
-}
-
-void EntryPage::tellEntered() const
-{
-    if (onEntered)
-        onEntered();
-}
-
-void EntryPage::trimEntries()
-{
-    for (ui::TextBox *box : m_textBoxes)
-        trimText(*box);
-}
-
-QStringList EntryPage::entries() const
-{
-    QStringList texts;
-    for (const Value &value : m_values)
-        texts += value.text();
-    return texts;
-}
-
-void EntryPage::setEntries(const QStringList &entries)
-{
-    for (std::size_t i = 0; i < m_values.size(); ++i)
-        m_values[i].setText(entries[static_cast<qsizetype>(i)]);
-}
-
 void EntryPage::settleEntries()
 {
-    m_settledEntries = entries();
+    m_settledEntries = m_entries.texts();
     m_shownRecord = namedRecord();
 }
 
@@ -113,13 +45,13 @@ Following EntryPage::follow(const EditStep &step)
                                   : changes(step.fields, key) && exists(model().fields, key);
     if (!isChanged)
         return Following::Nothing;
-    const QStringList typed = entries();
+    const QStringList typed = m_entries.texts();
     const QStringList settled = m_settledEntries;
     show(key.name, key.nameIndex);
     settleEntries();
     if (typed == settled || typed == m_settledEntries)
         return Following::Shown;
-    setEntries(typed);
+    m_entries.setTexts(typed);
     return settled == m_settledEntries ? Following::Nothing : Following::Outdated;
 }
 

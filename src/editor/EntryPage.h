@@ -1,16 +1,13 @@
 #pragma once
 
 #include "document/Document.h"
+#include "editor/PageEntries.h"
 #include "model/RecordReference.h"
-#include "ui/Button.h"
-#include "ui/ComboBox.h"
 #include "ui/Label.h"
 #include "ui/TabControl.h"
-#include "ui/TextBox.h"
 
 #include <QStringList>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -35,9 +32,6 @@ public:
     virtual ~EntryPage() = default;
     EntryPage(const EntryPage &) = delete;
     EntryPage &operator=(const EntryPage &) = delete;
-
-    /// An entry was typed in, chosen or filled.
-    std::function<void()> onEntered;
 
     RecordKind kind() const { return m_kind; }
     /// What the recovery file calls the page.
@@ -75,14 +69,10 @@ public:
     /// The line that the entries name.
     virtual std::optional<RecordKey> namedLine() const = 0;
 
-    /// Lets the entries lose the blanks around their texts, also the one that has the focus.
-    void trimEntries();
-    /// What stands in the entries, and what is chosen.
-    QStringList entries() const;
-    void setEntries(const QStringList &entries);
+    PageEntries &entries() { return m_entries; }
     /// Takes what stands in the entries for no longer typed: it was shown, stored or removed just now.
     void settleEntries();
-    bool hasTypedEntries() const { return entries() != m_settledEntries; }
+    bool hasTypedEntries() const { return m_entries.texts() != m_settledEntries; }
     /// Shows the new values of the record, if the step changed it and nothing else is typed.
     Following follow(const EditStep &step);
 
@@ -90,18 +80,10 @@ public:
     void focusFirst() { focusOrder().front()->setFocus(); }
 
 protected:
-    /// Lets the entry lose the blanks around its text when it is left, and tell that something was entered.
-    void connect(ui::TextBox &box);
-    /// Lets the entry tell that something was entered.
-    void connect(ui::ComboBox &box);
-    void connect(ui::OptionButton &option);
-    void connect(ui::CheckBox &box);
-
     /// The entries of the record's name.
     virtual const ui::TextBox &nameBox() const = 0;
     virtual const ui::TextBox &nameIndexBox() const = 0;
 
-    void tellEntered() const;
     const Model &model() const { return m_document.model(); }
     const QString &configuration() const { return m_document.configuration(); }
 
@@ -118,20 +100,10 @@ protected:
     ui::TabControl &m_tabs;
     ui::Container &m_surface;
     Document &m_document;
+    PageEntries m_entries;
 
 private:
-    /// The text of an entry, or whether it is chosen.
-    struct Value
-    {
-        std::function<QString()> text;
-        std::function<void(const QString &)> setText;
-    };
-
-    template <class Box> void keepText(Box &box);
-
     RecordKind m_kind;
-    std::vector<Value> m_values;
-    std::vector<ui::TextBox *> m_textBoxes;
     QStringList m_settledEntries;
     std::optional<RecordReference> m_shownRecord; // by the settled entries
 };

@@ -22,7 +22,7 @@ EntryPages::EntryPages(ui::Container &window, Document &document)
     m_keepTimer.callOnTimeout([this] { keepDrafts(); });
     m_tabs.onClick = [this] { turned(); };
     for (EntryPage *page : m_pages)
-        page->onEntered = [this] { entered(); };
+        page->entries().onEntered = [this] { entered(); };
 }
 
 void EntryPages::entered()
@@ -113,7 +113,7 @@ TypedEntries EntryPages::typed() const
     TypedEntries typed;
     for (EntryPage *page : m_pages) {
         if (page->hasTypedEntries())
-            typed.push_back({page, page->entries(), page->namedRecord()});
+            typed.push_back({page, page->entries().texts(), page->namedRecord()});
     }
     return typed;
 }
@@ -126,7 +126,7 @@ void EntryPages::replace(const std::function<void()> &show)
     m_isReplacing = true;
     show();
     m_isReplacing = false;
-    std::erase_if(replaced, [](const TypedPage &page) { return page.page->entries() == page.texts; });
+    std::erase_if(replaced, [](const TypedPage &page) { return page.page->entries().texts() == page.texts; });
     if (!replaced.empty())
         onReplaced(replaced);
 }
@@ -136,7 +136,7 @@ void EntryPages::bringBack(const TypedEntries &typed)
     turnTo(typed.front().page->kind());
     replace([&typed] {
         for (const TypedPage &entries : typed)
-            entries.page->setEntries(entries.texts);
+            entries.page->entries().setTexts(entries.texts);
     });
     typed.front().page->focusFirst();
 }

@@ -20,14 +20,14 @@ FieldPage::FieldPage(ui::TabControl &tabs, Document &document, const LinePage &l
     : EntryPage(tabs, "Line &Fields", RecordKind::Field, document), m_linePage(linePage)
 {
     for (ui::TextBox *box : textBoxes())
-        connect(*box);
+        m_entries.add(*box);
     for (ui::ComboBox *box : {&m_line, &m_lookup})
-        connect(*box);
+        m_entries.add(*box);
     for (ui::OptionButton *option : {&m_alignRight, &m_alignLeft, &m_padSpaces, &m_padZeros})
-        connect(*option);
-    connect(m_fixedLength);
+        m_entries.add(*option);
+    m_entries.add(m_fixedLength);
     m_line.onClick = [this] {
-        tellEntered();
+        m_entries.tellEntered();
         takeOverMessageIndex();
     };
     m_fixedLength.onClick = [this] { followFixedLength(); };
@@ -125,7 +125,7 @@ void FieldPage::followFixedLength()
     for (ui::Control *control : std::initializer_list<ui::Control *>{&m_alignRight, &m_alignLeft,
                                                                      &m_padSpaces, &m_padZeros, &m_length})
         control->setEnabled(m_fixedLength.isTicked());
-    tellEntered();
+    m_entries.tellEntered();
 }
 
 void FieldPage::show(const QString &name, int nameIndex)

@@ -17,7 +17,7 @@ LinePage::LinePage(ui::TabControl &tabs, Document &document)
     : EntryPage(tabs, "&Lines", RecordKind::Line, document)
 {
     for (TextBox *box : {&m_name, &m_index, &m_messageIndex})
-        connect(*box);
+        m_entries.add(*box);
     m_name.setToolTip("The name of the line; it must not be blank.");
     m_index.setToolTip(
         "A number that tells this line from others of the same name; left blank, it becomes 0.");

@@ -48,7 +48,6 @@ private:
     ui::Notice shownFor(const DocumentNotice &notice);
     void apply(const Remedy &remedy);
 
-
     Document &m_document;
     ui::NoticeBar m_bar;
     ui::Notice m_shown;

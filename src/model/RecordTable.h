@@ -2,7 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "model/KeyIndex.h"
-#include "model/Place.h"
+#include "model/RecordChunk.h"
 
 #include <QHash>
 #include <QString>
@@ -29,107 +29,15 @@ namespace varnow {
 /// configuration and its address stay the same.
 template <class Record, class Order> class RecordTable
 {
-    struct Chunk;
-
-    struct Node
-    {
-        Record record;
-        Chunk *chunk = nullptr;
-    };
-
-    struct Item
-    {
-        Node *node;
-        Place place; // a copy, because reading it from the node costs a cache miss
-    };
-
-    struct Chunk
-    {
-        int configuration; // number of the configuration, see configurationNumber()
-        int start = 0;     // index of the first item while m_numbered
-        // Bounds of the items' places. They may be too wide, never too narrow.
-        int greatestGroup = std::numeric_limits<int>::min();
-        Place least{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
-        std::vector<Item> items; // never empty between two operations
-
-        explicit Chunk(int configurationNumber) : configuration(configurationNumber) {}
-
-        void widenBounds(Place place)
-        {
-            greatestGroup = std::max(greatestGroup, place.group);
-            least = std::min(least, place);
-        }
-
-        void tightenBounds()
-        {
-            const Chunk unbounded(configuration);
-            greatestGroup = unbounded.greatestGroup;
-            least = unbounded.least;
-            for (const Item &item : items)
-                widenBounds(item.place);
-        }
-
-        Item &itemOf(const Node &node) { return *std::ranges::find(items, &node, &Item::node); }
-    };
-
+    using Chunk = RecordChunk<Record>;
+    using Node = typename Chunk::Node;
+    using Item = typename Chunk::Item;
     using Chunks = std::vector<std::unique_ptr<Chunk>>;
     static constexpr std::size_t chunkCapacity = 1024;
 
 public:
-    /// Goes over the records in table order; `ChunkIterator` goes over pointers to chunks.
-    template <class ChunkIterator> class BasicIterator
-    {
-    public:
-        using iterator_category = std::forward_iterator_tag;
-        using value_type = Record;
-        using difference_type = std::ptrdiff_t;
-        using pointer = const Record *;
-        using reference = const Record &;
-
-        BasicIterator() = default;
-        explicit BasicIterator(ChunkIterator chunk) : m_chunk(chunk) {}
-
-        const Record &operator*() const { return (*m_chunk)->items[m_offset].node->record; }
-        const Record *operator->() const { return &**this; }
-        bool operator==(const BasicIterator &) const = default;
-
-        BasicIterator &operator++()
-        {
-            if (++m_offset == (*m_chunk)->items.size()) {
-                ++m_chunk;
-                m_offset = 0;
-            }
-            return *this;
-        }
-
-        BasicIterator operator++(int)
-        {
-            BasicIterator before = *this;
-            ++*this;
-            return before;
-        }
-
-    private:
-        ChunkIterator m_chunk;
-        std::size_t m_offset = 0;
-    };
-
-    using Iterator = BasicIterator<typename Chunks::const_iterator>;
-
-    /// The records of one configuration; valid until one is added or removed.
-    class Part
-    {
-    public:
-        explicit Part(std::vector<const Chunk *> chunks) : m_chunks(std::move(chunks)) {}
-
-        auto begin() const { return BasicIterator<ChunkIterator>(m_chunks.begin()); }
-        auto end() const { return BasicIterator<ChunkIterator>(m_chunks.end()); }
-
-    private:
-        using ChunkIterator = typename std::vector<const Chunk *>::const_iterator;
-
-        std::vector<const Chunk *> m_chunks;
-    };
+    using Iterator = RecordIterator<Record, typename Chunks::const_iterator>;
+    using Part = RecordPart<Record>;
 
     int size() const { return static_cast<int>(m_nodes.size()); }
     bool isEmpty() const { return m_nodes.size() == 0; }
