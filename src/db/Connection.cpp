@@ -146,8 +146,6 @@ Connection::Connection(const ConnectionSettings &settings)
 }
 
 Connection::~Connection() = default;
-Connection::Connection(Connection &&) noexcept = default;
-Connection &Connection::operator=(Connection &&) noexcept = default;
 
 ResultSet Connection::execute(const QString &sql, const RowObserver &onRow)
 {

@@ -16,8 +16,8 @@ public:
     /// Opens the database. Raises codes::Failure whatever the reason of the failure.
     explicit Connection(const ConnectionSettings &settings);
     ~Connection();
-    Connection(Connection &&) noexcept;
-    Connection &operator=(Connection &&) noexcept;
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
 
     /// Runs one SQL statement and fetches all rows of its result; a statement without a result gives a
     /// closed result set. Raises the provider's error code.

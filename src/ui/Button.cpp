@@ -51,13 +51,13 @@ void CommandButton::setCaption(const QString &caption)
 
 void CommandButton::setDefault()
 {
-    widget()->setProperty("acceptsEnter", true);
+    clickOnEnter(*widget());
     static_cast<QPushButton *>(widget())->setDefault(true);
 }
 
 void CommandButton::setCancel()
 {
-    widget()->setProperty("acceptsEscape", true);
+    clickOnEscape(*widget());
 }
 
 QSize CommandButton::neededPixels() const

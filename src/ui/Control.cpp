@@ -25,11 +25,6 @@ Control::~Control()
     delete m_widget;
 }
 
-QString Control::name() const
-{
-    return m_widget->objectName();
-}
-
 void Control::move(float left, float top)
 {
     move({left, top, m_place.width, m_place.height});

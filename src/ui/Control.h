@@ -58,8 +58,6 @@ public:
     Control(const Control &) = delete;
     Control &operator=(const Control &) = delete;
 
-    QString name() const;
-
     float left() const { return m_place.left; }
     float top() const { return m_place.top; }
     float width() const { return m_place.width; }

@@ -1,7 +1,7 @@
 #include "ui/FindBar.h"
 
 #include "ui/Window.h"
-#include "ui/accessibleGroup.h"
+#include "ui/accessibleRole.h"
 #include "ui/pushButton.h"
 #include "ui/toolTip.h"
 

@@ -2,7 +2,7 @@
 
 #include "base/names.h"
 #include "ui/Window.h"
-#include "ui/accessibleGroup.h"
+#include "ui/accessibleRole.h"
 #include "ui/pushButton.h"
 #include "ui/toolTip.h"
 

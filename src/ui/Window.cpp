@@ -1,19 +1,18 @@
 #include "ui/Window.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
+#include "ui/accessibleRole.h"
+#include "ui/fileDrops.h"
+#include "ui/pushButton.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QMimeData>
-#include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QThread>
-#include <QUrl>
 #include <QWidget>
 #include <QWindow>
 
@@ -50,7 +49,7 @@ class Window::Widget : public QWidget
 public:
     explicit Widget(Window &owner) : m_owner(owner)
     {
-        QAccessible::installFactory(&makeInterface); // once, however often it is called
+        makeAccessibleWindow(*this);
         client = new QWidget(this);
     }
 
@@ -112,33 +111,8 @@ protected:
 
     void keyPressEvent(QKeyEvent *event) override
     {
-        const bool accept = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        const char *role = accept                           ? "acceptsEnter"
-                           : event->key() == Qt::Key_Escape ? "acceptsEscape"
-                                                            : nullptr;
-        for (QPushButton *button : role ? findChildren<QPushButton *>() : QList<QPushButton *>()) {
-            if (button->property(role).toBool() && button->isEnabled()) {
-                button->setFocus(Qt::ShortcutFocusReason);
-                button->click();
-                return;
-            }
-        }
-        QWidget::keyPressEvent(event);
-    }
-
-    void dragEnterEvent(QDragEnterEvent *event) override
-    {
-        if (!pathsOf(*event->mimeData()).isEmpty())
-            event->acceptProposedAction();
-    }
-
-    /// Acts later, so that the program where the files come from does not wait.
-    void dropEvent(QDropEvent *event) override
-    {
-        event->acceptProposedAction();
-        QMetaObject::invokeMethod(
-            this, [this, paths = pathsOf(*event->mimeData())] { m_owner.onFilesDropped(paths); },
-            Qt::QueuedConnection);
+        if (!clickButtonFor(*event, *this))
+            QWidget::keyPressEvent(event);
     }
 
     void closeEvent(QCloseEvent *event) override
@@ -148,16 +122,6 @@ protected:
     }
 
 private:
-    static QStringList pathsOf(const QMimeData &data)
-    {
-        QStringList paths;
-        for (const QUrl &url : data.urls()) {
-            if (url.isLocalFile())
-                paths += url.toLocalFile();
-        }
-        return paths;
-    }
-
     int menuHeight() const { return menuBar == nullptr ? 0 : menuBar->sizeHint().height(); }
 
     int footHeight() const
@@ -181,12 +145,6 @@ private:
         }
         if (m_owner.m_loaded && m_owner.onResize)
             m_owner.onResize();
-    }
-
-    static QAccessibleInterface *makeInterface(const QString &, QObject *object)
-    {
-        auto *window = dynamic_cast<Widget *>(object);
-        return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Window);
     }
 
     /// The frame is there only when the window stands on the screen.
@@ -243,31 +201,9 @@ Window::~Window()
     std::erase(loaded(), this);
 }
 
-QString Window::caption() const
-{
-    return m_widget->windowTitle();
-}
-
-void Window::setCaption(const QString &caption)
-{
-    m_widget->setWindowTitle(caption);
-    if (m_loaded && m_border == Border::FixedDialog)
-        fit();
-}
-
 bool Window::isMinimised() const
 {
     return m_widget->isMinimized();
-}
-
-float Window::width() const
-{
-    return static_cast<float>(m_widget->frameGeometry().width()) / m_scale.x;
-}
-
-float Window::height() const
-{
-    return static_cast<float>(m_widget->frameGeometry().height()) / m_scale.y;
 }
 
 float Window::innerWidth() const
@@ -351,7 +287,8 @@ void Window::load()
     if (m_border == Border::Sizable)
         m_widget->resize(pixels(m_designedWidth, m_designedHeight).boundedTo(m_widget->room()) +
                          m_widget->beyondClient());
-    m_widget->setAcceptDrops(onFilesDropped != nullptr);
+    if (onFilesDropped && !m_widget->acceptDrops())
+        acceptFileDrops(*m_widget, onFilesDropped);
     m_loaded = true;
     loaded().push_back(this);
     if (onLoad)

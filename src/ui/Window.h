@@ -35,15 +35,10 @@ public:
     /// Files were dropped anywhere on the window. To be set before the window is first shown.
     std::function<void(const QStringList &paths)> onFilesDropped;
 
-    QString caption() const;
-    void setCaption(const QString &caption);
-
     bool isLoaded() const { return m_loaded; }
     bool isMinimised() const;
 
-    /// Size with the frame, and of the client area alone, in twips.
-    float width() const;
-    float height() const;
+    /// Size of the client area in twips.
     float innerWidth() const;
     float innerHeight() const;
 

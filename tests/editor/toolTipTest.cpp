@@ -4,6 +4,7 @@
 #include "support/fileDialog.h"
 
 #include <QAction>
+#include <QWidget>
 
 namespace varnow::test {
 
@@ -55,7 +56,8 @@ TEST_P(ToolTipTest, ExplainEveryEntryAndButton)
     ASSERT_TRUE(user->control("noticeButton1")->isVisible() && user->control("findNext")->isVisible());
     EXPECT_EQ(ui::Window::loadedWindows().size(), 6U);
     for (ui::Window *window : ui::Window::loadedWindows())
-        EXPECT_EQ(unexplainedIn(*window), QStringList()) << qPrintable(window->caption());
+        EXPECT_EQ(unexplainedIn(*window), QStringList())
+            << qPrintable(window->surface()->window()->windowTitle());
     user->showPage(1);
     EXPECT_EQ(unexplainedIn(*editor), QStringList());
     for (const QString entry : {"&New…", "&Copy to…"})

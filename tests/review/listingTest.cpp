@@ -68,8 +68,9 @@ TEST_F(ListingTest, KeepsItsButtonsAtTheBottomRight)
 {
     for (const QSize size : {QSize(50, 50), QSize(900, 700)}) {
         window.surface()->window()->resize(size);
-        EXPECT_GE(window.width(), 4900);
-        EXPECT_GE(window.height(), 2550);
+        const QSize outer = window.surface()->window()->frameGeometry().size();
+        EXPECT_GE(static_cast<float>(outer.width()) / window.scale().x, 4900);
+        EXPECT_GE(static_cast<float>(outer.height()) / window.scale().y, 2550);
         const QRect exit = user.control("exit")->geometry();
         const QRect fieldButton = user.control("fields")->geometry();
         EXPECT_EQ(window.surface()->width() - exit.right(), window.surface()->height() - exit.bottom());

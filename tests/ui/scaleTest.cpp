@@ -134,8 +134,8 @@ TEST_F(ScaleTest, FollowsTheDesktopsFontAndKeepsTheUsersSize)
     setFont(11);
     expectWholeCaptions(user);
     EXPECT_GT(window.surface()->height(), 0);
-    EXPECT_GE(window.height() + 1, std::min(TightWindow::leastHeight,
-                                            static_cast<float>(screenSize().height()) / window.scale().y));
+    const float height = TightWindow::leastHeight * window.scale().y;
+    EXPECT_GE(outerSize(window).height() + 1, std::min(qRound(height), screenSize().height()));
     setFont(8);
     EXPECT_LT(window.surface()->window()->minimumHeight(), users.height());
 }

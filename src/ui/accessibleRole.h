@@ -6,7 +6,11 @@ class QWidget;
 
 namespace varnow::ui {
 
-/// Makes a widget a group of this name for screen readers.
+// What a plain widget is for screen readers, which else call it a filler.
+
+void makeAccessibleWindow(QWidget &widget);
+
+/// A group of this name.
 void makeAccessibleGroup(QWidget &widget, const QString &name);
 
 } // namespace varnow::ui
