@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/History.h"
-#include "storage/Session.h"
 #include "storage/RecoveryJournal.h"
+#include "storage/Session.h"
 #include "storage/recovery.h"
 #include "storage/save.h"
 

@@ -3,9 +3,12 @@
 #include "editor/EditorTest.h"
 #include "model/RecordReference.h"
 
+#include "base/folders.h"
 #include "base/names.h"
 
 #include <QAccessible>
+#include <QDir>
+#include <QFile>
 #include <QTest>
 #include <QTreeView>
 
@@ -198,18 +201,17 @@ TEST_P(NoticeTest, TakesBackWhatIsSelected)
 // Fault: a user who believes in a file that can not be written, or is told so after every change.
 TEST_P(NoticeTest, TellsOnceThatNothingCanBeKept)
 {
-    const QByteArray before = qgetenv("XDG_STATE_HOME");
-    qputenv("XDG_STATE_HOME", "/proc/nowhere");
-    open();
+    QDir(stateFolder()).removeRecursively();
+    QFile inItsPlace(stateFolder());
+    ASSERT_TRUE(inItsPlace.open(QIODevice::WriteOnly));
     change({{"lineName", "NTE"}, {"lineIndex", "1"}, {"lineMessageIndex", "4"}});
-    const QString told =
-        "Line NTE(1) added with message index 4. A crash would lose it: /proc/nowhere/varnow can not be "
-        "written.";
+    const QString told = "Line NTE(1) added with message index 4. A crash would lose it: " + stateFolder() +
+                         " can not be written.";
     EXPECT_TRUE(QTest::qWaitFor([&] { return notice() == told; }, 1000)) << notice().toStdString();
     change({{"lineMessageIndex", "5"}});
     EXPECT_FALSE(document->keepUnsavedChanges());
     EXPECT_EQ(notice(), "Line NTE(1) changed: message index 4 → 5.");
-    qputenv("XDG_STATE_HOME", before);
+    inItsPlace.remove();
 }
 
 // Faults: a match that is not shown, one left out, a search that goes on where records have gone.
