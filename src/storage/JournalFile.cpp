@@ -119,7 +119,7 @@ QString JournalFile::writeAnew()
     for (const QByteArray &line : std::as_const(m_lines))
         contents += line;
     const QString fresh = m_path + ".new";
-    if (const QString problem = writeTo(fresh, contents); !problem.isEmpty()) {
+    if (QString problem = writeTo(fresh, contents); !problem.isEmpty()) {
         QFile::remove(fresh);
         return problem;
     }

@@ -240,18 +240,18 @@ void RecoveryJournal::run(const std::shared_ptr<Shared> &shared)
             problem = QStringLiteral("Out of memory");
         }
         lock.lock();
-        auto &waiting =
-            shared->batches; // those that were not taken go first, unless all was handed over since
+        // Those that were not taken go first, unless all was handed over since.
+        auto &waiting = shared->batches;
         if (waiting.empty() || !waiting.front().isAll)
             waiting.insert(waiting.begin(), batches.begin(), batches.end());
-        shared->stored = number;
         const bool isNews = std::exchange(shared->problem, problem) != problem;
-        shared->done.notify_all();
         if (const auto tell = shared->onProblem; isNews && tell) {
             lock.unlock();
             tell(problem);
             lock.lock();
         }
+        shared->stored = number;
+        shared->done.notify_all();
     }
     shared->hasEnded = true;
     shared->done.notify_all();

@@ -26,7 +26,8 @@ class RecoveryJournal
 {
 public:
     /// `onProblem` is called in the journal's thread when the disk begins to refuse the changes, with the
-    /// reason as a sentence, and with an empty text when they are safe again. It must not wait.
+    /// reason as a sentence, and with an empty text when they are safe again, before flush() returns. It must
+    /// not wait.
     explicit RecoveryJournal(const db::ConnectionSettings &database,
                              std::function<void(const QString &problem)> onProblem = {});
     /// Waits until all is written, but not for ever.

@@ -18,7 +18,7 @@ QString prefixFor(const QString &server, const QString &database)
 QString canonicalPath(const QString &path)
 {
     const QFileInfo file(path);
-    if (const QString canonical = file.canonicalFilePath(); !canonical.isEmpty())
+    if (QString canonical = file.canonicalFilePath(); !canonical.isEmpty())
         return canonical;
     const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
     return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
