@@ -1,6 +1,7 @@
 #include "app/leftChanges.h"
 
 #include "base/guarded.h"
+#include "base/names.h"
 #include "base/text.h"
 #include "model/RecordReference.h"
 #include "ui/MessageBox.h"
@@ -43,7 +44,8 @@ template <class Entries> QStringList namesOf(const Entries &entries, const QStri
     QStringList names;
     for (const auto &entry : entries) {
         const auto &record = entry.record();
-        names += "  " + kind + ' ' + nameOf(record.name, record.nameIndex) + " of " + record.configuration;
+        names += "  " + kind + ' ' + isolated(nameOf(record.name, record.nameIndex)) + " of " +
+                 isolated(record.configuration);
     }
     return names;
 }

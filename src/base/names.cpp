@@ -22,8 +22,17 @@ bool breaksLine(QChar character)
            character == QChar::ParagraphSeparator;
 }
 
-/// The text without its middle; pairs of surrogates stay whole.
-QString shortened(QStringView text, int longest)
+} // namespace
+
+QString isolated(const QString &name)
+{
+    QString shown = name;
+    shown.removeIf(isDirectionMark);
+    std::replace_if(shown.begin(), shown.end(), breaksLine, u' ');
+    return firstStrongIsolate + shown + popIsolate;
+}
+
+QString shortened(QStringView text, qsizetype longest)
 {
     if (text.size() <= longest)
         return text.toString();
@@ -34,16 +43,6 @@ QString shortened(QStringView text, int longest)
     if (!back.isEmpty() && back.front().isLowSurrogate())
         back = back.sliced(1);
     return front.toString() + QChar(0x2026) + back.toString();
-}
-
-} // namespace
-
-QString isolated(const QString &name)
-{
-    QString shown = name;
-    shown.removeIf(isDirectionMark);
-    std::replace_if(shown.begin(), shown.end(), breaksLine, u' ');
-    return firstStrongIsolate + shown + popIsolate;
 }
 
 QString withShortNames(const QString &sentence, int longest)

@@ -1,13 +1,17 @@
 #include "ui/MessageBox.h"
 
+#include "base/names.h"
 #include "base/text.h"
 #include "ui/Application.h"
+#include "ui/toolTip.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QScreen>
 
 #include <algorithm>
@@ -16,6 +20,10 @@
 namespace varnow::ui {
 
 namespace {
+
+constexpr int longestName = 60; // characters
+/// Pixels of the screen that a box needs for more than its text: frame, icon, buttons.
+constexpr QSize besideText{200, 200};
 
 QMessageBox::StandardButtons standardButtons(Buttons buttons)
 {
@@ -107,11 +115,47 @@ private:
     }
 };
 
+/// The text with as much of its middle left out as it takes until it fits.
+QString fitted(const QString &text, const std::function<bool(const QString &)> &fits)
+{
+    QString shown = text;
+    for (qsizetype longest = text.size(); longest > 1 && !fits(shown);) {
+        longest = longest * 3 / 4;
+        shown = shortened(text, longest);
+    }
+    return shown;
+}
+
+/// The text as the screen has room for it. Long names are shortened, then what cannot be wrapped, a path for
+/// one, then the whole.
+QString fitted(const QString &text, const QFontMetrics &letters, const QSize &room)
+{
+    QString shown = withShortNames(text, longestName);
+    static const QRegularExpression word(QStringLiteral("\\S{50,}"));
+    for (qsizetype from = 0;;) {
+        const QRegularExpressionMatch match = word.match(shown, from);
+        if (!match.hasMatch())
+            break;
+        const QString fitting = fitted(match.captured(), [&](const QString &part) {
+            return letters.horizontalAdvance(part) <= room.width();
+        });
+        shown.replace(match.capturedStart(), match.capturedLength(), fitting);
+        from = match.capturedStart() + fitting.size();
+    }
+    return fitted(shown, [&](const QString &part) {
+        return letters.boundingRect({{}, room}, Qt::TextWordWrap | Qt::TextExpandTabs, part).height() <=
+               room.height();
+    });
+}
+
 Answer showRealBox(const MessageBox &box)
 {
-    WideBox dialog(standardIcon(box.icon), box.title, box.text, standardButtons(box.buttons),
+    WideBox dialog(standardIcon(box.icon), box.title, {}, standardButtons(box.buttons),
                    QApplication::activeWindow());
     dialog.setTextFormat(Qt::PlainText);
+    dialog.setText(fitted(box.text, dialog.fontMetrics(), dialog.screen()->availableSize() - besideText));
+    if (dialog.text() != box.text)
+        explain(dialog, withoutIsolation(box.text));
     dialog.setDefaultButton(defaultButton(box.buttons));
     const Hourglass::Paused waitsForTheUser;
     return answerOf(dialog.exec());

@@ -13,8 +13,9 @@ enum class Buttons { Ok, YesNo, YesNoCancel };
 
 enum class Answer { Ok, Yes, No, Cancel };
 
-/// A modal message box. Some texts shown all over the program hold typing errors ("nust", "esists"): they
-/// stay, for users know and quote them so.
+/// A modal message box. Names in its text as isolated() gives them are shortened where they are long, and so
+/// is whatever the screen has no room for; the whole text is the box's tooltip then. Some texts shown all
+/// over the program hold typing errors ("nust", "esists"): they stay, for users know and quote them so.
 struct MessageBox
 {
     QString text;

@@ -2,6 +2,7 @@
 
 #include "support/MessageLog.h"
 
+#include "base/names.h"
 #include "ui/Application.h"
 #include "ui/Window.h"
 
@@ -103,6 +104,37 @@ TEST(MessageBoxTest, WrapsOnlyLinesThatDoNotFitTheScreen)
     const int letter = QFontMetrics(QApplication::font()).horizontalAdvance(u'x');
     EXPECT_EQ(lines(QString(screen * 8 / 10 / letter / 2, u'x').replace("x", "x ") + "\r\n  indented"), 2);
     EXPECT_GE(lines(QString(screen / letter, u'x').replace("x", "x ")), 2);
+    ui::setMessageBoxHandler(before);
+}
+
+// A name that makes a box wider or higher than the screen, where its buttons cannot be reached; a name of
+// usual length that is shortened.
+TEST(MessageBoxTest, FitsTheScreenWhateverTheNamesInIt)
+{
+    const QSize screen = QApplication::primaryScreen()->availableSize();
+    QString text;
+    const auto showAndLook = [&](const QString &whole) {
+        QTimer::singleShot(0, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            EXPECT_LE(box->frameGeometry().width(), screen.width());
+            EXPECT_LE(box->frameGeometry().height(), screen.height());
+            EXPECT_EQ(box->toolTip().isEmpty(), box->text() == whole);
+            EXPECT_EQ(box->accessibleDescription(), box->text() == whole ? "" : withoutIsolation(whole));
+            text = box->text();
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        ui::show({whole});
+        return withoutIsolation(text);
+    };
+    const auto before = ui::setMessageBoxHandler({});
+    EXPECT_EQ(showAndLook("Of " + isolated("a name") + '.'), "Of a name.");
+    const QString name =
+        showAndLook("Of " + isolated(QString(100'000, u'a').replace(500, 9, " b b b b ")) + '.');
+    EXPECT_TRUE(name.startsWith("Of aaa") && name.endsWith("aaa.") && name.size() < 70) << name.toStdString();
+    const QString path = showAndLook("The file /" + QString(100'000, u'W') + "/end could not be read.");
+    EXPECT_TRUE(path.startsWith("The file /W") && path.endsWith("W/end could not be read."));
+    const QString lines = showAndLook("First" + QString("\r\nline").repeated(1000) + "\r\nLast");
+    EXPECT_TRUE(lines.startsWith("First") && lines.endsWith("Last"));
     ui::setMessageBoxHandler(before);
 }
 
