@@ -2,6 +2,11 @@
 
 #include "base/text.h"
 #include "editor/AboutWindow.h"
+#include "editor/HelpWindow.h"
+#include "review/CheckWindow.h"
+#include "review/LayoutWindow.h"
+#include "review/ListingWindow.h"
+#include "review/UnsavedWindow.h"
 #include "ui/Application.h"
 #include "ui/fileDialogs.h"
 
@@ -36,12 +41,12 @@ void EditorWindow::connectControls()
     m_reload.onClick = [this] { m_saving.reload(); };
     m_save.onClick = [this] { m_saving.save(); };
     m_exit.onClick = [this] { unload(); };
-    m_pages.onShown = [this] { m_windows.drawLayout(m_pages); };
+    m_pages.onShown = [this] { drawLayout(); };
     m_switch.onUnshown = [this](const RecordTree::Unshown &unshown) { tellUnshown(unshown); };
     m_saving.onStore = [this](EntryPage &) { return m_entries.change(); };
     m_finding.onShow = [this](const RecordReference &record) { m_entries.show(record); };
     m_finding.selectedRecord = [this] { return m_tree.selectedRecord(); };
-    m_notices.onShowUnsaved = [this] { m_windows.showUnsaved(); };
+    m_notices.onShowUnsaved = [this] { m_windows.open<UnsavedWindow>(); };
     m_pages.subscribe(); // what they tell stands behind the notice, and the tree has followed then
     QObject::connect(&m_document, &Document::changed, &m_document, [this] { nameSteps(); });
     QObject::connect(&m_document, &Document::loaded, &m_document, [this] { nameSteps(); });
@@ -77,10 +82,10 @@ void EditorWindow::addMenus()
     addConfigurationMenu();
     addEditMenu();
     ui::Menu view = addMenu("&View");
-    view.add("&Data display", "F12", [this] { m_windows.showListing(); });
-    view.add("&Layout", "F11", [this] { m_windows.showLayout(m_pages); });
+    view.add("&Data display", "F12", [this] { m_windows.open<ListingWindow>(); });
+    view.add("&Layout", "F11", [this] { showLayout(); });
     ui::Menu help = addMenu("Hel&p");
-    help.add("&Guide", "F1", [this] { m_windows.showGuide(); });
+    help.add("&Guide", "F1", [this] { m_windows.open<HelpWindow>(); });
     help.add("&About Varnow", "", [] { AboutWindow().showModal(); });
     nameSteps();
 }
@@ -96,7 +101,7 @@ void EditorWindow::addConfigurationMenu()
         m_configurations.import(ui::askForFiles("Choose Files to Import", {"CSV files", "csv"}));
     });
     configuration.add("&Export…", "Ctrl+E", [this] { m_configurations.exportAs(); });
-    configuration.add("Chec&k", "F8", [this] { m_windows.showCheck(); });
+    configuration.add("Chec&k", "F8", [this] { m_windows.open<CheckWindow>(); });
     configuration.add("E&xit", "Ctrl+Q", [this] { unload(); });
 }
 
@@ -107,7 +112,7 @@ void EditorWindow::addEditMenu()
     m_redo = edit.add("&Redo", "Ctrl+Shift+Z Ctrl+Y", [this] { m_entries.redo(); });
     edit.add("Change and ne&xt", "Ctrl+Enter Ctrl+Return", [this] { m_entries.changeAndNext(); })
         .ignoreRepeats();
-    edit.add("Unsaved &changes…", "Ctrl+U", [this] { m_windows.showUnsaved(); });
+    edit.add("Unsaved &changes…", "Ctrl+U", [this] { m_windows.open<UnsavedWindow>(); });
     edit.add("&Find…", "Ctrl+F", [this] { m_finding.open(); });
     edit.add("Find &next", "F3", [this] { m_finding.showNext(); });
     edit.add("Find &previous", "Shift+F3", [this] { m_finding.showPrevious(); });
@@ -209,8 +214,21 @@ void EditorWindow::layOut()
 void EditorWindow::accessDataDisplay()
 {
     if (m_dataDisplayIsArmed)
-        m_windows.showListing();
+        m_windows.open<ListingWindow>();
     m_dataDisplayIsArmed = !m_dataDisplayIsArmed;
+}
+
+void EditorWindow::showLayout()
+{
+    m_windows.open<LayoutWindow>();
+    drawLayout();
+}
+
+/// Draws the line that the pages show now, if the layout has been asked for.
+void EditorWindow::drawLayout()
+{
+    if (auto *layout = m_windows.find<LayoutWindow>())
+        layout->draw(m_pages.shown().namedLine(), m_pages.fields().namedRecord());
 }
 
 /// Tells of records without a node, beyond those that a box has told of.
@@ -225,7 +243,7 @@ void EditorWindow::tellUnshown(const RecordTree::Unshown &unshown)
         sentences += counted(unshown.fields, "more field") + (unshown.fields == 1 ? " has" : " have") +
                      " no line, so that the tree does not show " + (unshown.fields == 1 ? "it." : "them.");
     m_notices.append({sentences.join(' '), {{"Check", "Lists what is wrong with the records.", [this] {
-                                                 m_windows.showCheck();
+                                                 m_windows.open<CheckWindow>();
                                              }}}});
 }
 

@@ -39,6 +39,8 @@ private:
     ui::CloseDecision closeRequested();
     void layOut();
     void accessDataDisplay();
+    void showLayout();
+    void drawLayout();
     void tellUnshown(const RecordTree::Unshown &unshown);
 
     Document &m_document;

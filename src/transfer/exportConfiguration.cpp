@@ -13,18 +13,12 @@
 
 #include <QDir>
 
+#include <functional>
+#include <vector>
+
 namespace varnow {
 
 namespace {
-
-enum class ExportFormat { Csv, Workbook, WebPage, Pdf };
-
-const std::vector<ui::FileKind> &exportedKinds() // in the order of the formats
-{
-    static const std::vector<ui::FileKind> kinds{
-        {"CSV file", "csv"}, {"Excel workbook", "xlsx"}, {"Web page", "html"}, {"PDF document", "pdf"}};
-    return kinds;
-}
 
 /// The picture of a line's fixed-length fields.
 Picture pictureOf(const std::vector<Field> &fields, int width)
@@ -47,35 +41,54 @@ QByteArray describe(const Model &model, const QString &configuration, int pictur
     return descriptionHtml(model, configuration, QDate::currentDate(), draw).toUtf8();
 }
 
-/// A file that shows a configuration; `problem` is why there is none.
-FileContents contentsOf(ExportFormat format, const Model &model, const QString &configuration)
+/// A kind of file that shows a configuration, and how it is made; `problem` of what is made tells why it was
+/// not.
+struct ExportFormat
+{
+    ui::FileKind kind;
+    std::function<FileContents(const Model &model, const QString &configuration)> make;
+};
+
+const std::vector<ExportFormat> &exportFormats()
 {
     constexpr int webWidth = 1000;
     constexpr int paperWidth = 640; // an A4 page between margins of two centimetres, at 96 pixels to the inch
-    switch (format) {
-    case ExportFormat::Csv:
-        return {exportCsv(model, configuration), {}};
-    case ExportFormat::Workbook: {
-        const Workbook workbook = exportWorkbook(model, configuration);
-        return {workbook.contents, workbook.problem};
-    }
-    case ExportFormat::WebPage:
-        return {describe(model, configuration, webWidth), {}};
-    case ExportFormat::Pdf:
-        return {ui::pdfOf(QString::fromUtf8(describe(model, configuration, paperWidth)), configuration), {}};
-    }
-    Q_UNREACHABLE();
+    static const std::vector<ExportFormat> formats{
+        {{"CSV file", "csv"},
+         [](const Model &model, const QString &configuration) {
+             return FileContents{exportCsv(model, configuration), {}};
+         }},
+        {{"Excel workbook", "xlsx"},
+         [](const Model &model, const QString &configuration) {
+             const Workbook workbook = exportWorkbook(model, configuration);
+             return FileContents{workbook.contents, workbook.problem};
+         }},
+        {{"Web page", "html"},
+         [](const Model &model, const QString &configuration) {
+             return FileContents{describe(model, configuration, webWidth), {}};
+         }},
+        {{"PDF document", "pdf"},
+         [](const Model &model, const QString &configuration) {
+             const QString html = QString::fromUtf8(describe(model, configuration, paperWidth));
+             return FileContents{ui::pdfOf(html, configuration), {}};
+         }},
+    };
+    return formats;
 }
 
 } // namespace
 
 std::optional<QString> exportConfiguration(const Model &model, const QString &configuration)
 {
-    const std::optional<ui::NewFile> file = ui::askForNewFile("Export", configuration, exportedKinds());
+    const std::vector<ExportFormat> &formats = exportFormats();
+    std::vector<ui::FileKind> kinds;
+    for (const ExportFormat &format : formats)
+        kinds.push_back(format.kind);
+    const std::optional<ui::NewFile> file = ui::askForNewFile("Export", configuration, kinds);
     if (!file)
         return {};
     const ui::Hourglass hourglass;
-    const FileContents contents = contentsOf(static_cast<ExportFormat>(file->kind), model, configuration);
+    const FileContents contents = formats[static_cast<std::size_t>(file->kind)].make(model, configuration);
     const QString problem =
         contents.problem.isEmpty() ? writeFile(file->path, contents.bytes) : contents.problem;
     if (problem.isEmpty())
