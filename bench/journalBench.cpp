@@ -27,8 +27,10 @@ public:
             m_model.fields.load(numbered(i));
         for (int i = 0; i < unsavedRecords; ++i)
             change(i, "unsaved");
-        if (saved == Saved::Yes)
-            m_model.fields.unsaved.clear();
+        if (saved == Saved::Yes) {
+            for (const Field &field : m_model.fields)
+                m_model.fields.markSaved(field);
+        }
         m_journal.rewrite(m_model);
         flush();
     }

@@ -27,7 +27,10 @@ struct RandomInputTest : EditorTest
 
     int pick(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
 
-    template <class List> auto oneOf(const List &list) { return list[pick(static_cast<int>(list.size()))]; }
+    template <class List> auto oneOf(const List &list)
+    {
+        return list[static_cast<typename List::size_type>(pick(static_cast<int>(list.size())))];
+    }
 
     void clickSomewhere(QWidget *window)
     {
