@@ -11,34 +11,35 @@ namespace varnow {
 
 namespace {
 
-constexpr qsizetype wordsRead = 10;
+constexpr qsizetype mostArguments = 10;
 
-constexpr QLatin1String eightWords("configuration-server configuration-database configuration-user "
-                                   "configuration-password velmora-server velmora-database velmora-user "
-                                   "velmora-password");
+constexpr QLatin1String eightArguments("configuration-server configuration-database configuration-user "
+                                       "configuration-password velmora-server velmora-database velmora-user "
+                                       "velmora-password");
 
 } // namespace
 
 QString takeArgumentText(int argc, char **argv)
 {
-    QStringList words;
+    QStringList arguments;
     for (int i = 1; i < argc; ++i) {
-        words += QString::fromLocal8Bit(argv[i]);
+        arguments += QString::fromLocal8Bit(argv[i]);
         std::memset(argv[i], 0, std::strlen(argv[i]));
     }
-    return words.join(u' ');
+    return arguments.join(u' ');
 }
 
-QStringList splitWords(const QString &argumentText)
+QStringList splitArguments(const QString &argumentText)
 {
-    return QString(argumentText).replace(u'\t', u' ').split(u' ', Qt::SkipEmptyParts).mid(0, wordsRead);
+    return QString(argumentText).replace(u'\t', u' ').split(u' ', Qt::SkipEmptyParts).mid(0, mostArguments);
 }
 
-void takeConnectionSettings(const QStringList &words, Session &session)
+void takeConnectionSettings(const QStringList &arguments, Session &session)
 {
-    const auto settingsFrom = [&words](qsizetype first) -> db::ConnectionSettings {
-        const QString &password = words[first + 3];
-        return {words[first], words[first + 1], words[first + 2], password == "\"\"" ? QString() : password};
+    const auto settingsFrom = [&arguments](qsizetype first) -> db::ConnectionSettings {
+        const QString &password = arguments[first + 3];
+        return {arguments[first], arguments[first + 1], arguments[first + 2],
+                password == "\"\"" ? QString() : password};
     };
     session.configurationDatabase = settingsFrom(0);
     session.velmoraDatabase = settingsFrom(4);
@@ -50,7 +51,7 @@ bool printInformation(const QString &argumentText)
     if (argumentText == "--version")
         out << versionText() << '\n';
     else if (argumentText == "--help" || argumentText == "-h")
-        out << "Usage: varnow [" << eightWords
+        out << "Usage: varnow [" << eightArguments
             << "]\n"
                "       varnow --demo | --help | --version\n"
                "Edits the lines and fields of upload messages in a SQL Server database.\n"
@@ -66,7 +67,7 @@ bool printInformation(const QString &argumentText)
 QString partialCommandLineMessage()
 {
     return "The command line must hold eight words, separated by blanks:" + lineBreak + "  " +
-           QString(eightWords).replace(u' ', lineBreak + "  ") + lineBreak +
+           QString(eightArguments).replace(u' ', lineBreak + "  ") + lineBreak +
            "An empty password is written as '\"\"'.";
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/Document.h"
-#include "storage/recovery.h"
+#include "storage/LeftFile.h"
 
 #include <vector>
 

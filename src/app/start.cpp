@@ -57,22 +57,22 @@ bool openDemo(Session &session)
     });
 }
 
-/// Takes what leads to both databases from the words or the user. Returns an exit code: where it is not that
-/// of success the start ends here, and the reason has been told.
-int takeSettings(const QStringList &words, Session &session)
+/// Takes what leads to both databases from the arguments or the user. Returns an exit code: where it is not
+/// that of success the start ends here, and the reason has been told.
+int takeSettings(const QStringList &arguments, Session &session)
 {
-    if (words == QStringList(demoWord))
+    if (arguments == QStringList(demoArgument))
         return openDemo(session) ? exitCodes::Success : exitCodes::Failure;
-    if (words.isEmpty()) {
+    if (arguments.isEmpty()) {
         const bool signedIn = signIn(DatabaseRole::Configuration, session.configurationDatabase) &&
                               signIn(DatabaseRole::Velmora, session.velmoraDatabase);
         return signedIn ? exitCodes::Success : exitCodes::Failure;
     }
-    if (words.size() < commandLineWords) {
+    if (arguments.size() < argumentCount) {
         refuse(partialCommandLineMessage());
         return exitCodes::Usage;
     }
-    takeConnectionSettings(words, session);
+    takeConnectionSettings(arguments, session);
     return exitCodes::Success;
 }
 
@@ -143,7 +143,7 @@ bool load(Session &session, Document &document)
 
 int start(const QString &argumentText, Session &session)
 {
-    const int exitCode = takeSettings(splitWords(argumentText), session);
+    const int exitCode = takeSettings(splitArguments(argumentText), session);
     if (exitCode != exitCodes::Success)
         return exitCode;
     Document document(session);
@@ -169,7 +169,7 @@ int runProgram(int argc, char **argv)
     const QString argumentText = takeArgumentText(argc, argv);
     if (printInformation(argumentText))
         return exitCodes::Success;
-    int toolkitArguments = 1; // the words are the program's own, none is an option of the toolkit
+    int toolkitArguments = 1; // the arguments are the program's own, none is an option of the toolkit
     const ui::Application application(toolkitArguments, argv);
     Session session;
     return start(argumentText, session);

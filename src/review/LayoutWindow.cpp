@@ -12,7 +12,7 @@ ui::Bar barOf(const LayoutBar &field)
 }
 
 LayoutWindow::LayoutWindow(const Document &document)
-    : ui::ListWindow("layout", "Layout", {90, 15}), m_document(document)
+    : ui::ListWindow("layout", "Layout", {120, 18}), m_document(document)
 {
     m_bars.setAccessibleName("Fixed-length fields");
     arrange({.above = {&m_line}, .content = {&m_bars}});

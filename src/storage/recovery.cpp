@@ -28,18 +28,6 @@ template <class Table, class Entry> bool apply(const Entry &entry, Table &table)
 
 } // namespace
 
-bool RecoveryFile::write(const Model &model, const LeftChanges &conflicts)
-{
-    m_journal.rewrite(model, conflicts);
-    return m_journal.flush();
-}
-
-void RecoveryFile::remove()
-{
-    m_journal.drop();
-    m_journal.flush();
-}
-
 LeftChanges restore(const LeftChanges &changes, Model &model)
 {
     LeftChanges refused;

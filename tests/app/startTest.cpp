@@ -37,7 +37,7 @@ struct StartTest : StartFixture
     }
 
     Session session;
-    const QString eightWords = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
+    const QString eightArguments = (valid.mid(0, 3) + QStringList{"\"\"", "5", "6", "7", "8"}).join(' ');
     const Box namesFailed{"An unexpected error occurred while getting the configuration names."};
     const Box cannotContinue{"There was an unexpected error loading configuration data,\r\ncannot continue."};
 };
@@ -151,18 +151,18 @@ TEST_P(StartTest, SurvivesEveryCatalogueButOneWithANullName)
               "the default configuration name, substituting 'Standard'.")}};
     for (const auto &[sql, box] : cases) {
         database.run(sql);
-        expectStart(eightWords, {close}, 0, {box});
+        expectStart(eightArguments, {close}, 0, {box});
         EXPECT_EQ(session.defaultConfiguration, "Standard");
     }
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    expectStart(eightWords, {}, 1, {namesFailed, cannotContinue});
+    expectStart(eightArguments, {}, 1, {namesFailed, cannotContinue});
 }
 
 // A failed load that ends the start, or that nobody tells of.
 TEST_P(StartTest, OpensTheEditorWithoutRecordsThatCannotBeLoaded)
 {
     database.run("ALTER TABLE LabLineConfig RENAME TO gone");
-    expectStart(eightWords, {close}, 0,
+    expectStart(eightArguments, {close}, 0,
                 {{"An unexpected error occurred while reading the\r\ncurrent Line and Line Fields "
                   "configuration.\r\nNo current information is available and, if you\r\ncontinue, any "
                   "current information will be lost."},
@@ -179,7 +179,7 @@ TEST_P(ServerTest, ShowsWhatItWaitsForAndStops)
             EXPECT_EQ(user.text("what"), what);
             user.click("stop");
         };
-        expectStart(eightWords, {stop}, 1, {cannotContinue});
+        expectStart(eightArguments, {stop}, 1, {cannotContinue});
         server->clearFaults();
     };
     server->failLogins({.kind = Fault::Hang});
@@ -198,16 +198,16 @@ TEST_P(ServerTest, LogsInOnceAndAgainBehindABox)
         EXPECT_TRUE(database.server()->waitUntilLeft()) << qPrintable(box.text);
         return log(box);
     });
-    expectStart(eightWords, {close}, 0, {});
+    expectStart(eightArguments, {close}, 0, {});
     const std::size_t logins = database.server()->logins().size();
     EXPECT_EQ(logins, 2U); // for the records, and for the data field names
     database.run("DELETE FROM Misc_upload_constants");
-    expectStart(eightWords, {close}, 0,
+    expectStart(eightArguments, {close}, 0,
                 {note("No data was returned from the database for the default \n"
                       "configuration name, substituting 'Standard'.")});
     EXPECT_EQ(database.server()->logins().size(), logins + 3);
     database.run("INSERT INTO data_extractor_config VALUES (NULL)");
-    expectStart(eightWords, {}, 1, {namesFailed, cannotContinue});
+    expectStart(eightArguments, {}, 1, {namesFailed, cannotContinue});
     ui::setMessageBoxHandler(log);
 }
 
@@ -242,7 +242,7 @@ TEST(CommandLine, SplitsAtBlanksAndTabsAlone)
         {"a\nb\u00a0c", {"a\nb\u00a0c"}},
         {"1 2 3 4 5 6 7 8 9 10 11 12 ", {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}}};
     for (const auto &[text, words] : cases)
-        EXPECT_EQ(splitWords(text), words) << qPrintable(text);
+        EXPECT_EQ(splitArguments(text), words) << qPrintable(text);
 }
 
 // Help that needs a display, or that counts as a server's name; a start without one that ends in a crash.

@@ -1,5 +1,7 @@
 // The journal of what is unsaved: what a disk, a kill or another version can do to it.
 
+#include "storage/LeftFile.h"
+#include "storage/RecoveryJournal.h"
 #include "storage/journalFormat.h"
 #include "storage/recovery.h"
 
@@ -332,7 +334,9 @@ TEST_F(JournalTest, BelongsToTheDatabase)
         return !LeftFile::findAll({server, name, "user", ""}).empty();
     };
     const auto leaveFor = [&](const QString &server, const QString &name) {
-        RecoveryFile(db::ConnectionSettings{server, name, "user", ""}).write(model);
+        RecoveryJournal spelled({server, name, "user", ""});
+        spelled.rewrite(model);
+        spelled.flush();
     };
     edit();
     leaveFor("(sqlite)", "x.db");

@@ -2,6 +2,8 @@
 
 #include "storage/recovery.h"
 #include "model/Edit.h"
+#include "storage/LeftFile.h"
+#include "storage/RecoveryJournal.h"
 
 #include "support/RecoveryFixture.h"
 #include "support/errorOf.h"
@@ -15,7 +17,13 @@ struct RecoveryTest : RecoveryFixture
 {
     QByteArray written() { return contentsOf(onlyFile()); }
 
-    RecoveryFile recovery{database};
+    bool write()
+    {
+        journal.rewrite(model);
+        return journal.flush();
+    }
+
+    RecoveryJournal journal{database};
 };
 
 } // namespace
@@ -24,16 +32,17 @@ struct RecoveryTest : RecoveryFixture
 // a running program offered to another.
 TEST_F(RecoveryTest, KeepsAFileWhileSomethingIsUnsaved)
 {
-    EXPECT_TRUE(recovery.write(model));
+    EXPECT_TRUE(write());
     EXPECT_EQ(files(), QStringList());
     edit();
-    EXPECT_TRUE(recovery.write(model));
+    EXPECT_TRUE(write());
     ASSERT_EQ(files().size(), 1);
     EXPECT_FALSE(written().contains("the password"));
     EXPECT_EQ(QFile::permissions(onlyFile()) & ~(QFile::ReadUser | QFile::WriteUser),
               QFile::ReadOwner | QFile::WriteOwner);
     EXPECT_TRUE(LeftFile::findAll(database).empty()) << "its program runs";
-    recovery.remove();
+    journal.drop();
+    EXPECT_TRUE(journal.flush());
     EXPECT_EQ(files(), QStringList());
 }
 
@@ -41,7 +50,7 @@ TEST_F(RecoveryTest, KeepsAFileWhileSomethingIsUnsaved)
 TEST_F(RecoveryTest, BringsBackWhatHasNotChangedSince)
 {
     edit();
-    EXPECT_TRUE(recovery.write(model));
+    EXPECT_TRUE(write());
     leave(written(), "left.journal");
     EXPECT_TRUE(LeftFile::findAll({"host", "other", "user", ""}).empty());
     std::vector<LeftFile> left = LeftFile::findAll(database);
@@ -93,7 +102,7 @@ TEST_F(RecoveryTest, KeepsThirtyThousandChanges)
 {
     for (int i = 0; i < 30'000; ++i)
         fields.store(field("Big", "F" + QString::number(i), i + 1));
-    EXPECT_TRUE(recovery.write(model));
+    EXPECT_TRUE(write());
     leave(written(), "left.journal");
     std::vector<LeftFile> left = LeftFile::findAll(database);
     ASSERT_EQ(left.size(), 1U);
@@ -139,6 +148,8 @@ TEST_F(RecoveryTest, RefusesWhatIsNotWhole)
 
     qputenv("XDG_STATE_HOME", "/proc/nowhere");
     edit();
-    EXPECT_FALSE(RecoveryFile(database).write(model));
+    RecoveryJournal refused(database);
+    refused.rewrite(model);
+    EXPECT_FALSE(refused.flush());
     EXPECT_TRUE(LeftFile::findAll(database).empty());
 }
