@@ -196,7 +196,7 @@ public:
             giveIds([&](const Record &record) { return record.id == row.id ? keptId : record.id; });
             return false;
         }
-        const Record remaining = *twin;
+        const Record &remaining = *twin; // which keeps its address
         remove(indexOf(*owner));
         m_unsaved.note({}, remaining); // the key is not gone
         return true;

@@ -82,6 +82,7 @@ std::optional<QString> exportConfiguration(const Model &model, const QString &co
 {
     const std::vector<ExportFormat> &formats = exportFormats();
     std::vector<ui::FileKind> kinds;
+    kinds.reserve(formats.size());
     for (const ExportFormat &format : formats)
         kinds.push_back(format.kind);
     const std::optional<ui::NewFile> file = ui::askForNewFile("Export", configuration, kinds);
